@@ -1,0 +1,56 @@
+// The shared state block: filled from the settings at start, read by all, written by the unit each
+// field names. One thread, no lock.
+#pragma once
+
+#include "platform/machine.h"
+#include "platform/text.h"
+
+namespace korvane {
+
+struct AppState {
+  QString gTheme;  // upper case
+  QString gMainPage = u"WB"_s;
+  QString gFirstTab = u"NO"_s;
+  int gGridHeight = 19, gGridFontSize = 12;
+
+  bool gLocalServer = false;    // offer the choice between at seat and in cabin
+  bool gLocalListener = false;  // true: music plays here
+  bool gMovieListener = false;  // true: movies play through the Movie Listener (the opposite sense)
+  QString gMasterListenerIP, gMasterListenerPort, gMasterListenerMyName;
+  QString gMusicListenerName, gMusicListenerIP, gMusicListenerPort;
+  QString gMovieListenerName, gMovieListenerIP, gMovieListenerPort;
+  QString gServerIP, gServerPort, gMyName;
+
+  QString gX10, gX10IP, gX10Port;
+  bool gPremise = false;
+  bool gMapsEnabled = false, gRadioEnabled = false, gTvEnabled = false, gCamera = false;
+
+  bool gShowSetup = false, gShowMin = false, gShowExit = false, gShowMute = false;
+  bool gControlButtonsMain = false, gDisplayVolume = false, gMoveMain = false, gDebug = false;
+  QString gShowInTheTaskBar;
+
+  bool gAddsOn = false;
+  int gAddStart = 20, gAddBetween = 10;  // seconds
+
+  QString gMusicState = u"STOP"_s;  // "PLAY", "STOP" or "PAUSED"
+  QString gMusicType = u"DIGITAL"_s;
+  QString gMovieType;
+  int gPlayMode = 0;  // 0 stopped, 1 paused, 2 playing
+  QString gSongPlayingTitle;
+  bool gCameraLinked = false;
+  bool gAlwaysOnTopShown = false;
+  bool gFavoritesLoaded = false;
+  bool gMusicTabVisited = false;
+  QString gPlaylistDir;
+
+  QString gSepNul, gSepSoh;  // the separators of Listener records, codes 0 and 1
+  ScreenPower::Saved gSavedPower;
+
+  // Of the main form.
+  bool loadingForm = false;
+  bool moveControlsMode = false;
+  int currentTab = 0;
+  int gridMode = 0;  // the Grid index on screen
+};
+
+}  // namespace korvane

@@ -1,0 +1,188 @@
+// The controls of a form, as data. A face (a window, a test, a second screen) mirrors them.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "core/form/row_source.h"
+#include "core/form/watched.h"
+#include "platform/text.h"
+
+namespace korvane {
+
+class Form;
+
+enum class Kind { Image, Label, Button, Slider, Grid, Frame, Text, Check, Timer, PictureArea, Surface };
+
+// Form units: the design surface is 1280 x 768 of them.
+struct Rect {
+  int left = 0, top = 0, width = 0, height = 0;
+  bool operator==(const Rect&) const = default;
+  int right() const { return left + width; }
+  int bottom() const { return top + height; }
+};
+
+// A themed picture by group and name, or the bytes of an image file.
+struct Picture {
+  QString group, name;
+  std::shared_ptr<const QByteArray> bytes;
+  bool operator==(const Picture&) const = default;
+  bool empty() const { return name.isEmpty() && !bytes; }
+};
+
+using Colour = quint32;  // 0x00BBGGRR
+
+struct Colours {
+  std::optional<Colour> back, fore, selected, selectedFore, header;  // grids, labels, buttons, frames
+  std::optional<Colour> on, off, knob;                               // sliders
+  bool operator==(const Colours&) const = default;
+};
+
+// Edges of the container that a control keeps its distance to when the surface grows.
+enum Anchor : unsigned { Left = 1, Top = 2, Right = 4, Bottom = 8 };
+
+class Control : public Noticing {
+ public:
+  Control(Form& form, QString name, int index, Kind kind);
+  virtual ~Control() = default;
+
+  const QString name;
+  const int index;  // -1 when no member of an array
+  const Kind kind;
+  Form& form;
+  Control* container = nullptr;  // the frame it lies in; null for the form itself
+  unsigned anchors = Left | Top;
+  QString spokenName;  // for accessibility
+
+  Watched<bool> visible{*this, Aspect::Visible, true};
+  Watched<bool> enabled{*this, Aspect::Enabled, true};
+  Watched<QString> tag{*this, Aspect::Tag};
+  Watched<QString> caption{*this, Aspect::Caption};
+  Watched<QString> toolTip{*this, Aspect::Caption};
+  Watched<Picture> picture{*this, Aspect::Picture};
+  Watched<Rect> rect{*this, Aspect::Rect};
+  Watched<Colours> colours{*this, Aspect::Colours};
+
+  void setPicture(const QString& group, const QString& pictureName);
+  bool tagged() const { return tag() == "1"_L1; }  // the mode button's own mark
+  void changed(Aspect aspect) override;
+
+  Rect laid;    // where the layout has put it on the present surface
+  Rect design;  // on the design surface
+};
+
+class Image : public Control {
+ public:
+  using Control::Control;
+};
+
+class Label : public Control {
+ public:
+  using Control::Control;
+  int fontUnits = 26;                                   // height of the text in form units
+  bool bold = false;
+  int align = -1;                                       // -1 left, 0 centre, 1 right
+  bool wraps = false;
+  Watched<bool> highlighted{*this, Aspect::Colours, false};
+};
+
+class Button : public Control {
+ public:
+  using Control::Control;
+  Watched<int> fontUnits{*this, Aspect::Caption, 28};
+  bool accent = false;  // the one button of a dialog that goes on
+};
+
+class Check : public Control {
+ public:
+  using Control::Control;
+  Watched<bool> checked{*this, Aspect::Value, false};
+};
+
+class Frame : public Control {
+ public:
+  using Control::Control;
+};
+
+class PictureArea : public Control {
+ public:
+  using Control::Control;
+};
+
+// A native area that a player, a browser or a map draws into.
+class Surface : public Control {
+ public:
+  using Control::Control;
+};
+
+class Slider : public Control {
+ public:
+  using Control::Control;
+  Watched<double> value{*this, Aspect::Value, 0};
+  Watched<double> minimum{*this, Aspect::Value, 0};
+  Watched<double> maximum{*this, Aspect::Value, 100};
+  Watched<QString> text{*this, Aspect::Value};
+  Watched<QString> bubble{*this, Aspect::Value};  // shown large while the thumb is held
+  bool vertical = false;
+
+  // A value from the finger or the program; kept within the range. Fires Change when it moved.
+  void moveTo(double to);
+};
+
+class TextBox : public Control {
+ public:
+  using Control::Control;
+  Watched<QString> text{*this, Aspect::Value};
+  Watched<int> selStart{*this, Aspect::Value, 0};
+  Watched<QString> passwordChar{*this, Aspect::Value};
+  bool multiLine = false;
+};
+
+class Timer : public Control {
+ public:
+  Timer(Form& form, QString name, int index, Kind kind);
+  Watched<int> interval{*this, Aspect::Interval, 1000};  // ms
+};
+
+// A list. Rows and columns count from 1; row 0 is the header.
+class Grid : public Control {
+ public:
+  struct Column {
+    QString title;
+    int width = 0;  // share of the list's width; 0 for an equal share
+    bool hidden = false;
+    bool button = false;  // each cell is a button: ButtonClicked
+    bool operator==(const Column&) const = default;
+  };
+
+  Grid(Form& form, QString name, int index, Kind kind);
+
+  Watched<std::vector<Column>> columns{*this, Aspect::Rows};
+  Watched<QString> header{*this, Aspect::Rows};  // empty for none
+  Watched<QString> emptyText{*this, Aspect::Rows};  // said where there is no row
+  Watched<int> fontSize{*this, Aspect::Rows, 12};   // in the unit of GridFontSize
+  Watched<int> rowHeight{*this, Aspect::Rows, 19};  // in the unit of GridHeight: two form units
+  Watched<int> row{*this, Aspect::Active, 1};       // the active row; 0 when none
+  Watched<int> topRow{*this, Aspect::Active, 1};    // the first row in view, kept by the face
+
+  void setRows(std::shared_ptr<RowSource> source);  // shows these rows from the first
+  void setRows(std::vector<RowTable::Row> rows);
+  void clear();
+  const RowSource& rows() const { return *source_; }
+  RowTable* table();  // the rows kept in the list itself; null for another source
+  void rowsChanged() { changed(Aspect::Rows); }
+
+  int maxRows() const { return source_->rowCount(); }
+  QString cell(int column, int row) const { return source_->cell(column, row); }
+  void setCell(int column, int row, const QString& text);  // only of its own rows
+  void deleteRow(int row);                                 // only of its own rows
+  void SetActiveCell(int column, int row);                 // brings it into view
+  // The first row from `from` on whose `column` begins with `text` in any case; 0 for none.
+  int SearchCol(int column, int from, const QString& text) const;
+
+ private:
+  std::shared_ptr<RowSource> source_;
+};
+
+}  // namespace korvane

@@ -1,0 +1,104 @@
+// A form: named controls made from an inventory, the events they fire, and who hears of a change.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <vector>
+
+#include "core/form/control.h"
+#include "core/form/inventory.h"
+
+namespace korvane {
+
+struct Event {
+  enum Type { Click, DblClick, Press, Release, Change, Scroll, KeyDown, KeyPress, ButtonClicked, Tick };
+  Type type = Click;
+  int column = 0, row = 0;  // of a grid; row 0 is the header
+  int key = 0;              // of a keyboard: the key code
+  QString text;             // of a keyboard: what it types
+};
+
+class FormObserver {
+ public:
+  virtual ~FormObserver() = default;
+  virtual void controlChanged(Control& control, Aspect aspect) = 0;
+  virtual void formChanged(Form& form, Aspect aspect) = 0;
+  virtual void controlAdded(Control&) {}
+};
+
+// The saved design geometry of one control.
+struct ControlRect {
+  QString Name;
+  int Index = -1;
+  int Height = 0, Left = 0, Top = 0, Width = 0;
+};
+
+class Form : public Noticing {
+ public:
+  using Handler = std::function<void(Control&, const Event&)>;
+
+  Form(QString name, std::span<const InventoryRow> inventory, Rect design = {0, 0, 1280, 768});
+  Form(const Form&) = delete;
+
+  const QString name;
+  const Rect design;
+  Watched<Picture> picture{*this, Aspect::Picture};
+  Watched<QString> caption{*this, Aspect::Caption};
+  Watched<Colours> colours{*this, Aspect::Colours};
+  Watched<bool> shown{*this, Aspect::Shown, false};
+  Watched<bool> minimised{*this, Aspect::Shown, false};
+
+  // The control of that name and index, in any case; null when there is none.
+  Control* find(QStringView controlName, int index = -1) const;
+  const std::vector<std::unique_ptr<Control>>& controls() const { return controls_; }
+  int upperBound(QStringView controlName) const;  // of an array; -1 when there is none
+
+  // A further member of an array, like its member 0 but hidden.
+  Control* load(QStringView controlName, int index);
+
+  // Hears `type` of the control (all members of an array). Several may hear, in order.
+  void on(QStringView controlName, Event::Type type, Handler handler);
+  // Hears key events and the form's own clicks.
+  void on(Event::Type type, Handler handler);
+  // True when somebody heard it. Controls that are hidden or not enabled fire nothing but Tick.
+  bool fire(Control& control, const Event& event);
+  bool fireKey(const Event& event);
+
+  void observe(FormObserver* observer);
+  void forget(FormObserver* observer);
+  void changed(Aspect aspect) override;
+  void controlChanged(Control& control, Aspect aspect);
+
+  // Lays the controls out on a surface of that many form units, never under the design's.
+  void resize(int width, int height);
+  int width() const { return width_; }
+  int height() const { return height_; }
+
+  Control* focus() const { return focus_; }
+  void setFocus(Control* control);
+
+ private:
+  Control& make(const InventoryRow& row);
+  QString key(QStringView controlName, int index) const;
+
+  std::vector<std::unique_ptr<Control>> controls_;
+  QHash<QString, Control*> byName_;
+  QHash<QString, int> upper_;
+  QHash<QString, std::vector<Handler>> handlers_;
+  std::vector<FormObserver*> observers_;
+  Control* focus_ = nullptr;
+  int width_, height_;
+};
+
+// Shows forms: the window's part. A modal form holds the caller until it is hidden.
+class FormHost {
+ public:
+  virtual ~FormHost() = default;
+  virtual void show(Form& form) = 0;
+  virtual void showModal(Form& form) = 0;  // Yields.
+  virtual void hide(Form& form) = 0;
+  virtual void fadeOut(Form& form, int milliseconds) = 0;  // Yields; hides the form at its end.
+};
+
+}  // namespace korvane

@@ -1,0 +1,46 @@
+// gFso: the one file-system helper. Paths use '/'; '\' is accepted. Look-ups fold case, so a name
+// written "Music" finds "music".
+#pragma once
+
+#include <optional>
+
+#include "platform/text.h"
+
+namespace korvane {
+
+class FileSystem {
+ public:
+  virtual ~FileSystem() = default;
+
+  // The path on disk that `path` means: itself when it exists, else the first match component by
+  // component without regard to case. Nothing when there is none.
+  virtual std::optional<QString> resolve(const QString& path) const = 0;
+
+  virtual bool FileExists(const QString& path) const = 0;
+  virtual bool FolderExists(const QString& path) const = 0;
+  virtual bool CreateFolder(const QString& path) = 0;  // with missing parents; true when it stands
+  virtual bool DeleteFile(const QString& path) = 0;
+  virtual bool DeleteFolder(const QString& path) = 0;  // with all that it holds
+  virtual bool CopyFile(const QString& from, const QString& to) = 0;
+  virtual QStringList SubFolders(const QString& path) const = 0;  // names, in the order of the disk
+  virtual QStringList Files(const QString& path) const = 0;       // names, in the order of the disk
+
+  // The whole file; nothing when it cannot be read or is longer than `limit` bytes.
+  virtual std::optional<QByteArray> read(const QString& path, qint64 limit = 64 << 20) const = 0;
+
+  // Replaces the whole file: a temporary beside it, write, check, sync, rename, sync of the directory.
+  // After a failure or a crash at any point the old file stands whole. False with `error` in words.
+  virtual bool replace(const QString& path, const QByteArray& bytes, QString* error = nullptr) = 0;
+
+  // Adds to the end of the file, making it when missing.
+  virtual bool append(const QString& path, const QByteArray& bytes) = 0;
+
+  // Mount points of fixed and network volumes, for files whose volume has moved.
+  virtual QStringList volumes() const = 0;
+
+  static QString BuildPath(const QString& folder, const QString& name);
+  static QString GetParentFolderName(const QString& path);
+  static QString slashed(QString path);  // '\' turned into '/'
+};
+
+}  // namespace korvane

@@ -1,0 +1,28 @@
+// All doors to the outside in one hand, as the console is given them. Not owned.
+#pragma once
+
+#include "platform/clock.h"
+#include "platform/file_system.h"
+#include "platform/machine.h"
+#include "platform/media_player.h"
+#include "platform/pump.h"
+#include "platform/winsock.h"
+
+namespace korvane {
+
+struct System {
+  Pump& pump;
+  Clock& clock;
+  Chance& chance;
+  FileSystem& files;
+  MediaPlayer& player;
+  ScreenPower& screenPower;
+  Session& session;
+  Mixer& mixer;
+  Tray& tray;
+  SystemBox& box;
+  OneInstance& instance;
+  std::function<std::unique_ptr<Winsock>()> makeWinsock;
+};
+
+}  // namespace korvane
