@@ -23,8 +23,8 @@ class Graphics {
 
   void initGraphicsCache();
 
-  // The theme's `<group>/<name>.gif`, else `.jpg`, else `.svg`; null when there is no such file or it
-  // is empty. Each file is read once per run; a missing one is looked for again at each call.
+  // The theme's `<group>/<name>.gif`, else `.jpg`, else `.svg`; null when there is no such file or
+  // it is empty. Each file is read once per run; a missing one is looked for again at each call.
   PicturePtr loadGraphic(const QString& group, const QString& name);
 
   QString themeDirectory() const;  // of the active theme

@@ -17,7 +17,8 @@ class Log {
 
   // "Error <number> (<description>) in procedure <procedure> of <owner>", where `owner` is told as
   // "Form frmMain", "Module Database" or "Class Module cFTP".
-  void error(int number, const QString& description, const char* procedure, const char* owner) const;
+  void error(int number, const QString& description, const char* procedure,
+             const char* owner) const;
 
   // Runs `body`; an exception becomes one line of error(). True when the body ended by itself.
   template <class Body>

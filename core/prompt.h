@@ -19,8 +19,8 @@ class Messages {
   enum Answer { Ok = 1, Yes = 6, No = 7 };
   virtual ~Messages() = default;
 
-  // Shows `text` and waits. With `yesNo` the answer is Yes or No, else Ok. With `inputMode`, `text` is
-  // a prompt and leaves as what was typed, empty when cancelled. Yields.
+  // Shows `text` and waits. With `yesNo` the answer is Yes or No, else Ok. With `inputMode`, `text`
+  // is a prompt and leaves as what was typed, empty when cancelled. Yields.
   virtual int showMessage(QString& text, bool yesNo = false, bool unused = false,
                           bool inputMode = false, bool password = false) = 0;
 

@@ -52,7 +52,7 @@ class Settings {
 };
 
 // The conversions of setting texts.
-double val(QStringView text);        // the number a text begins with, blanks skipped; 0 for none
-bool isNumeric(QStringView text);    // the whole text is one number
+double val(QStringView text);      // the number a text begins with, blanks skipped; 0 for none
+bool isNumeric(QStringView text);  // the whole text is one number
 
 }  // namespace korvane

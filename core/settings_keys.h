@@ -75,10 +75,11 @@ inline constexpr SettingKey RadioTop{"STARTUP", "RadioTop", Rule::Text};
 inline constexpr SettingKey RadioLeft{"STARTUP", "RadioLeft", Rule::Text};
 
 // STARTUP, beyond the first design: absent means off
-inline constexpr SettingKey Tags{"STARTUP", "Tags", Rule::UStr};                  // "FULL"
-inline constexpr SettingKey TagCodePage{"STARTUP", "TagCodePage", Rule::Str};     // of 8-bit tags
-inline constexpr SettingKey FileKinds{"STARTUP", "FileKinds", Rule::UStr};        // "FLAC OGG ..."
-inline constexpr SettingKey SinglePress{"STARTUP", "SinglePress", Rule::FlagYes}; // one tap activates
+inline constexpr SettingKey Tags{"STARTUP", "Tags", Rule::UStr};               // "FULL"
+inline constexpr SettingKey TagCodePage{"STARTUP", "TagCodePage", Rule::Str};  // of 8-bit tags
+inline constexpr SettingKey FileKinds{"STARTUP", "FileKinds", Rule::UStr};     // "FLAC OGG ..."
+inline constexpr SettingKey SinglePress{"STARTUP", "SinglePress",
+                                        Rule::FlagYes};  // one tap activates
 inline constexpr SettingKey ListenerEncoding{"STARTUP", "ListenerEncoding", Rule::UStr};
 
 // Other sections

@@ -28,8 +28,9 @@ class FileSystem {
   // The whole file; nothing when it cannot be read or is longer than `limit` bytes.
   virtual std::optional<QByteArray> read(const QString& path, qint64 limit = 64 << 20) const = 0;
 
-  // Replaces the whole file: a temporary beside it, write, check, sync, rename, sync of the directory.
-  // After a failure or a crash at any point the old file stands whole. False with `error` in words.
+  // Replaces the whole file: a temporary beside it, write, check, sync, rename, sync of the
+  // directory. After a failure or a crash at any point the old file stands whole. False with
+  // `error` in words.
   virtual bool replace(const QString& path, const QByteArray& bytes, QString* error = nullptr) = 0;
 
   // Adds to the end of the file, making it when missing.

@@ -39,7 +39,8 @@ class Mixer {
 class Tray {
  public:
   virtual ~Tray() = default;
-  // Shows an icon with `tip`; a double click on it runs `restore`. False when the desktop has no tray.
+  // Shows an icon with `tip`; a double click on it runs `restore`. False when the desktop has no
+  // tray.
   virtual bool add(const QString& tip, std::function<void()> restore) = 0;
   virtual void remove() = 0;
 };
@@ -54,7 +55,8 @@ class SystemBox {
 class OneInstance {
  public:
   virtual ~OneInstance() = default;
-  virtual bool taken() = 0;  // true when another process runs this console; otherwise takes the mark
+  virtual bool
+  taken() = 0;  // true when another process runs this console; otherwise takes the mark
 };
 
 }  // namespace korvane

@@ -1,5 +1,5 @@
-// The media player control: one file at a time, with the members and state numbers of the control it
-// stands for. Seconds everywhere.
+// The media player control: one file at a time, with the members and state numbers of the control
+// it stands for. Seconds everywhere.
 #pragma once
 
 #include "platform/text.h"
@@ -22,7 +22,8 @@ class MediaPlayer {
   virtual ~MediaPlayer() = default;
   virtual void setEvents(Events* events) = 0;  // not owned
 
-  virtual void setFileName(const QString& path) = 0;  // opens; what played before ends without an event
+  virtual void setFileName(
+      const QString& path) = 0;  // opens; what played before ends without an event
   virtual void Play() = 0;
   virtual void Pause() = 0;
   virtual void Stop() = 0;

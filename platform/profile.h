@@ -1,10 +1,10 @@
 // Profile files: "[section]" lines and "key=value" lines, the format of GetPrivateProfileString.
 //
-// Section and key names fold case; blanks around names and values are not part of them, and one pair of
-// quotes around a value is dropped. A line that starts with ';' or '#' is a comment. The first section
-// and key of a name win. Writing changes only the line of its key: every other byte stays as it was,
-// line ends (LF or CRLF) and a byte order mark included. Bytes are UTF-8 when the file is valid UTF-8,
-// else Windows-1252.
+// Section and key names fold case; blanks around names and values are not part of them, and one
+// pair of quotes around a value is dropped. A line that starts with ';' or '#' is a comment. The
+// first section and key of a name win. Writing changes only the line of its key: every other byte
+// stays as it was, line ends (LF or CRLF) and a byte order mark included. Bytes are UTF-8 when the
+// file is valid UTF-8, else Windows-1252.
 #pragma once
 
 #include <optional>

@@ -16,8 +16,8 @@ class Pump {
   // since the last yield. Yields.
   virtual void breathe() = 0;
 
-  // Waits until `done` holds, at most `milliseconds`, with sockets, timers and painting alive; presses
-  // made meanwhile are refused. True when `done` held. Yields.
+  // Waits until `done` holds, at most `milliseconds`, with sockets, timers and painting alive;
+  // presses made meanwhile are refused. True when `done` held. Yields.
   virtual bool wait(int milliseconds, const std::function<bool()>& done) = 0;
 
   // Runs `work` from the event loop, after the event at hand; from any thread.

@@ -26,9 +26,9 @@ class Winsock {
   class Events {
    public:
     virtual ~Events() = default;
-    virtual void Connect() = 0;                        // the connection stands
-    virtual void Close() = 0;                          // the peer ended it
-    virtual void DataArrival(qint64 bytesTotal) = 0;   // that many bytes wait for GetData
+    virtual void Connect() = 0;                       // the connection stands
+    virtual void Close() = 0;                         // the peer ended it
+    virtual void DataArrival(qint64 bytesTotal) = 0;  // that many bytes wait for GetData
     virtual void Error(const QString& description) = 0;
   };
 

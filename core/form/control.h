@@ -13,7 +13,19 @@ namespace korvane {
 
 class Form;
 
-enum class Kind { Image, Label, Button, Slider, Grid, Frame, Text, Check, Timer, PictureArea, Surface };
+enum class Kind {
+  Image,
+  Label,
+  Button,
+  Slider,
+  Grid,
+  Frame,
+  Text,
+  Check,
+  Timer,
+  PictureArea,
+  Surface
+};
 
 // Form units: the design surface is 1280 x 768 of them.
 struct Rect {
@@ -34,8 +46,9 @@ struct Picture {
 using Colour = quint32;  // 0x00BBGGRR
 
 struct Colours {
-  std::optional<Colour> back, fore, selected, selectedFore, header;  // grids, labels, buttons, frames
-  std::optional<Colour> on, off, knob;                               // sliders
+  std::optional<Colour> back, fore, selected, selectedFore,
+      header;                           // grids, labels, buttons, frames
+  std::optional<Colour> on, off, knob;  // sliders
   bool operator==(const Colours&) const = default;
 };
 
@@ -80,9 +93,9 @@ class Image : public Control {
 class Label : public Control {
  public:
   using Control::Control;
-  int fontUnits = 26;                                   // height of the text in form units
+  int fontUnits = 26;  // height of the text in form units
   bool bold = false;
-  int align = -1;                                       // -1 left, 0 centre, 1 right
+  int align = -1;  // -1 left, 0 centre, 1 right
   bool wraps = false;
   Watched<bool> highlighted{*this, Aspect::Colours, false};
 };
@@ -159,7 +172,7 @@ class Grid : public Control {
   Grid(Form& form, QString name, int index, Kind kind);
 
   Watched<std::vector<Column>> columns{*this, Aspect::Rows};
-  Watched<QString> header{*this, Aspect::Rows};  // empty for none
+  Watched<QString> header{*this, Aspect::Rows};     // empty for none
   Watched<QString> emptyText{*this, Aspect::Rows};  // said where there is no row
   Watched<int> fontSize{*this, Aspect::Rows, 12};   // in the unit of GridFontSize
   Watched<int> rowHeight{*this, Aspect::Rows, 19};  // in the unit of GridHeight: two form units

@@ -12,7 +12,18 @@
 namespace korvane {
 
 struct Event {
-  enum Type { Click, DblClick, Press, Release, Change, Scroll, KeyDown, KeyPress, ButtonClicked, Tick };
+  enum Type {
+    Click,
+    DblClick,
+    Press,
+    Release,
+    Change,
+    Scroll,
+    KeyDown,
+    KeyPress,
+    ButtonClicked,
+    Tick
+  };
   Type type = Click;
   int column = 0, row = 0;  // of a grid; row 0 is the header
   int key = 0;              // of a keyboard: the key code

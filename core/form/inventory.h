@@ -12,9 +12,9 @@ struct InventoryRow {
   const char* name;
   int index;  // of an array's member, else -1
   Kind kind;
-  Rect rect;              // on the design surface, within the container
-  unsigned anchors;       // of Anchor
-  const char* spoken;     // for accessibility; "" for what is not spoken
+  Rect rect;           // on the design surface, within the container
+  unsigned anchors;    // of Anchor
+  const char* spoken;  // for accessibility; "" for what is not spoken
   const char* container = "";
   bool visible = true;
 };

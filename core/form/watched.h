@@ -14,9 +14,9 @@ enum class Aspect {
   Caption,
   Rect,
   Colours,
-  Value,    // a slider's value, range or text; a text's text or caret; a check's state
-  Rows,     // a grid's rows, columns, header or look
-  Active,   // a grid's active cell
+  Value,   // a slider's value, range or text; a text's text or caret; a check's state
+  Rows,    // a grid's rows, columns, header or look
+  Active,  // a grid's active cell
   Interval,
   Focus,
   Shown,    // of a form

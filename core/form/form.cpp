@@ -1,0 +1,184 @@
+#include "core/form/form.h"
+
+namespace korvane {
+namespace {
+
+template <class T>
+std::unique_ptr<Control> made(Form& form, const QString& name, int index, Kind kind) {
+  return std::make_unique<T>(form, name, index, kind);
+}
+
+std::unique_ptr<Control> makeControl(Form& form, const QString& name, int index, Kind kind) {
+  switch (kind) {
+    case Kind::Image:
+      return made<Image>(form, name, index, kind);
+    case Kind::Label:
+      return made<Label>(form, name, index, kind);
+    case Kind::Button:
+      return made<Button>(form, name, index, kind);
+    case Kind::Slider:
+      return made<Slider>(form, name, index, kind);
+    case Kind::Grid:
+      return made<Grid>(form, name, index, kind);
+    case Kind::Frame:
+      return made<Frame>(form, name, index, kind);
+    case Kind::Text:
+      return made<TextBox>(form, name, index, kind);
+    case Kind::Check:
+      return made<Check>(form, name, index, kind);
+    case Kind::Timer:
+      return made<Timer>(form, name, index, kind);
+    case Kind::PictureArea:
+      return made<PictureArea>(form, name, index, kind);
+    case Kind::Surface:
+      return made<Surface>(form, name, index, kind);
+  }
+  Q_UNREACHABLE();
+}
+
+// Where a control stands when its container has grown by (dx, dy).
+Rect grown(Rect rect, unsigned anchors, int dx, int dy) {
+  if (anchors & Right) {
+    if (anchors & Left)
+      rect.width += dx;
+    else
+      rect.left += dx;
+  }
+  if (anchors & Bottom) {
+    if (anchors & Top)
+      rect.height += dy;
+    else
+      rect.top += dy;
+  }
+  return rect;
+}
+
+}  // namespace
+
+Form::Form(QString formName, std::span<const InventoryRow> inventory, Rect designRect)
+    : name(std::move(formName)),
+      design(designRect),
+      width_(designRect.width),
+      height_(designRect.height) {
+  controls_.reserve(inventory.size());
+  for (const InventoryRow& row : inventory) make(row);
+}
+
+QString Form::key(QStringView controlName, int index) const {
+  return controlName.toString().toCaseFolded() + u'#' + QString::number(index);
+}
+
+Control& Form::make(const InventoryRow& row) {
+  const QString controlName = QString::fromLatin1(row.name);
+  controls_.push_back(makeControl(*this, controlName, row.index, row.kind));
+  Control& control = *controls_.back();
+  control.anchors = row.anchors;
+  control.spokenName = QString::fromUtf8(row.spoken);
+  control.design = control.laid = row.rect;
+  control.rect = row.rect;
+  if (*row.container) control.container = find(QString::fromLatin1(row.container));
+  if (row.kind != Kind::Timer) control.visible = row.visible;
+  byName_.insert(key(controlName, row.index), &control);
+  int& upper = upper_[controlName.toCaseFolded()];
+  upper = std::max(upper, row.index);
+  return control;
+}
+
+Control* Form::find(QStringView controlName, int index) const {
+  return byName_.value(key(controlName, index));
+}
+
+int Form::upperBound(QStringView controlName) const {
+  return upper_.value(controlName.toString().toCaseFolded(), -1);
+}
+
+Control* Form::load(QStringView controlName, int index) {
+  Control* existing = find(controlName, index);
+  const Control* model = find(controlName, 0);
+  if (existing || !model) return existing;
+  controls_.push_back(makeControl(*this, model->name, index, model->kind));
+  Control* control = controls_.back().get();
+  control->anchors = model->anchors;
+  control->container = model->container;
+  control->spokenName = model->spokenName;
+  control->design = model->design;
+  control->laid = model->laid;
+  control->rect = model->rect;
+  control->colours = model->colours;
+  control->visible = false;
+  byName_.insert(key(controlName, index), control);
+  int& upper = upper_[control->name.toCaseFolded()];
+  upper = std::max(upper, index);
+  for (FormObserver* observer : observers_) observer->controlAdded(*control);
+  return control;
+}
+
+void Form::on(QStringView controlName, Event::Type type, Handler handler) {
+  handlers_[controlName.toString().toCaseFolded() + u'!' + QString::number(type)].push_back(
+      std::move(handler));
+}
+
+void Form::on(Event::Type type, Handler handler) {
+  on(u"", type, std::move(handler));
+}
+
+bool Form::fire(Control& control, const Event& event) {
+  if (event.type != Event::Tick && !(control.visible() && control.enabled())) return false;
+  const auto found =
+      handlers_.constFind(control.name.toCaseFolded() + u'!' + QString::number(event.type));
+  if (found == handlers_.constEnd()) return false;
+  for (const Handler& handler : std::vector<Handler>(*found)) handler(control, event);
+  return true;
+}
+
+bool Form::fireKey(const Event& event) {
+  const auto found = handlers_.constFind(u"!"_s + QString::number(event.type));
+  if (found == handlers_.constEnd() || controls_.empty()) return false;
+  for (const Handler& handler : std::vector<Handler>(*found)) handler(*controls_.front(), event);
+  return true;
+}
+
+void Form::observe(FormObserver* observer) {
+  observers_.push_back(observer);
+}
+void Form::forget(FormObserver* observer) {
+  std::erase(observers_, observer);
+}
+
+void Form::changed(Aspect aspect) {
+  for (FormObserver* observer : observers_) observer->formChanged(*this, aspect);
+}
+
+void Form::controlChanged(Control& control, Aspect aspect) {
+  for (FormObserver* observer : observers_) observer->controlChanged(control, aspect);
+}
+
+void Form::resize(int width, int height) {
+  width = std::max(width, design.width);
+  height = std::max(height, design.height);
+  if (width == width_ && height == height_) return;
+  width_ = width;
+  height_ = height;
+  for (const auto& control : controls_) {
+    const Control* box = control->container;
+    const int dx = box ? box->laid.width - box->design.width : width - design.width;
+    const int dy = box ? box->laid.height - box->design.height : height - design.height;
+    const Rect laid = grown(control->design, control->anchors, dx, dy);
+    Rect now = control->rect();
+    now.left += laid.left - control->laid.left;
+    now.top += laid.top - control->laid.top;
+    now.width += laid.width - control->laid.width;
+    now.height += laid.height - control->laid.height;
+    control->laid = laid;
+    control->rect = now;
+  }
+}
+
+void Form::setFocus(Control* control) {
+  if (focus_ == control) return;
+  Control* before = std::exchange(focus_, control);
+  if (before) controlChanged(*before, Aspect::Focus);
+  if (control) controlChanged(*control, Aspect::Focus);
+}
+
+}  // namespace korvane
