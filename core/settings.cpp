@@ -41,7 +41,7 @@ double val(QStringView text) {
 
 bool isNumeric(QStringView text) {
   bool ok = false;
-  text.trimmed().toDouble(&ok);
+  static_cast<void>(text.trimmed().toDouble(&ok));
   return ok;
 }
 

@@ -14,8 +14,8 @@ class Binder {
 
   template <class T>
   void operator()(T*& control, const char* name, int index = -1) {
-    control = dynamic_cast<T*>(form_.find(QLatin1StringView(name), index));
-    if (!control) missing_ << QLatin1StringView(name) + u'(' + QString::number(index) + u')';
+    control = dynamic_cast<T*>(form_.find(QString::fromLatin1(name), index));
+    if (!control) missing_ << QString::fromLatin1(name) + u'(' + QString::number(index) + u')';
   }
   template <class T, size_t N>
   void operator()(std::array<T*, N>& controls, const char* name) {

@@ -187,10 +187,10 @@ class Grid : public Control {
   void rowsChanged() { changed(Aspect::Rows); }
 
   int maxRows() const { return source_->rowCount(); }
-  QString cell(int column, int row) const { return source_->cell(column, row); }
-  void setCell(int column, int row, const QString& text);  // only of its own rows
-  void deleteRow(int row);                                 // only of its own rows
-  void SetActiveCell(int column, int row);                 // brings it into view
+  QString cell(int column, int ofRow) const { return source_->cell(column, ofRow); }
+  void setCell(int column, int ofRow, const QString& text);  // only of its own rows
+  void deleteRow(int ofRow);                               // only of its own rows
+  void SetActiveCell(int column, int toRow);                 // brings it into view
   // The first row from `from` on whose `column` begins with `text` in any case; 0 for none.
   int SearchCol(int column, int from, const QString& text) const;
 

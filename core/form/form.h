@@ -27,7 +27,7 @@ struct Event {
   Type type = Click;
   int column = 0, row = 0;  // of a grid; row 0 is the header
   int key = 0;              // of a keyboard: the key code
-  QString text;             // of a keyboard: what it types
+  QString text{};           // of a keyboard: what it types
 };
 
 class FormObserver {
