@@ -51,6 +51,9 @@ struct AppState {
   bool moveControlsMode = false;
   int currentTab = 0;
   int gridMode = 0;  // the Grid index on screen
+  bool jukeboxMode = false;
+  bool playListEditing = false, playListChanged = false, playListIsNew = false;
+  QString playListFile;
 };
 
 }  // namespace korvane

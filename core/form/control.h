@@ -189,7 +189,7 @@ class Grid : public Control {
   int maxRows() const { return source_->rowCount(); }
   QString cell(int column, int ofRow) const { return source_->cell(column, ofRow); }
   void setCell(int column, int ofRow, const QString& text);  // only of its own rows
-  void deleteRow(int ofRow);                               // only of its own rows
+  void deleteRow(int ofRow);                                 // only of its own rows
   void SetActiveCell(int column, int toRow);                 // brings it into view
   // The first row from `from` on whose `column` begins with `text` in any case; 0 for none.
   int SearchCol(int column, int from, const QString& text) const;

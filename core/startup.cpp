@@ -1,0 +1,141 @@
+#include "core/startup.h"
+
+#include "core/form/binder.h"
+
+namespace korvane {
+namespace {
+
+constexpr InventoryRow kSplash[] = {
+    {"lblStatus", -1, Kind::Label, {240, 640, 800, 44}, Left | Top, "Status"},
+    {"lblVersion", -1, Kind::Label, {240, 690, 800, 36}, Left | Top, "Version"},
+};
+
+}  // namespace
+
+std::span<const InventoryRow> splashInventory() {
+  return kSplash;
+}
+
+Startup::Startup(Uses uses) : uses_(uses) {
+  Label *statusLine = nullptr, *version = nullptr;
+  Binder bind(uses.splash, "splash");
+  bind(statusLine, "lblStatus");
+  bind(version, "lblVersion");
+  for (Label* label : {statusLine, version}) label->align = 0;
+  statusLine->fontUnits = 28;
+  version->fontUnits = 24;
+  version->caption = QStringLiteral(KORVANE_VERSION);
+}
+
+void Startup::status(const QString& text) {
+  if (!uses_.splash.shown()) return;
+  uses_.splash.find(u"lblStatus")->caption = text;
+  uses_.system.pump.doEvents();
+}
+
+bool Startup::SubMain() {
+  AppState& state = uses_.state;
+  uses_.graphics.initGraphicsCache();
+  state.gTheme = uses_.settings.upper(key::Theme);
+  if (!uses_.graphics.themeExists()) {
+    uses_.system.box.show(u"Theme does not exist, no graphics to show. Check INI Theme setting."_s);
+    return false;
+  }
+  state.gMasterListenerMyName = uses_.settings.str(key::MasterListenerMyName);
+  uses_.splash.picture = Picture{u"root"_s, u"splash"_s, nullptr};
+  uses_.host.show(uses_.splash);
+  if (!readSettings()) return false;
+
+  uses_.parts.showMainForm();
+  Form_Load();
+  // The mixer alone governs the sound of this console.
+  if (state.gLocalListener) uses_.system.player.setVolume(0);
+  status(u"Loading adds....."_s);
+  if (state.gAddsOn) uses_.parts.loadAds();
+  uses_.host.fadeOut(uses_.splash, 1000);
+  return true;
+}
+
+bool Startup::readSettings() {
+  AppState& state = uses_.state;
+  const Settings& settings = uses_.settings;
+  state.gAddsOn = settings.flag(key::ADDSON);
+  state.gAddStart = settings.number(key::ADDSTART);
+  state.gAddBetween = settings.number(key::ADDSBETWEEN);
+
+  status(u"Loading settings...."_s);
+  state.gMainPage = settings.str(key::MainPage);
+  if (state.gMainPage == "NO"_L1) state.gMainPage = u"WB"_s;
+  state.gGridHeight = settings.number(key::GridHeight);
+  state.gLocalServer = settings.flag(key::LocalServer);
+  state.gMasterListenerIP = settings.str(key::MasterListenerIP);
+  state.gMasterListenerPort = settings.str(key::MasterListenerPort);
+  state.gGridFontSize = settings.number(key::GridFontSize);
+  if (uses_.system.instance.taken()) return false;
+
+  status(u"Loading settings....3"_s);
+  state.gSepSoh = QChar(1);
+  state.gSepNul = QChar(0);
+  state.gMapsEnabled = settings.flag(key::Maps);
+  state.gRadioEnabled = settings.flag(key::Radio);
+  state.gRadioEnabled = false;  // the radio sleeps, whatever is stored
+  state.gTvEnabled = settings.flag(key::TV);
+
+  status(u"Loading settings....32"_s);
+  state.gShowSetup = settings.flag(key::ShowSetup);
+  state.gShowMin = settings.flag(key::ShowMin);
+  state.gShowExit = settings.flag(key::ShowExit);
+  state.gShowMute = settings.flag(key::ShowMute);
+  state.gControlButtonsMain = settings.flag(key::ControlButtonsmain);
+  state.gShowInTheTaskBar = settings.upper(key::ShowInTheTaskBar);
+  state.gFirstTab = settings.upper(key::firstTab);
+  readNetworkSettings();
+  return true;
+}
+
+void Startup::readNetworkSettings() {
+  AppState& state = uses_.state;
+  const Settings& settings = uses_.settings;
+  state.gX10 = settings.upper(key::X10);
+  state.gPremise = settings.flag(key::Premise);
+
+  status(u"Loading settings....33"_s);
+  state.gX10IP = settings.upper(key::X10IP);
+  state.gX10Port = settings.upper(key::X10Port);
+  state.gMovieListener = settings.flag(key::MovieListener);
+
+  status(u"Loading settings....4"_s);
+  state.gLocalListener = settings.flag(key::LOCALLISTENER);
+  if (state.gLocalListener) openMixer();
+
+  status(u"Loading settings....5"_s);
+  state.gServerIP = settings.raw(key::SERVERIP);
+  state.gServerPort = settings.raw(key::SERVERPORT);
+  state.gDisplayVolume = settings.flag(key::DisplayVolume);
+  state.gMyName = settings.raw(key::myname);
+  state.gMoveMain = settings.flag(key::MOVEMAIN);
+  state.gDebug = settings.flag(key::debug);
+  state.gCamera = settings.flag(key::Camera);
+
+  status(u"Loading settings....6"_s);
+  uses_.system.pump.doEvents();
+}
+
+void Startup::openMixer() {
+  Mixer& mixer = uses_.system.mixer;
+  if (!mixer.open()) {
+    uses_.system.box.show(u"Couldn't open the mixer."_s);
+    return;
+  }
+  mixer.setLevel(mixer.maximum() / 2);
+}
+
+void Startup::closeit() {
+  uses_.parts.releasePhotos();
+  uses_.parts.stopCd();
+  if (uses_.state.gMapsEnabled) uses_.parts.closeMap();
+  uses_.parts.closeConnections();
+  uses_.system.pump.doEvents();
+}
+
+}  // namespace korvane
