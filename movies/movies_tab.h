@@ -1,0 +1,29 @@
+// The Movies tab: the movie list, the picture's place and the DVD's keys.
+#pragma once
+
+#include "core/tab.h"
+#include "core/tab_controller.h"
+#include "core/tab_parts.h"
+
+namespace korvane {
+
+class MoviesTab : public Tab {
+ public:
+  explicit MoviesTab(TabParts& parts);
+
+  void leave() override;
+  void enter() override;
+  void pressTransport(int index) override;
+
+  // Where movies play: 0 at seat, 1 in cabin. Refused unless nothing plays.
+  void lblMoviesPlay_Click(int index);
+
+ private:
+  void showMute();
+  void showTypes();
+
+  TabParts& parts_;
+  ControlSet list_, picture_, remote_, menu_, types_, roles_, listPlay_;
+};
+
+}  // namespace korvane

@@ -1,0 +1,90 @@
+#include "photos/photos_tab.h"
+
+namespace korvane {
+namespace {
+
+constexpr int kAwakeTimeout = 999;  // seconds
+constexpr int kLongestDelay = 60;   // seconds a picture
+
+}  // namespace
+
+PhotosTab::PhotosTab(TabParts& parts, System& system, Messages& messages)
+    : parts_(parts),
+      system_(system),
+      messages_(messages),
+      page_(parts.form, {"PhotoList", "cmdPhotoSetup"}),
+      show_(parts.form, {"picTransition", "scrollDelay"}),
+      otherPlay_(parts.form, {"cmdControls#5", "cmdControls#6"}),
+      fullScreen_(parts.form, {"cmdMovieFullScreen"}),
+      movies_(parts.form, {"MovieList"}) {
+  auto* delay = dynamic_cast<Slider*>(parts.form.find(u"scrollDelay"));
+  delay->minimum = 1;
+  delay->maximum = kLongestDelay;
+}
+
+void PhotosTab::setScreenPower(bool restore) {
+  if (restore) {
+    system_.screenPower.write(parts_.state.gSavedPower);
+    return;
+  }
+  parts_.state.gSavedPower = system_.screenPower.read();
+  system_.screenPower.write({false, false, kAwakeTimeout, kAwakeTimeout});
+}
+
+void PhotosTab::leave() {
+  fullScreen_.hide();
+  system_.screenPower.setScreenSaverActive(true);
+  setScreenPower(true);
+  system_.pump.doEvents();
+  page_.hide();
+  const auto* delay = dynamic_cast<Slider*>(parts_.form.find(u"scrollDelay"));
+  parts_.settings.write(key::Delay, QString::number(std::lround(delay->value())));
+  parts_.listPaging.hide();
+  parts_.tabPicture(kPhotosTab, u"photos"_s, u"photo"_s);
+  parts_.form.find(u"pictimer")->enabled = false;
+  otherPlay_.show();
+  show_.hide();
+  parts_.main.showPlayState(parts_.state.gPlayMode);
+}
+
+void PhotosTab::enter() {
+  parts_.main.setBackground(u"photos"_s);
+  system_.screenPower.setScreenSaverActive(false);
+  setScreenPower(false);
+  parts_.volume.show();
+  parts_.mute.show();
+  parts_.main.HideAllGrids();
+
+  const QString directory = parts_.settings.str(key::PDirectory);
+  if (!system_.files.FolderExists(directory)) {
+    if (directory != "NO"_L1) system_.files.CreateFolder(directory);
+    if (!system_.files.FolderExists(directory))
+      messages_.say(
+          u"Photos directory has not be set up or is INVALID. Click on setup, then click on Setup "
+          "Movies Directory to select where the photos are located"_s);
+  }
+  movies_.hide();
+  parts_.tabPicture(kPhotosTab, u"photos"_s, u"photob"_s);
+  page_.show();
+  const auto* list = dynamic_cast<Grid*>(parts_.form.find(u"PhotoList"));
+  parts_.page(list->maxRows(), list->row());
+  parts_.listPaging.show();
+  otherPlay_.hide();
+  parts_.form.find(u"cmdControls", 7)->visible = false;
+  parts_.main.showTransport(u"play"_s, u"pause"_s, u"stopb"_s);
+  showDelay();
+  parts_.form.find(u"pictimer")->enabled = false;
+  parts_.top.hide();
+  fullScreen_.show();
+}
+
+void PhotosTab::showDelay() {
+  auto* delay = dynamic_cast<Slider*>(parts_.form.find(u"scrollDelay"));
+  delay->value =
+      std::clamp(val(parts_.settings.str(key::Delay)), delay->minimum(), delay->maximum());
+  delay->visible = true;
+}
+
+void PhotosTab::pressTransport(int) {}
+
+}  // namespace korvane

@@ -1,0 +1,32 @@
+// The Photos tab: the picture list and the slide show's place.
+#pragma once
+
+#include "core/prompt.h"
+#include "core/tab.h"
+#include "core/tab_controller.h"
+#include "core/tab_parts.h"
+#include "platform/system.h"
+
+namespace korvane {
+
+class PhotosTab : public Tab {
+ public:
+  PhotosTab(TabParts& parts, System& system, Messages& messages);
+
+  void leave() override;
+  void enter() override;
+  void pressTransport(int index) override;
+
+  // Keeps the display awake (false) or gives it its own saving back (true).
+  void setScreenPower(bool restore);
+
+ private:
+  void showDelay();
+
+  TabParts& parts_;
+  System& system_;
+  Messages& messages_;
+  ControlSet page_, show_, otherPlay_, fullScreen_, movies_;
+};
+
+}  // namespace korvane
