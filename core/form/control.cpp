@@ -30,9 +30,12 @@ Timer::Timer(Form& owner, QString controlName, int controlIndex, Kind controlKin
 
 Grid::Grid(Form& owner, QString controlName, int controlIndex, Kind controlKind)
     : Control(owner, std::move(controlName), controlIndex, controlKind),
-      source_(std::make_shared<RowTable>()) {}
+      own_(std::make_shared<RowTable>()) {
+  source_ = own_;
+}
 
-void Grid::setRows(std::shared_ptr<RowSource> source) {
+void Grid::setRows(std::shared_ptr<const RowSource> source) {
+  if (source != own_) own_.reset();
   source_ = std::move(source);
   row = source_->rowCount() > 0 ? 1 : 0;
   topRow = 1;
@@ -40,17 +43,13 @@ void Grid::setRows(std::shared_ptr<RowSource> source) {
 }
 
 void Grid::setRows(std::vector<RowTable::Row> rows) {
-  auto kept = std::make_shared<RowTable>();
-  kept->rows = std::move(rows);
-  setRows(std::move(kept));
+  own_ = std::make_shared<RowTable>();
+  own_->rows = std::move(rows);
+  setRows(own_);
 }
 
 void Grid::clear() {
   setRows(std::vector<RowTable::Row>());
-}
-
-RowTable* Grid::table() {
-  return dynamic_cast<RowTable*>(source_.get());
 }
 
 void Grid::setCell(int column, int ofRow, const QString& text) {

@@ -179,11 +179,11 @@ class Grid : public Control {
   Watched<int> row{*this, Aspect::Active, 1};       // the active row; 0 when none
   Watched<int> topRow{*this, Aspect::Active, 1};    // the first row in view, kept by the face
 
-  void setRows(std::shared_ptr<RowSource> source);  // shows these rows from the first
+  void setRows(std::shared_ptr<const RowSource> source);  // shows these rows from the first
   void setRows(std::vector<RowTable::Row> rows);
   void clear();
   const RowSource& rows() const { return *source_; }
-  RowTable* table();  // the rows kept in the list itself; null for another source
+  RowTable* table() { return own_.get(); }  // the rows kept in the list itself; null for others
   void rowsChanged() { changed(Aspect::Rows); }
 
   int maxRows() const { return source_->rowCount(); }
@@ -195,7 +195,8 @@ class Grid : public Control {
   int SearchCol(int column, int from, const QString& text) const;
 
  private:
-  std::shared_ptr<RowSource> source_;
+  std::shared_ptr<const RowSource> source_;
+  std::shared_ptr<RowTable> own_;  // the same rows, when they are the list's own
 };
 
 }  // namespace korvane
