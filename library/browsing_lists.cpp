@@ -1,0 +1,169 @@
+// What each music list shows.
+#include "core/form/binder.h"
+#include "library/browsing.h"
+
+namespace korvane {
+namespace {
+
+RowTable::Row songRow(const Song& song) {
+  return {{songTitleShown(song.SongTitle), song.album, song.Artist, song.year, song.SongPath},
+          song.isFavorite(),
+          false};
+}
+
+std::vector<RowTable::Row> songRows(const QList<Song>& songs) {
+  std::vector<RowTable::Row> rows;
+  rows.reserve(static_cast<size_t>(songs.size()));
+  for (const Song& song : songs) rows.push_back(songRow(song));
+  return rows;
+}
+
+using Columns = std::vector<Grid::Column>;
+
+Columns columnsOf(int grid) {
+  static const Grid::Column album{u"Album"_s, 0, true}, artist{u"Artist"_s, 0, true},
+      year{u"Year"_s, 0, true}, path{u"Path"_s, 0, true}, title{u"Title"_s};
+  switch (grid) {
+    case 1:
+      return {title, album, artist, year, path};
+    case 4:
+      return {{u"Album"_s, 500}, {u"Artist"_s, 0, true}};
+    case 5:
+      return {{u"Title"_s, 58}, {u"Artist"_s, 42}, path, album};
+    case 6:
+      return {{u"Playlist"_s}, path, artist, path};
+    case 8:
+      return {{u"Title"_s, 84}, album, artist, year, path, {QString(), 16, false, true}};
+    default:
+      return {title, path};
+  }
+}
+
+}  // namespace
+
+BrowsingPanel::BrowsingPanel(Form& form) {
+  Binder bind(form, "browsing");
+  bind(grid, "Grid");
+  bind(cmdTop, "cmdTop");
+  bind(cmdOneSong, "cmdOneSong");
+  bind(cmdControls, "cmdControls");
+  bind(optMode, "optMode");
+  bind(VscrollAllSongs, "VscrollAllSongs");
+  bind(lblCurrentPlayList, "lblCurrentPlayList");
+  bind(KeyboardTimer, "KeyboardTimer");
+  bind(RepeatTimer, "RepeatTimer");
+}
+
+void Browsing::setUpGrids() {
+  static constexpr const char* nothing[] = {
+      "No artists yet. Setup, Digital Music Setup brings music in.",
+      "No songs here",
+      "No albums here",
+      "No songs in the playlist",
+      "No albums yet. Setup, Digital Music Setup brings music in.",
+      "No songs yet. Setup, Digital Music Setup brings music in.",
+      "No playlists yet",
+      "No CD in the drive",
+      "No favourites yet",
+      "No stations",
+      "No stations"};
+  for (Grid* grid : panel_.grid) {
+    const int index = grid->index;
+    grid->columns = columnsOf(index);
+    grid->fontSize = uses_.state.gGridFontSize;
+    grid->rowHeight = uses_.state.gGridHeight;
+    grid->colours = uses_.palette.grid(u"MUSICGRID", u"MUSICGridSelected", u"MUSICGridTopLine");
+    grid->emptyText = QString::fromLatin1(nothing[index]);
+  }
+  panel_.grid[6]->colours = uses_.palette.grid(u"plgrid", u"plgridSelect", u"MUSICGridTopLine");
+  panel_.grid[3]->colours =
+      uses_.palette.grid(u"PlayListGrid", u"PlayListGridSelected", u"MUSICGridTopLine");
+}
+
+void Browsing::fillArtists() {
+  panel_.grid[0]->setRows(uses_.database.getArtists());
+}
+
+void Browsing::fillAlbums() {
+  panel_.grid[4]->setRows(uses_.database.getAllAlbums());
+}
+
+void Browsing::fillSongs() {
+  rsMain_ = uses_.database.getAllSongs();
+  panel_.grid[5]->tag = QString::number(rsMain_->rowCount());
+  panel_.grid[5]->setRows(rsMain_);
+}
+
+void Browsing::getFavorites(bool fill) {
+  const QList<Song> songs = uses_.database.getFavorites();
+  fillPlaySongs(songs);
+  if (!fill) return;
+  std::vector<RowTable::Row> rows = songRows(songs);
+  for (RowTable::Row& row : rows) {
+    row.cells.append(u"DEL"_s);
+    row.emphasised = false;
+  }
+  panel_.grid[8]->setRows(std::move(rows));
+  uses_.state.gFavoritesLoaded = true;
+}
+
+void Browsing::getArtistOrAlbumSongs(const QString& artist, const QString& album) {
+  albumSongs_ = uses_.database.getArtistOrAlbumSongs(artist, album);
+  panel_.grid[1]->header = artist + u" - "_s + album;
+  panel_.grid[1]->setRows(songRows(albumSongs_));
+}
+
+void Browsing::fillPlaySongs(const QList<Song>& songs) {
+  uses_.database.resetPlaySongs();
+  for (const Song& song : songs)
+    uses_.database.addPlaySong(
+        {song.SongTitle, song.Artist, song.album, song.Comment, song.year, song.SongPath});
+}
+
+void Browsing::openArtist(int row) {
+  artist_ = panel_.grid[0]->cell(1, row);
+  std::vector<RowTable::Row> rows;
+  for (const QString& album : uses_.database.getArtistAlbums(artist_))
+    rows.push_back({{album}, false, false});
+  panel_.grid[2]->header = artist_;
+  panel_.grid[2]->setRows(std::move(rows));
+  panel_.cmdTop[0]->tag = u"1"_s;
+  showGrid(2);
+}
+
+void Browsing::openAlbum(const QString& artist, const QString& album, int from) {
+  getArtistOrAlbumSongs(artist, album);
+  backGrid_ = from;
+  showGrid(1);
+}
+
+void Browsing::showSongInAlbum(const QString& artist, const QString& album, const QString& title) {
+  openAlbum(artist, album, 0);
+  artist_ = artist;
+  const QString shown = songTitleShown(title);
+  for (int row = 1; row <= panel_.grid[1]->maxRows(); ++row)
+    if (panel_.grid[1]->cell(1, row).compare(shown, Qt::CaseInsensitive) == 0) {
+      setActive(1, row);
+      break;
+    }
+  uses_.main.ResetSelections();
+  uses_.main.markTop(0);
+}
+
+bool Browsing::openAt(const QString& path) {
+  const std::optional<Song> song = uses_.database.getSongAtPath(path);
+  if (!song) return false;
+  showSongInAlbum(song->Artist, song->album, song->SongTitle);
+  const int artistRow = panel_.grid[0]->SearchCol(1, 1, song->Artist);
+  if (artistRow > 0) {
+    panel_.grid[0]->SetActiveCell(1, artistRow);
+    std::vector<RowTable::Row> rows;
+    for (const QString& album : uses_.database.getArtistAlbums(song->Artist))
+      rows.push_back({{album}, false, false});
+    panel_.grid[2]->header = song->Artist;
+    panel_.grid[2]->setRows(std::move(rows));
+  }
+  return true;
+}
+
+}  // namespace korvane
