@@ -1,0 +1,12 @@
+// The mounted volumes out of /proc/self/mountinfo; proc(5) tells its format.
+#pragma once
+
+#include "platform/text.h"
+
+namespace korvane {
+
+// Mount points, in the order of the table, of what files are kept on: block devices and network
+// file systems. Not those of the system itself (/boot, packaged programs), and each volume once.
+QStringList volumesOf(QByteArrayView mountInfo);
+
+}  // namespace korvane

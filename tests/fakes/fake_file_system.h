@@ -1,0 +1,55 @@
+// A disk in memory, which can be full, broken or slow to answer. Paths fold case as the real one
+// does.
+#pragma once
+
+#include <map>
+#include <set>
+
+#include "platform/file_system.h"
+
+namespace korvane {
+
+class FakeFileSystem : public FileSystem {
+ public:
+  std::optional<QString> resolve(const QString& path) const override;
+  bool FileExists(const QString& path) const override;
+  bool FolderExists(const QString& path) const override;
+  bool CreateFolder(const QString& path) override;
+  bool DeleteFile(const QString& path) override;
+  bool DeleteFolder(const QString& path) override;
+  bool CopyFile(const QString& from, const QString& to) override;
+  QStringList SubFolders(const QString& path) const override;
+  QStringList Files(const QString& path) const override;
+  std::optional<QByteArray> read(const QString& path, qint64 limit = 64 << 20) const override;
+  bool replace(const QString& path, const QByteArray& bytes, QString* error = nullptr) override;
+  bool append(const QString& path, const QByteArray& bytes) override;
+  QStringList volumes() const override { return mounted; }
+
+  void put(const QString& path, const QByteArray& bytes);  // whatever the faults, with its folders
+  QByteArray bytes(const QString& path) const;  // whatever the faults; empty when missing
+  void fail(const QString& path) { broken_.insert(key(path)); }  // reads and writes of it fail
+  void heal() { broken_.clear(), room = -1; }
+
+  QStringList mounted;
+  qint64 room = -1;              // bytes that can still be written; -1 for no end
+  bool backwards = false;        // folders list their names from z to a
+  std::function<void()> onRead;  // runs inside each read
+  mutable int reads = 0;
+  int writes = 0;
+
+ private:
+  struct Node {
+    QString path;
+    bool folder;
+    QByteArray bytes;
+  };
+  static QString key(const QString& path);
+  const Node* node(const QString& path) const;
+  QStringList names(const QString& path, bool folders) const;
+  bool take(const QString& path, qint64 count, QString* error);
+
+  std::map<QString, Node> nodes_;
+  std::set<QString> broken_;
+};
+
+}  // namespace korvane

@@ -1,0 +1,34 @@
+// Every door to the outside as a fake, bundled as the console is given them. The player and the
+// sockets come from whoever tests with them.
+#pragma once
+
+#include "platform/system.h"
+#include "tests/fakes/fake_clock.h"
+#include "tests/fakes/fake_file_system.h"
+#include "tests/fakes/fake_machine.h"
+#include "tests/fakes/fake_pump.h"
+
+namespace korvane {
+
+struct FakeSystem {
+  FakeClock clock;
+  FakePump pump{clock};
+  FakeChance chance;
+  FakeFileSystem files;
+  FakeScreenPower screenPower;
+  FakeSession session;
+  FakeMixer mixer;
+  FakeTray tray;
+  FakeBox box;
+  FakeInstance instance;
+
+  // `disk` where the files must be real ones. Refers to this and to the arguments.
+  System with(MediaPlayer& player, std::function<std::unique_ptr<Winsock>()> makeWinsock,
+              FileSystem* disk = nullptr) {
+    FileSystem& used = disk ? *disk : files;
+    return {pump,    clock, chance, used, player,   screenPower,
+            session, mixer, tray,   box,  instance, std::move(makeWinsock)};
+  }
+};
+
+}  // namespace korvane
