@@ -3,12 +3,11 @@
 An icon is a list of (kind, path data):
   line   stroked
   solid  filled and stroked, so that its corners are as round as the strokes
-  soft   filled with a fifth of the icon's colour: the depth inside a shape
+  soft   filled with a fraction of the icon's colour: the depth inside a shape
 """
 
 GRID = 24
 STROKE = 1.7
-SOFT = 0.2
 
 
 def circle(x, y, r):
@@ -50,8 +49,8 @@ CAPS = 'M12 3.6l8 8.6h-4.2v4.2H8.2v-4.2H4z'
 JUKEBOX = 'M4.8 20.8V10.2a7.2 7.2 0 0 1 14.4 0v10.6z'
 FRAME_OPEN = ('M10.5 19.5H5.5A2.5 2.5 0 0 1 3 17V7A2.5 2.5 0 0 1 5.5 4.5h13A2.5 2.5 0 0 1 21 7'
               'v2.6')
-SEAT = ('M7.4 3.2h1.2a1.9 1.9 0 0 1 1.9 1.6l1.2 7.6h5a2.1 2.1 0 0 1 2.1 2.1v.2a2.1 2.1 0 0 1'
-        '-2.1 2.1H9.3a2.1 2.1 0 0 1-2.1-1.7L5.5 5.5a2 2 0 0 1 1.9-2.3z')
+SEAT = ('M6.9 2.9h1.3a2 2 0 0 1 2 1.7l1.3 7.7h5.2a2.3 2.3 0 0 1 0 4.6H8.9a2.2 2.2 0 0 1-2.2-1.8'
+        'L4.9 5.3a2 2 0 0 1 2-2.4z')
 
 ICONS = {
     # the tabs
@@ -88,8 +87,8 @@ ICONS = {
                  'a2.2 2.2 0 0 0 2.2-2.2v-2.6'),
     'select': both(circle(12, 12, 9)) + line('M7.8 12.4l3 3 5.4-6'),
     'globe': both(GLOBE[0]) + line(GLOBE[1]),
-    'globeoff': line('M5.9 5.4A9 9 0 0 0 18.6 18.1M8.6 3.7A9 9 0 0 1 20.4 15.2M3.6 3.2l17.2 17.2'
-                     'M3 12h9.2M16 12h5'),
+    'globeoff': line('M20.9 10.7A9 9 0 1 0 10.9 20.9M3 12h8.6M11.6 3.1c-2.4 2.5-3.6 5.5-3.6 8.9'
+                     's1 6 2.9 8.9M12.4 3.1c1.9 2.1 3.1 4.6 3.5 7.4M15 15l6 6M21 15l-6 6'),
     'caps': line(CAPS, 'M8.2 20.4h7.6'),
     'capslit': solid(CAPS) + line('M8.2 20.4h7.6'),
 
@@ -133,11 +132,9 @@ ICONS = {
                        'a1.8 1.8 0 0 1-1.8 1.8H15M9 20H5.8A1.8 1.8 0 0 1 4 18.2V15'),
 
     # where the sound and the picture come from and go to
-    'seat': both(SEAT) + line('M8.4 20.8h9M12.9 16.8v4M13 9.2h4.6'),
-    'cabin': [('soft', circle(12, 12, 9.2))]
-        + line(circle(12, 12, 9.2), 'M4.4 17.2h15.2',
-               'M7 17.2v-5.6a1.6 1.6 0 0 1 3.2 0v5.6M13.8 17.2v-5.6a1.6 1.6 0 0 1 3.2 0v5.6'
-               'M10.4 6.6h3.2'),
+    'seat': both(SEAT) + line('M8 21h9.6M12.8 17v4M14 8.6h4.4'),
+    'cabin': both(rect(6.6, 2.8, 10.8, 18.4, 2.6))
+        + line(circle(12, 14.7, 3), 'M12 7.3v.1M3.4 8.2a8 8 0 0 0 0 7.6M20.6 8.2a8 8 0 0 1 0 7.6'),
     'digital': line('M4 10v4M8 6.6v10.8M12 3.4v17.2M16 7.8v8.4M20 10.2v3.6'),
     'normal': line('M3.4 6h17.2M3.4 12h8.2M3.4 18h8.2') + solid('M15.8 12v6l5-3z'),
     'dvd': both(circle(12, 12, 9)) + solid('M10.2 8.8v6.4l5.2-3.2z'),

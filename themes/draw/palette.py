@@ -72,10 +72,14 @@ class Palette:
     sky: tuple          # background: upper, middle and lower colour
     glow: str           # the dawn at the lower edge of the background
     glow_share: float
+    limb: str           # splash: the horizon, and how strong the light along it
+    limb_share: float
     accent: str
     accent_ink: str     # text on a surface filled with the accent
     glow_lit: str       # glow inside a lit tile
     shade: str          # shadow edges
+    soft: float         # opacity of the soft inside of an icon
+    record: float       # opacity of the record in the stand-in for a cover
     ink: str            # primary text and icons
     dim: str            # secondary text
     panel: str          # lists
@@ -101,10 +105,12 @@ MERIDIAN = Palette(
     name='MERIDIAN',
     sky=('#18212C', '#0F151C', '#0A0D12'),
     glow='#E39A45', glow_share=0.20,
+    limb='#FFD9A0', limb_share=0.42,
     accent='#F5B85F', accent_ink='#1C1306', glow_lit='#F5A94A', shade='#000000',
+    soft=0.2, record=0.16,
     ink='#EEF2F6', dim='#A9B6C4',
     panel='#121921', panel_line='#1A232D',
-    selected='#3E3222', selected_ink='#FFD596',
+    selected='#44351E', selected_ink='#FFD596',
     surface='#1B242E', button='#2A3440', button_ink='#EEF2F6',
     pressed='#F0AE57', pressed_ink='#1C1306',
     groove='#2B3642', knob='#FFE3B5', knob_ink='#1C1306', edge='#3A4653',
@@ -124,15 +130,17 @@ MERIDIAN = Palette(
 DAYBREAK = Palette(
     name='DAYBREAK',
     sky=('#F4F6F8', '#E8ECF0', '#D9DFE6'),
-    glow='#FFC27A', glow_share=0.36,
+    glow='#FFD6A0', glow_share=0.62,
+    limb='#FFFFFF', limb_share=0.95,
     accent='#934504', accent_ink='#FFFFFF', glow_lit='#FFB457', shade='#24364A',
+    soft=0.11, record=0.07,
     ink='#18222D', dim='#4A5868',
     panel='#FAFBFC', panel_line='#EBEFF3',
     selected='#FCE3C2', selected_ink='#6E3403',
     surface='#FFFFFF', button='#E9EDF2', button_ink='#18222D',
     pressed='#A65511', pressed_ink='#FFFFFF',
     groove='#C9D1DA', knob='#7A3903', knob_ink='#FFFFFF', edge='#C3CCD5',
-    art=('#DDE4EB', '#B9C5D1'),
+    art=('#E6EBF0', '#C6D0DA'),
     folder=('#B9772B', '#F7C47C', '#E2A04F'),
     badge=('#33475D', '#131D28'),
     states={

@@ -23,7 +23,7 @@ class Table:
             raise SystemExit('draw: two pictures would be called %s' % name)
         self.files[name] = text
 
-    def captioned(self, name, state, w, h, icon, word, size=tiles.CAPTION, grid=36):
+    def captioned(self, name, state, w, h, icon, word, size=tiles.CAPTION, grid=35):
         self.put(name, tiles.captioned(self.palette, state, w, h, icon, word, state,
                                        self.contrasts, size, grid))
 
@@ -59,11 +59,11 @@ def draw(palette, contrasts):
                              ('movies/movies', 'movies', 'Movies'),
                              ('photos/photo', 'photos', 'Photos'), ('maps/maps', 'maps', 'Maps'),
                              ('radio/radio', 'radio', 'Radio'), ('more/more', 'more', 'More')):
-        t.pressable(name, 'lit', 120, 84, icon, word, size=tiles.WORD, grid=38)
+        t.pressable(name, 'lit', 120, 84, icon, word, size=tiles.WORD, grid=36)
 
     # the form
     for name in ('exit', 'minimize', 'setup'):
-        t.pressable(name, 'pressed', 120, 72, name, normal='quiet', grid=34)
+        t.pressable(name, 'pressed', 120, 72, name, normal='quiet', grid=36)
     t.pressable('UP', 'pressed', 88, 88, 'pageup')
     t.pressable('DOWN', 'pressed', 88, 88, 'pagedown')
     t.answer('yes', 'check', 'Yes', True)
@@ -85,8 +85,8 @@ def draw(palette, contrasts):
                              ('playlist', 'playlist', 'Playlists'), ('song', 'song', 'Songs'),
                              ('search', 'search', 'Search'), ('Favorites', 'heart', 'Favourites'),
                              ('jukebox', 'jukebox', 'Jukebox')):
-        t.pressable('music/' + name, 'lit', 112, 76, icon, word, grid=32)
-    t.pressable('music/back', 'pressed', 112, 76, 'back', 'Back', grid=32)
+        t.pressable('music/' + name, 'lit', 112, 76, icon, word, grid=31)
+    t.pressable('music/back', 'pressed', 112, 76, 'back', 'Back', grid=31)
 
     # transport
     for name in ('prev', 'play', 'pause', 'stop', 'next', 'delete'):
@@ -121,12 +121,12 @@ def draw(palette, contrasts):
 
     # editing
     t.pressable('music/AddFav', 'lit', 107, 76, 'favadd', 'Favourite', held_icon='favadded',
-                grid=32)
+                grid=31)
     for name, icon, word in (('trash', 'trash', 'Remove'), ('addSong', 'addsong', 'Add song'),
                              ('addAlbum', 'addalbum', 'Add album'),
                              ('moveSongup', 'moveup', 'Move up'),
                              ('moveSongdown', 'movedown', 'Move down')):
-        t.pressable('music/' + name, 'pressed', 107, 76, icon, word, grid=32)
+        t.pressable('music/' + name, 'pressed', 107, 76, icon, word, grid=31)
 
     # movies and photos
     t.pressable('movies/menu', 'pressed', 107, 84, 'menu', 'Menu')

@@ -1,5 +1,6 @@
 """The splash screen: computed point by point with a fine dither, so that no bands show."""
 
+import math
 import os
 import subprocess
 import tempfile
@@ -9,29 +10,39 @@ import tiles
 from palette import mix, rgb
 
 QUALITY = 90
-NAME_Y = 470
+NAME_Y = 462
+LIMB_Y, LIMB_RADIUS = 552, 2600
 
 
 def overlay(p):
     """The mark and the name, on a clear ground."""
-    scale = 0.86
-    side = 256 * scale
-    body = '<g transform="translate(%s 158) scale(%s)">%s</g>' % (
-        tiles.n(640 - side / 2), tiles.n(scale), tiles.mark(p.ink, p.accent))
+    scale = 0.82
+    body = '<g transform="translate(%s 132) scale(%s)">%s</g>' % (
+        tiles.n(640 - 130 * scale), tiles.n(scale), tiles.mark(p.ink, p.accent))
     body += tiles.path(letters.outline('Korvane', 104, 640, NAME_Y, 'Display-Medium', digits=2,
                                        tracking=0.012), p.ink)
-    # the horizon: a hairline that dies away to both sides
-    defs = tiles.linear('h', 240, 0, 1040, 0, [(0, p.accent, 0), (0.5, p.accent, 0.9),
-                                               (1, p.accent, 0)])
-    body += tiles.rect(240, 548, 800, 1.6, 0, 'url(#h)')
+    # the limb: a hairline that dies away to both sides
+    far = 560
+    drop = LIMB_RADIUS - math.sqrt(LIMB_RADIUS ** 2 - far ** 2)
+    defs = tiles.linear('h', 640 - far, 0, 640 + far, 0,
+                        [(0, p.limb, 0), (0.3, p.limb, 0.35), (0.5, p.limb, 1),
+                         (0.7, p.limb, 0.35), (1, p.limb, 0)])
+    body += tiles.path('M%s %sA%d %d 0 0 1 %s %s' % (
+        640 - far, tiles.n(LIMB_Y + drop), LIMB_RADIUS, LIMB_RADIUS, 640 + far,
+        tiles.n(LIMB_Y + drop)), 'none', ' stroke="url(#h)" stroke-width="2"')
     return tiles.svg(tiles.W, tiles.H, body, defs)
 
 
 def point(p, x, y):
-    colour = tiles.background_at(p, 640, x, y)
-    far = ((x - 640) / 760) ** 2 + ((y - 548) / (60 if y > 548 else 300)) ** 2
-    if far < 1:
-        colour = mix(colour, rgb(p.glow), 0.9 * p.glow_share * (1 - far ** 0.5) ** 2)
+    """The sky, and the light that lies along the limb: long above it, short below."""
+    top, middle, bottom = (rgb(c) for c in p.sky)
+    t = y / tiles.H * 2
+    colour = mix(top, middle, t) if t < 1 else mix(middle, bottom, t - 1)
+    aside = (x - 640) / 700
+    if abs(aside) < 1:
+        height = math.hypot(x - 640, y - LIMB_Y - LIMB_RADIUS) - LIMB_RADIUS
+        light = math.exp(-height / 95) if height > 0 else math.exp(height / 16)
+        colour = mix(colour, rgb(p.glow), p.limb_share * light * (1 - aside * aside) ** 2)
     return colour
 
 

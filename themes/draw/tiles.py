@@ -14,9 +14,10 @@ RADIUS = 14
 INSET = 2.5          # the hairline's centre, from the picture's edge
 FOOT = 5             # room below the body: the shadow edge
 CAPTION = 16.5
-WORD = 18
+WORD = 19
 BUTTON = 27
 MARGIN = 8           # least room beside a word
+LAMP_ROOM = 9        # the lower end of a captioned tile, kept for the lamp
 
 n = letters.fine
 
@@ -29,7 +30,7 @@ def svg(w, h, body, defs='', stretch=False):
 
 def stops(rows):
     return ''.join('<stop offset="%s" stop-color="%s"%s/>' % (
-        n(at), colour, '' if share == 1 else ' stop-opacity="%s"' % ('%.3f' % share).rstrip('0'))
+        n(at), colour, '' if share == 1 else ' stop-opacity="%g"' % round(share, 3))
         for at, colour, share in rows)
 
 
@@ -54,13 +55,13 @@ def path(data, fill, extra=''):
     return '<path d="%s" fill="%s"%s/>' % (data, fill, extra)
 
 
-def icon(name, x, y, size, colour):
+def icon(name, x, y, size, colour, soft):
     """The icon with its upper left corner at x, y."""
     out = []
     for kind, data in icons.ICONS[name]:
         if kind == 'soft':
             out.append('<path d="%s" fill="%s" fill-opacity="%s" stroke="none"/>'
-                       % (data, colour, n(icons.SOFT)))
+                       % (data, colour, n(soft)))
         else:
             out.append('<path d="%s" fill="%s"/>' % (data, colour if kind == 'solid' else 'none'))
     scale = ('%.4f' % (size / icons.GRID)).rstrip('0').rstrip('.')
@@ -126,7 +127,7 @@ class Tile:
     def icon(self, name, x, y, size, colour=None):
         colour = colour or self.state.icon
         self.measure('icon', colour, x, y, size, size)
-        self.body.append(icon(name, x, y, size, colour))
+        self.body.append(icon(name, x, y, size, colour, self.palette.soft))
         return self
 
     def word(self, word, size, x, baseline, weight='-Medium', anchor='middle'):
@@ -143,7 +144,7 @@ class Tile:
 
     def lamp(self, width=30):
         if self.state.lamp:
-            self.body.append(rect((self.w - width) / 2, self.low - 6.5, width, 3.5, 1.75,
+            self.body.append(rect((self.w - width) / 2, self.low - 6, width, 3, 1.5,
                                   self.state.lamp))
         return self
 
@@ -155,9 +156,8 @@ def captioned(palette, state, w, h, icon_name, word, pair, contrasts, size=CAPTI
     """An icon with a word below it."""
     tile = Tile(palette, state, w, h, pair, contrasts)
     cap = letters.cap_height(size)
-    gap = 9 if h > 80 else 7
-    lamp = 5                                     # the lamp's share of the lower end
-    top = (tile.low + INSET - lamp - (grid + gap + cap)) / 2
+    gap = 8 if h > 80 else 6
+    top = (tile.low + INSET - LAMP_ROOM - (grid + gap + cap)) / 2
     tile.icon(icon_name, (w - grid) / 2, top, grid)
     tile.word(word, size, w / 2, top + grid + gap + cap)
     return tile.lamp().svg()
@@ -225,22 +225,18 @@ def background_mean(palette, glow_x):
 # Free drawings ----------------------------------------------------------------------------------
 
 def mark(ink, accent):
-    """The mark on a square of 256: a meridian over the horizon, the sun on its way up."""
-    line = ' stroke="%s" stroke-width="%s" stroke-linecap="round"'
-    arc = 'M44 164a84 84 0 0 1 168 0'
-    inner = 'M92 164c0-50 14-84 36-84s36 34 36 84'
-    sun = 128 + 84 * math.cos(math.radians(52)), 164 - 84 * math.sin(math.radians(52))
-    return (path(inner, 'none', line % (ink, '7') + ' stroke-opacity="0.45"')
-            + path(arc, 'none', line % (ink, '13'))
-            + path('M28 192h200', 'none', line % (ink, '13'))
-            + '<circle cx="%s" cy="%s" r="17" fill="%s"/>' % (n(sun[0]), n(sun[1]), accent))
+    """The mark on a square of 256: a meridian, the limbs of the horizon, the sun between them."""
+    return (path('M64 54V202M178 54a76 74 0 0 1-76 74a76 74 0 0 1 76 74', 'none',
+                 ' stroke="%s" stroke-width="15" stroke-linecap="round" stroke-linejoin="round"'
+                 % ink)
+            + '<circle cx="186" cy="128" r="17" fill="%s"/>' % accent)
 
 
 def logo(palette):
     top, bottom = palette.badge
     defs = (linear('b', 0, 4, 0, 252, [(0, top, 1), (1, bottom, 1)])
             + linear('e', 0, 4, 0, 252, [(0, '#FFFFFF', 0.35), (1, '#FFFFFF', 0.06)])
-            + radial('g', 128, 214, 130, 74, fade('#F5A94A', 0.7)))
+            + radial('g', 128, 270, 170, 130, fade('#F5A94A', 0.75)))
     body = (rect(4, 4, 248, 248, 56, 'url(#b)')
             + rect(4, 4, 248, 248, 56, 'url(#g)', ' stroke="url(#e)" stroke-width="2"')
             + mark('#F4F7FA', '#F5B85F'))
@@ -254,10 +250,10 @@ def empty_art(palette):
             + radial('g', 111, 240, 190, 130, fade(palette.glow, palette.glow_share * 1.6)))
     ring = '<circle cx="111" cy="111" r="%d" fill="none" stroke="%s" stroke-opacity="%s"/>'
     body = (rect(0, 0, 222, 222, 10, 'url(#b)') + rect(0, 0, 222, 222, 10, 'url(#g)')
-            + '<circle cx="111" cy="111" r="82" fill="%s" fill-opacity="0.16"/>' % palette.shade
+            + '<circle cx="111" cy="111" r="82" fill="%s" fill-opacity="%s"/>' % (palette.shade, n(palette.record))
             + ''.join(ring % (r, palette.ink, '0.16') for r in (82, 70, 58))
-            + '<circle cx="111" cy="111" r="46" fill="%s" fill-opacity="0.16"/>' % palette.accent
-            + icon('music', 111 - 26, 111 - 26, 52, palette.accent))
+            + '<circle cx="111" cy="111" r="46" fill="%s" fill-opacity="0.16"/>' % palette.glow_lit
+            + icon('music', 111 - 26, 111 - 26, 52, palette.accent, palette.soft))
     return svg(222, 222, body, defs)
 
 
@@ -285,5 +281,5 @@ def lamp_globe(palette, on):
     if on:
         defs = radial('g', 24, 24, 24, 24, fade(palette.glow_lit, 0.75))
         return svg(48, 48, rect(0, 0, 48, 48, 0, 'url(#g)')
-                   + icon('globe', 9, 9, 30, palette.accent), defs)
-    return svg(48, 48, icon('globeoff', 9, 9, 30, palette.dim))
+                   + icon('globe', 9, 9, 30, palette.accent, palette.soft), defs)
+    return svg(48, 48, icon('globeoff', 9, 9, 30, palette.dim, palette.soft))
