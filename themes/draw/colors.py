@@ -47,14 +47,11 @@ def ini(p, contrasts):
     for title, elements in table(p):
         rows += ['', '; ' + title]
         for name, back, front in elements:
-            contrasts.note('%s COLORS.INI, %s' % (p.name, name), rgb(front), [rgb(back)])
+            contrasts.note(p.name, '`%sFOR` on `%sBACK`' % (name, name), rgb(front), [rgb(back)])
             rows += ['%sBACK=%d' % (name, bgr(back)), '%sFOR=%d' % (name, bgr(front))]
     # Status text stands on every background, not only on its mean.
-    for group, x in pictures.GLOWS.items():
-        contrasts.note('%s status text, background %s' % (p.name, group), rgb(p.ink),
-                       tiles.background_grid(p, x))
-        contrasts.note('%s dim text, background %s' % (p.name, group), rgb(p.dim),
-                       tiles.background_grid(p, x))
-        contrasts.note('%s accent, background %s' % (p.name, group), rgb(p.accent),
-                       tiles.background_grid(p, x))
+    for what, colour in (('status text', p.ink), ('secondary text', p.dim), ('accent', p.accent)):
+        for x in pictures.GLOWS.values():
+            contrasts.note(p.name, what + ' on the backgrounds', rgb(colour),
+                           tiles.background_grid(p, x))
     return '\n'.join(rows) + '\n'

@@ -1,9 +1,10 @@
 #!/usr/bin/python3
 """Draws the shipped themes.
 
-  draw.py              writes themes/krvgraphics/<THEME>/ afresh
-  draw.py --check      draws, but only compares with what lies there; fails on any difference
-  draw.py --contrasts  prints the lowest contrast of each pair as a table
+  draw.py          writes krvgraphics/<THEME>/ and the table of contrasts in docs/theme.md afresh
+  draw.py --check  draws, but only compares with what lies there; fails on any difference
+
+Either fails where a text or an icon stands out by less than 4.5:1 from its ground.
 """
 
 import os
@@ -18,10 +19,12 @@ from palette import PALETTES, Contrasts
 
 HOME = os.path.dirname(os.path.abspath(__file__))
 OUT = os.path.join(os.path.dirname(HOME), 'krvgraphics')
+PAGE = os.path.join(os.path.dirname(os.path.dirname(HOME)), 'docs', 'theme.md')
+TABLE_FROM, TABLE_TO = '<!-- contrasts: written by draw.py -->\n', '<!-- end of contrasts -->\n'
 LARGEST = 6 * 1024
 
 
-def theme(palette, contrasts, with_splash=True):
+def theme(palette, contrasts):
     """{path below the theme: bytes}"""
     files = {}
     for name, text in pictures.draw(palette, contrasts).items():
@@ -29,8 +32,7 @@ def theme(palette, contrasts, with_splash=True):
         if len(text) > LARGEST:
             raise SystemExit('draw: %s takes %d bytes' % (name, len(text)))
     files['COLORS.INI'] = colors.ini(palette, contrasts).encode('ascii')
-    if with_splash:
-        files['splash.jpg'] = splash.jpeg(palette, contrasts)
+    files['splash.jpg'] = splash.jpeg(palette, contrasts)
     return files
 
 
@@ -54,26 +56,40 @@ def write(top, files):
             out.write(data)
 
 
+def page(contrasts):
+    """The page on the theme as it lies there, and as it should be."""
+    with open(PAGE, encoding='utf-8') as file:
+        there = file.read()
+    before, _, rest = there.partition(TABLE_FROM)
+    _, end, after = rest.partition(TABLE_TO)
+    if not end:
+        raise SystemExit('draw: no place for the contrasts in ' + PAGE)
+    return there, before + TABLE_FROM + '\n' + contrasts.table() + '\n' + TABLE_TO + after
+
+
 def main(arguments):
-    if set(arguments) - {'--check', '--contrasts'}:
+    if arguments not in ([], ['--check']):
         raise SystemExit(__doc__)
-    contrasts, wrong = Contrasts(), 0
+    check, contrasts, wrong = bool(arguments), Contrasts(), []
     for palette in PALETTES:
-        files = theme(palette, contrasts, with_splash=arguments != ['--contrasts'])
-        top = os.path.join(OUT, palette.name)
-        if '--check' in arguments:
+        files, top = theme(palette, contrasts), os.path.join(OUT, palette.name)
+        if check:
             there = lying(top)
-            for name in sorted(set(there) | set(files)):
-                if there.get(name) != files.get(name):
-                    print('differs: %s/%s' % (palette.name, name))
-                    wrong += 1
-        elif '--contrasts' not in arguments:
+            wrong += ['%s/%s' % (palette.name, name) for name in sorted(set(there) | set(files))
+                      if there.get(name) != files.get(name)]
+        else:
             write(top, files)
             print('%s: %d files, %d bytes' % (palette.name, len(files),
                                               sum(map(len, files.values()))))
-    if '--contrasts' in arguments:
-        for pair, worst in contrasts.lowest.items():
-            print('| %s | %.1f |' % (pair, worst))
+    there, wanted = page(contrasts)
+    if there != wanted:
+        if check:
+            wrong.append('docs/theme.md')
+        else:
+            with open(PAGE, 'w', encoding='utf-8') as out:
+                out.write(wanted)
+    for name in wrong:
+        print('differs: ' + name)
     return 1 if wrong else 0
 
 

@@ -44,11 +44,19 @@ class Contrasts:
     def __init__(self):
         self.lowest = {}
 
-    def note(self, pair, front, backs):
+    def note(self, theme, pair, front, backs):
         worst = min(contrast(front, back) for back in backs)
         if worst < MINIMUM_CONTRAST:
-            raise SystemExit('draw: %s reaches only %.2f:1' % (pair, worst))
-        self.lowest[pair] = min(worst, self.lowest.get(pair, worst))
+            raise SystemExit('draw: %s, %s reaches only %.2f:1' % (theme, pair, worst))
+        row = self.lowest.setdefault(pair, {})
+        row[theme] = min(worst, row.get(theme, worst))
+
+    def table(self):
+        themes = [p.name for p in PALETTES]
+        rows = ['| pair | %s |' % ' | '.join(themes), '|---|' + '---:|' * len(themes)]
+        for pair, row in self.lowest.items():
+            rows.append('| %s | %s |' % (pair, ' | '.join('%.1f' % row[t] for t in themes)))
+        return '\n'.join(rows) + '\n'
 
 
 @dataclass(frozen=True)
@@ -96,7 +104,8 @@ class Palette:
     knob_ink: str
     edge: str
     art: tuple          # stand-in for a cover, upper and lower colour
-    folder: tuple       # photo folder: back, front top, front bottom
+    folder: tuple       # photo folder: back, front top, front bottom, arrow
+    folder_held: tuple  # the same while touched
     badge: tuple        # the mark's own tile, upper and lower colour
     states: dict
 
@@ -115,7 +124,8 @@ MERIDIAN = Palette(
     pressed='#F0AE57', pressed_ink='#1C1306',
     groove='#2B3642', knob='#FFE3B5', knob_ink='#1C1306', edge='#3A4653',
     art=('#2A3542', '#141B23'),
-    folder=('#8B662F', '#F0B865', '#CB8B3B'),
+    folder=('#3B4B5B', '#5C7085', '#3F5061', '#FFFFFF'),
+    folder_held=('#9A6D2C', '#FFD28E', '#E9A24D', '#1C1306'),
     badge=('#2B3847', '#0C1117'),
     states={
         'normal': State('#2C3743', '#1B232D', '#FFFFFF', 0.20, 0.04, '#EEF2F6', '#EEF2F6', 0.45),
@@ -133,15 +143,16 @@ DAYBREAK = Palette(
     glow='#FFD6A0', glow_share=0.62,
     limb='#FFFFFF', limb_share=0.95,
     accent='#934504', accent_ink='#FFFFFF', glow_lit='#FFB457', shade='#24364A',
-    soft=0.11, record=0.07,
+    soft=0.11, record=0.06,
     ink='#18222D', dim='#4A5868',
     panel='#FAFBFC', panel_line='#EBEFF3',
     selected='#FCE3C2', selected_ink='#6E3403',
     surface='#FFFFFF', button='#E9EDF2', button_ink='#18222D',
     pressed='#A65511', pressed_ink='#FFFFFF',
     groove='#C9D1DA', knob='#7A3903', knob_ink='#FFFFFF', edge='#C3CCD5',
-    art=('#E6EBF0', '#C6D0DA'),
-    folder=('#B9772B', '#F7C47C', '#E2A04F'),
+    art=('#F0F3F6', '#D3DBE3'),
+    folder=('#8C9DAE', '#D3DCE5', '#AFBECC', '#18222D'),
+    folder_held=('#6E3403', '#AF5D14', '#934706', '#FFFFFF'),
     badge=('#33475D', '#131D28'),
     states={
         'normal': State('#FFFFFF', '#F0F3F6', '#24364A', 0.10, 0.24, '#18222D', '#18222D', 0.16),

@@ -75,9 +75,9 @@ def draw(palette, contrasts):
     t.answer('select', 'select', 'Select', True)
     t.plain('capslockon', 'lit', 96, 64, 'capslit', grid=32)
     t.plain('capslockoff', 'off', 96, 64, 'caps', grid=32)
-    t.put('ION', tiles.lamp_globe(palette, True))
-    t.put('IOFF', tiles.lamp_globe(palette, False))
-    t.put('emptyart', tiles.empty_art(palette))
+    t.put('ION', tiles.lamp_globe(palette, True, contrasts))
+    t.put('IOFF', tiles.lamp_globe(palette, False, contrasts))
+    t.put('emptyart', tiles.empty_art(palette, contrasts))
     t.put('logo', tiles.logo(palette))
 
     # lists of the music
@@ -133,6 +133,6 @@ def draw(palette, contrasts):
     t.pressable('movies/fullscreen', 'pressed', 107, 84, 'fullscreen', 'Full screen')
     t.pressable('photos/manage', 'pressed', 107, 84, 'manage', 'Manage')
     for suffix, pressed in (('', False), ('b', True)):
-        t.put('photos/UpDirectory' + suffix, tiles.folder(palette, pressed, True))
-        t.put('photos/folderclosed' + suffix, tiles.folder(palette, pressed, False))
+        t.put('photos/UpDirectory' + suffix, tiles.folder(palette, pressed, True, contrasts))
+        t.put('photos/folderclosed' + suffix, tiles.folder(palette, pressed, False, contrasts))
     return t.files

@@ -47,9 +47,9 @@ def point(p, x, y):
 
 
 def jpeg(p, contrasts):
-    contrasts.note('%s splash, status line' % p.name, rgb(p.ink),
+    contrasts.note(p.name, 'splash: status line', rgb(p.ink),
                    [point(p, x, y) for x in range(240, 1041, 80) for y in range(600, 701, 20)])
-    contrasts.note('%s splash, name' % p.name, rgb(p.ink),
+    contrasts.note(p.name, 'splash: name', rgb(p.ink),
                    [point(p, x, y) for x in range(400, 881, 40) for y in range(380, 480, 20)])
     rows, seed = bytearray(), 0x2545F491
     for y in range(tiles.H):

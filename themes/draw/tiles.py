@@ -90,7 +90,7 @@ class Tile:
     def __init__(self, palette, state, w, h, pair, contrasts):
         self.palette, self.w, self.h = palette, w, h
         self.state = palette.states[state]
-        self.pair, self.contrasts = '%s %s' % (palette.name, pair), contrasts
+        self.pair, self.contrasts = pair, contrasts
         s = self.state
         self.low = h - FOOT                       # lower end of the body
         self.glow = (w / 2, h, w * 0.62, h * 0.85)
@@ -121,7 +121,7 @@ class Tile:
 
     def measure(self, what, colour, x, y, w, h):
         grid = [i / 8 for i in range(9)]
-        self.contrasts.note('%s, %s' % (self.pair, what), rgb(colour),
+        self.contrasts.note(self.palette.name, 'tile, %s: %s' % (self.pair, what), rgb(colour),
                             [self.under(x + w * i, y + h * j) for i in grid for j in grid])
 
     def icon(self, name, x, y, size, colour=None):
@@ -243,11 +243,18 @@ def logo(palette):
     return svg(256, 256, body, defs)
 
 
-def empty_art(palette):
+def empty_art(palette, contrasts):
     """Stands in for a missing cover: a record in the dusk."""
     top, bottom = palette.art
     defs = (linear('b', 0, 0, 0, 222, [(0, top, 1), (1, bottom, 1)])
             + radial('g', 111, 240, 190, 130, fade(palette.glow, palette.glow_share * 1.6)))
+    grounds = []
+    for y in range(85, 138, 4):                  # down the middle, where the note stands
+        ground = mix(rgb(top), rgb(bottom), y / 222)
+        ground = mix(ground, rgb(palette.glow), fade_at((240 - y) / 130, palette.glow_share * 1.6))
+        ground = mix(ground, rgb(palette.shade), palette.record)
+        grounds.append(mix(ground, rgb(palette.glow_lit), 0.16))
+    contrasts.note(palette.name, 'stand-in for a cover: note', rgb(palette.accent), grounds)
     ring = '<circle cx="111" cy="111" r="%d" fill="none" stroke="%s" stroke-opacity="%s"/>'
     body = (rect(0, 0, 222, 222, 10, 'url(#b)') + rect(0, 0, 222, 222, 10, 'url(#g)')
             + '<circle cx="111" cy="111" r="82" fill="%s" fill-opacity="%s"/>' % (palette.shade, n(palette.record))
@@ -257,29 +264,36 @@ def empty_art(palette):
     return svg(222, 222, body, defs)
 
 
-def folder(palette, pressed, up):
+def folder(palette, pressed, up, contrasts):
     """A photo folder; `up` bears the arrow to the folder above."""
-    back, front_top, front_bottom = palette.folder
-    if pressed:
-        back, front_top, front_bottom = (hexed(mix(rgb(c), (255, 255, 255), 0.45))
-                                         for c in palette.folder)
-    defs = linear('f', 0, 34, 0, 82, [(0, front_top, 1), (1, front_bottom, 1)])
+    back, top, bottom, arrow = palette.folder_held if pressed else palette.folder
+    defs = linear('f', 0, 33, 0, 82, [(0, top, 1), (1, bottom, 1)])
     body = (path('M8 74V24a8 8 0 0 1 8-8h20l9 10h35a8 8 0 0 1 8 8v40z', back)
             + rect(8, 35, 80, 49, 9, palette.shade, ' fill-opacity="0.3"')
             + rect(8, 33, 80, 49, 9, 'url(#f)')
-            + path('M16 33.6h64', 'none', ' stroke="#FFFFFF" stroke-opacity="0.6" '
+            + path('M16 33.7h64', 'none', ' stroke="#FFFFFF" stroke-opacity="0.45" '
                                           'stroke-width="1.4" stroke-linecap="round"'))
     if up:
-        body += path('M48 72V47M37 57l11-11 11 11', 'none',
-                     ' stroke="#2A1A05" stroke-width="5" stroke-linecap="round" '
-                     'stroke-linejoin="round"')
+        middle = [mix(rgb(top), rgb(bottom), t / 8) for t in range(2, 7)]
+        contrasts.note(palette.name, 'folder%s: arrow' % (' touched' if pressed else ''),
+                       rgb(arrow), middle)
+        body += path('M48 70V46M37 56l11-11 11 11', 'none',
+                     ' stroke="%s" stroke-width="5" stroke-linecap="round" '
+                     'stroke-linejoin="round"' % arrow)
     return svg(96, 96, body, defs)
 
 
-def lamp_globe(palette, on):
+LAMP_GLOW = 0.3
+
+
+def lamp_globe(palette, on, contrasts):
     """The lamp that tells whether the internet can be reached."""
     if on:
-        defs = radial('g', 24, 24, 24, 24, fade(palette.glow_lit, 0.75))
+        contrasts.note(palette.name, 'internet lamp, on', rgb(palette.accent),
+                       [mix(rgb(c), rgb(palette.glow_lit), LAMP_GLOW) for c in palette.sky])
+        defs = radial('g', 24, 24, 24, 24, fade(palette.glow_lit, LAMP_GLOW))
         return svg(48, 48, rect(0, 0, 48, 48, 0, 'url(#g)')
-                   + icon('globe', 9, 9, 30, palette.accent, palette.soft), defs)
-    return svg(48, 48, icon('globeoff', 9, 9, 30, palette.dim, palette.soft))
+                   + icon('globe', 8, 8, 32, palette.accent, palette.soft), defs)
+    contrasts.note(palette.name, 'internet lamp, off', rgb(palette.dim),
+                   [rgb(c) for c in palette.sky])
+    return svg(48, 48, icon('globeoff', 8, 8, 32, palette.dim, palette.soft))
