@@ -1,0 +1,32 @@
+// The speakers' volume over the ALSA mixer: the element "Master" of the default device, else the
+// first with a playback volume.
+#pragma once
+
+#include "platform/machine.h"
+
+struct _snd_mixer;
+struct _snd_mixer_elem;
+
+namespace korvane {
+
+class MixerAlsa final : public Mixer {
+ public:
+  // `device` is an ALSA control device, as "default" or "hw:0".
+  explicit MixerAlsa(QString device = u"default"_s) : device_(std::move(device)) {}
+  ~MixerAlsa() override;
+  bool open() override;
+  int maximum() const override { return maximum_; }  // 0 while not open
+  int level() const override;
+  bool setLevel(int value) override;
+
+ private:
+  void close();
+
+  QString device_;
+  _snd_mixer* mixer_ = nullptr;
+  _snd_mixer_elem* element_ = nullptr;
+  long lowest_ = 0;
+  int maximum_ = 0;
+};
+
+}  // namespace korvane
