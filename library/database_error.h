@@ -1,0 +1,28 @@
+// What can go wrong with the database, in words for the user: what happened, to what, what to do.
+#pragma once
+
+#include <exception>
+
+#include "platform/text.h"
+
+namespace korvane {
+
+class DatabaseError : public std::exception {
+ public:
+  enum Kind { Missing, NotADatabase, Damaged, Locked, ReadOnly, NoAccess, DiskFull, Other };
+
+  // `code` is an SQLite result code, `path` the file, `detail` the engine's own words.
+  DatabaseError(int code, const QString& path, const QString& detail);
+  DatabaseError(Kind kind, const QString& path, const QString& detail = {});
+
+  Kind kind() const { return kind_; }
+  const QString& text() const { return text_; }
+  const char* what() const noexcept override { return bytes_.constData(); }
+
+ private:
+  Kind kind_;
+  QString text_;
+  QByteArray bytes_;
+};
+
+}  // namespace korvane

@@ -1,0 +1,55 @@
+// A recordset that lives in memory only: rows with a current position, counted from 1.
+#pragma once
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+namespace korvane {
+
+template <class Row>
+class Recordset {
+ public:
+  int RecordCount() const { return static_cast<int>(rows_.size()); }
+  bool bof() const { return position_ < 1; }
+  bool eof() const { return position_ > RecordCount(); }
+
+  // The current record, 0 before the first and RecordCount() + 1 after the last.
+  int AbsolutePosition() const { return position_; }
+  void setAbsolutePosition(int record) { position_ = std::clamp(record, 0, RecordCount() + 1); }
+  void MoveFirst() { position_ = 1; }
+  void MoveLast() { position_ = RecordCount(); }
+  void MoveNext() { setAbsolutePosition(position_ + 1); }
+  void MovePrevious() { setAbsolutePosition(position_ - 1); }
+
+  // Appends and makes the new record the current one.
+  void AddNew(Row row) {
+    rows_.push_back(std::move(row));
+    position_ = RecordCount();
+  }
+  // Deletes the current record; the one after it becomes current. Nothing without a current record.
+  void Delete() {
+    if (bof() || eof()) return;
+    rows_.erase(rows_.begin() + position_ - 1);
+  }
+
+  // The current record; an empty one where there is none.
+  const Row& row() const { return at(position_); }
+  // Record 1 to RecordCount(); an empty one outside.
+  const Row& at(int record) const {
+    static const Row none{};
+    return record < 1 || record > RecordCount() ? none : rows_[static_cast<size_t>(record - 1)];
+  }
+
+  template <class Before>
+  void Sort(Before before) {
+    std::stable_sort(rows_.begin(), rows_.end(), before);
+    MoveFirst();
+  }
+
+ private:
+  std::vector<Row> rows_;
+  int position_ = 0;
+};
+
+}  // namespace korvane

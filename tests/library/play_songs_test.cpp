@@ -1,0 +1,65 @@
+#include "library/play_songs.h"
+
+#include <gtest/gtest.h>
+
+namespace korvane {
+namespace {
+
+class Drawn : public Chance {
+ public:
+  explicit Drawn(float value) : value_(value) {}
+  float rnd() override { return value_; }
+
+ private:
+  float value_;
+};
+
+PlaySongs listOf(int count) {
+  PlaySongs songs;
+  songs.resetPlaySongs();
+  for (int i = 1; i <= count; ++i) songs.addPlaySong({QString::number(i), {}, {}, {}, {}, {}});
+  return songs;
+}
+
+TEST(PlaySongs, CutsTextsToTheirFieldsAndKeepsThePath) {
+  PlaySongs songs = listOf(0);
+  const QString wide(300, u'x');
+  songs.addPlaySong({wide, wide, wide, wide, wide, wide});
+  const PlaySong& row = songs.rsPlaySongs.row();
+  EXPECT_EQ(row.Title.size() + row.Artist.size() + row.Album.size(), 210);
+  EXPECT_EQ(row.Comment.size(), 30);
+  EXPECT_EQ(row.Year.size(), 4);
+  EXPECT_EQ(row.Path, wide);
+}
+
+TEST(PlaySongs, TheBagPlaysEachOnceBeforeAnyAgain) {
+  PlaySongs songs = listOf(5);
+  for (const float draw : {0.0F, 0.5F, 0.99999997F}) {
+    Drawn chance(draw);
+    std::vector<int> drawn;
+    for (int i = 0; i < 5; ++i) drawn.push_back(songs.getRandomRecord(i == 0, chance));
+    std::sort(drawn.begin(), drawn.end());
+    EXPECT_EQ(drawn, (std::vector<int>{1, 2, 3, 4, 5})) << draw;
+    EXPECT_EQ(songs.getRandomRecord(false, chance), 0);
+  }
+}
+
+TEST(Recordset, MovesAndDeletesByAbsolutePosition) {
+  PlaySongs songs = listOf(3);
+  auto& rs = songs.rsPlaySongs;
+  rs.MoveFirst();
+  rs.MovePrevious();
+  EXPECT_TRUE(rs.bof());
+  rs.setAbsolutePosition(2);
+  rs.Delete();
+  EXPECT_EQ(rs.row().Title, u"3"_s);
+  rs.Delete();
+  EXPECT_TRUE(rs.eof());
+  EXPECT_EQ(rs.row().Title, QString());
+  rs.MoveLast();
+  EXPECT_EQ(rs.row().Title, u"1"_s);
+  EXPECT_EQ(rs.RecordCount(), 1);
+}
+
+}  // namespace
+}  // namespace korvane
