@@ -33,13 +33,14 @@ void MediaPlayerVlc::setFileName(const QString& path) {
   ended_ = false;
   ++generation_;
   const QFileInfo file(path);
-  error_ = !file.isFile()      ? u"Cannot play %1: there is no such file."_s.arg(path)
+  error_ = !file.isFile()       ? u"Cannot play %1: there is no such file."_s.arg(path)
            : !file.isReadable() ? u"Cannot play %1: the file may not be read."_s.arg(path)
                                 : QString();
   if (HasError())
     engine_->post([engine = engine_.get()] { engine->stop(); });
   else
-    engine_->post([engine = engine_.get(), number = generation_, path] { engine->open(number, path); });
+    engine_->post(
+        [engine = engine_.get(), number = generation_, path] { engine->open(number, path); });
 }
 
 void MediaPlayerVlc::Play() {
@@ -103,7 +104,8 @@ void MediaPlayerVlc::heard(const Report& report) {
     case Report::Failure:
       ended_ = true;
       error_ = report.description;
-      if (state_ == Stopped || !events_) return;  // a stop was asked meanwhile: nobody waits for this
+      if (state_ == Stopped || !events_)
+        return;  // a stop was asked meanwhile: nobody waits for this
       state_ = Stopped;
       report.kind == Report::End ? events_->endOfStream() : events_->failed(error_);
   }

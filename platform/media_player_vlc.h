@@ -1,9 +1,9 @@
 // The media player over libVLC.
 //
-// libVLC's calls may block while a device or a disk is slow, so all of them are made, in order, on one
-// thread of the player's own. The members here only keep what was asked and return at once. What
-// libVLC reports comes back through the pump, marked with the file it belongs to; a report of a file
-// that is no longer at hand is dropped.
+// libVLC's calls may block while a device or a disk is slow, so all of them are made, in order, on
+// one thread of the player's own. The members here only keep what was asked and return at once.
+// What libVLC reports comes back through the pump, marked with the file it belongs to; a report of
+// a file that is no longer at hand is dropped.
 #pragma once
 
 #include <chrono>
@@ -19,7 +19,8 @@ class MediaPlayerVlc final : public MediaPlayer {
   using Clock = std::chrono::steady_clock;
 
   // `arguments` and then the words of $KORVANE_VLC_ARGS are added to libVLC's own, such as
-  // "--aout=adummy" for a machine without a sound device. The pump is not owned and must outlive this.
+  // "--aout=adummy" for a machine without a sound device. The pump is not owned and must outlive
+  // this.
   explicit MediaPlayerVlc(Pump& pump, QStringList arguments = {});
   ~MediaPlayerVlc() override;  // at most 1 s, even when the sound device hangs
 
@@ -32,7 +33,8 @@ class MediaPlayerVlc final : public MediaPlayer {
   void Stop() override;
   PlayState playState() const override { return state_; }
   double Duration() const override { return duration_; }
-  double CurrentPosition() const override;  // as libVLC last told, a quarter of a second old at most
+  double CurrentPosition()
+      const override;  // as libVLC last told, a quarter of a second old at most
   void setCurrentPosition(double seconds) override;  // nothing while stopped
   void setMute(bool on) override;
   void setVolume(int hundredthsOfDecibel) override;

@@ -73,7 +73,8 @@ bool MediaPlayerVlc::Engine::make() {
   instance_ = vlc_->libvlc_new(static_cast<int>(pointers.size()), pointers.data());
   if (instance_) player_ = vlc_->libvlc_media_player_new(instance_);
   if (!player_) {
-    trouble_ = u"libVLC cannot be started. Check its package vlc-plugin-base and $KORVANE_VLC_ARGS."_s;
+    trouble_ =
+        u"libVLC cannot be started. Check its package vlc-plugin-base and $KORVANE_VLC_ARGS."_s;
     return false;
   }
   libvlc_event_manager_t* events = vlc_->libvlc_media_player_event_manager(player_);
@@ -133,7 +134,8 @@ void MediaPlayerVlc::Engine::conclude(int generation) {
     report({Report::End, generation, 0, {}});
   else
     report({Report::Failure, generation, 0,
-            u"Cannot play %1: the file is damaged or holds no sound that can be played."_s.arg(path_)});
+            u"Cannot play %1: the file is damaged or holds no sound that can be played."_s.arg(
+                path_)});
 }
 
 void MediaPlayerVlc::Engine::report(Report told) {
@@ -166,9 +168,8 @@ void MediaPlayerVlc::Engine::event(const libvlc_event_t* event, void* self) {
     case libvlc_MediaPlayerEndReached:
     case libvlc_MediaPlayerEncounteredError:
       engine->endReached = Clock::now();
-      engine->post([engine, generation = engine->generation_.load()] {
-        engine->conclude(generation);
-      });
+      engine->post(
+          [engine, generation = engine->generation_.load()] { engine->conclude(generation); });
       break;
     default:
       break;

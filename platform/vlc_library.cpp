@@ -14,8 +14,9 @@ Opened openLibrary() {
   Opened opened;
   void* library = dlopen("libvlc.so.5", RTLD_NOW | RTLD_LOCAL);
   if (!library) {
-    opened.error = u"libVLC cannot be opened (%1). Install the packages libvlc5 and vlc-plugin-base."_s
-                       .arg(QString::fromLocal8Bit(dlerror()));
+    opened.error =
+        u"libVLC cannot be opened (%1). Install the packages libvlc5 and vlc-plugin-base."_s.arg(
+            QString::fromLocal8Bit(dlerror()));
     return opened;
   }
   const auto find = [&](auto& function, const char* name) {

@@ -1,5 +1,5 @@
-// libVLC 3 as a table of its functions, opened by name when the first file is to be played: a console
-// that plays nothing never maps it.
+// libVLC 3 as a table of its functions, opened by name when the first file is to be played: a
+// console that plays nothing never maps it.
 #pragma once
 
 #include <vlc/vlc.h>

@@ -1,7 +1,7 @@
 // Winsock over QTcpSocket.
 //
-// Events are handed over from the event loop in a turn of their own, so an owner may yield inside one
-// and still hear the next. At most 1 MiB waits unread; beyond that the peer has to wait.
+// Events are handed over from the event loop in a turn of their own, so an owner may yield inside
+// one and still hear the next. At most 1 MiB waits unread; beyond that the peer has to wait.
 #pragma once
 
 #include <memory>

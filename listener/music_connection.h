@@ -1,0 +1,123 @@
+// All music goes through here: commands out by ConnectionMP3Send, reports back by DataArrival. The
+// music plays on this console (LocalMusic) or at the Music Listener, over TCP; callers do not ask.
+#pragma once
+
+#include "core/form/form.h"
+#include "core/log.h"
+#include "core/prompt.h"
+#include "listener/cover_transfer.h"
+#include "listener/listener_record.h"
+#include "listener/local_music.h"
+#include "listener/transport_news.h"
+#include "listener/trouble_box.h"
+#include "platform/pump.h"
+#include "platform/winsock.h"
+
+namespace korvane {
+
+class MusicConnection : private Winsock::Events, private LocalReplies {
+ public:
+  struct Uses {
+    Form& form;
+    AppState& state;
+    Settings& settings;
+    Messages& messages;
+    const Log& log;
+    Pump& pump;
+    FileSystem& files;
+    MediaPlayer& player;
+    Mixer& mixer;
+    Winsock& connectionMP3;
+    LocalMusic::CoverArt coverArtBytes;
+  };
+  explicit MusicConnection(Uses uses);
+  ~MusicConnection() override;
+
+  void setNews(TransportNews* news) { news_ = news; }  // not owned
+
+  // Commands of "MUSIC": STATUS, PLAY with path and title, PLAY alone to resume, STOP, PAUSE,
+  // DURATION, MUTE=TRUE, MUTE=FALSE, VOLUME with a level, CURRENTPOSITION with seconds as
+  // numberText() writes them. In the server role a command is dropped while there is no connection.
+  // Yields.
+  void ConnectionMP3Send(QString target, QString command, QString argument1 = {},
+                         QString argument2 = {});
+
+  void ConnectionMP3Connect();  // nothing while connected. Yields.
+  void ConnectionMP3Close();    // without a report
+  Winsock::State connectionState() const { return uses_.connectionMP3.state(); }
+
+  // Reads a delivery of `bytesTotal` bytes from the socket, or localListenerReply when it is -1.
+  void DataArrival(qint64 bytesTotal) override;
+
+  void lblMusicPlay_Click();  // at seat or in cabin; only while Slider1 stands at 0
+  void MusicTimer_Timer();
+  void DisplayDuration(double seconds);
+  void ShowSliderTimes();
+
+  bool sliderHeld = false;  // the user holds Slider1: set by the transport
+  double listenerMaxVolume = 0, listenerVolume = 0;
+
+ private:
+  struct Panel {
+    explicit Panel(Form& form);
+    Slider* Slider1;
+    Label *lblDuration, *lblCurrentPlay, *lblVolume;
+    Control* coverArt;
+    Image *play, *pause, *stop;  // of cmdControls
+    std::array<Image*, 2> lblMusicPlay;
+    Image* musicTab;
+    Timer* MusicTimer;
+  };
+  struct RecordHandler {
+    QByteArrayView name;
+    void (MusicConnection::*handle)(const ListenerRecord&);
+  };
+  static const RecordHandler kRecords[];
+
+  void Connect() override;
+  void Close() override;
+  void Error(const QString& description) override;
+
+  void localReply(const QString& record) override;
+  void localCover(const QByteArray* image) override;
+  void localSongFailed(const QString& description) override;
+  void localEndOfStream() override;
+
+  void connectNow();
+  void sendRecord(const QString& target, const MusicCommand& command);
+  void letConnect();
+  void listenerGone();
+  void hideCover();
+  void showCover(const QByteArray& image);
+  void note(const MusicCommand& command);
+  void songEnded();
+  void takeNextSong();
+
+  void handleRecords(QByteArrayView block, WireText encoding);
+  void receiveJpg(const ListenerRecord&);
+  void musicTimer(const ListenerRecord&);
+  void musicDuration(const ListenerRecord&);
+  void endOfStream(const ListenerRecord&);
+  void error(const ListenerRecord&);
+  void maxVolume(const ListenerRecord&);
+  void volume(const ListenerRecord&);
+  void pauseToPlay(const ListenerRecord&);
+  void mediaPlayerState(const ListenerRecord&);
+  void songPlaying(const ListenerRecord&);
+
+  Uses uses_;
+  Panel panel_;
+  LocalMusic local_;
+  CoverTransfer cover_;
+  TroubleBox trouble_;
+  TransportNews* news_ = nullptr;
+  QByteArray localListenerReply_;              // UTF-8, whatever the encoding on the wire
+  WireText wireText_ = WireText::Windows1252;  // of the connection, read when it is opened
+  bool stood_ = false;                         // the connection has stood since it was last opened
+  bool songAwaited_ = false;                   // a song was asked for and has not been answered
+  int failuresInARow_ = 0;                     // songs that could not be played since one sounded
+  int songNumber_ = 0;                         // counts songs asked for and stops
+  std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
+};
+
+}  // namespace korvane
