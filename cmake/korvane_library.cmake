@@ -1,7 +1,7 @@
 # One folder is one static library, and what a library may include is what it links.
 #
-# A folder sees another only through build/include/<name>/, which holds a single link named <name> to
-# the folder: `#include "core/log.h"` is found when core is linked and is an error when it is not.
+# A folder sees another only through build/include/<name>/, which holds a single link named like
+# the folder to it: `#include "core/log.h"` is found when core is linked and is an error when it is not.
 
 set(KORVANE_WARNINGS -Wall -Wextra -Wpedantic -Wshadow -Wold-style-cast -Woverloaded-virtual -Werror)
 
@@ -44,9 +44,10 @@ function(korvane_library name)
   endif()
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;USES;PRIVATE")
   add_library(${name} STATIC ${arg_SOURCES})
+  get_filename_component(folder ${CMAKE_CURRENT_SOURCE_DIR} NAME)
   set(door ${CMAKE_BINARY_DIR}/include/${name})
   file(MAKE_DIRECTORY ${door})
-  file(CREATE_LINK ${CMAKE_CURRENT_SOURCE_DIR} ${door}/${name} SYMBOLIC)
+  file(CREATE_LINK ${CMAKE_CURRENT_SOURCE_DIR} ${door}/${folder} SYMBOLIC)
   target_include_directories(${name} PUBLIC ${door})
   target_link_libraries(${name} PUBLIC Qt6::Core ${arg_USES} PRIVATE ${arg_PRIVATE})
   korvane_settings(${name})

@@ -1,0 +1,95 @@
+#include "playback/music_tab.h"
+
+namespace korvane {
+
+MusicTab::MusicTab(TabParts& parts, Browsing& browsing, Transport& transport,
+                   MusicConnection& connection)
+    : parts_(parts),
+      browsing_(browsing),
+      transport_(transport),
+      connection_(connection),
+      favourite_(parts.form, {"cmdFavoriateAdd"}),
+      types_(parts.form, {"lblMusicType"}),
+      roles_(parts.form, {"lblMusicPlay"}),
+      modes_(parts.form, {"optMode"}),
+      cover_(parts.form, {"coverArt"}),
+      editor_(parts.form, {"playlistslider", "gridPlayListSongs", "framSongEdit", "cmdOneSong#2",
+                           "cmdOneSong#3"}) {}
+
+void MusicTab::leave() {
+  Control* mute = parts_.form.find(u"mute");
+  mute->setPicture(u"music"_s, mute->tag().startsWith(u'1') ? u"muteb"_s : u"mute"_s);
+  favourite_.hide();
+  types_.hide();
+  roles_.hide();
+  if (parts_.state.playListEditing) leaveEditor();
+  parts_.tabPicture(kMusicTab, u"music"_s, u"music"_s);
+  parts_.listPaging.hide();
+  modes_.hide();
+  cover_.hide();
+}
+
+void MusicTab::leaveEditor() {
+  editor_.hide();
+  for (Control* control : {parts_.form.find(u"VscrollAllSongs"), parts_.form.find(u"cmdOneSong", 0),
+                           parts_.form.find(u"cmdOneSong", 1)})
+    parts_.main.positionControl(*control);
+}
+
+void MusicTab::enter() {
+  AppState& state = parts_.state;
+  parts_.main.setBackground(u"music"_s);
+  favourite_.show();
+  types_.show();
+  parts_.main.showPlayState(state.gPlayMode);
+  showStatus();
+  roles_.show(state.gLocalServer);
+  parts_.status.show();
+  parts_.showSound();
+  if (state.playListEditing)
+    editor_.show();
+  else
+    modes_.show();
+  cover_.show(parts_.form.find(u"coverArt")->tag() == "TRUE"_L1);
+  parts_.tabPicture(kMusicTab, u"music"_s, u"musicb"_s);
+  parts_.top.show();
+  parts_.controls.show();
+  if (state.jukeboxMode) {
+    parts_.form.find(u"cmdControls", 0)->visible = false;
+    parts_.form.find(u"cmdControls", 7)->visible = false;
+  }
+  showLists();
+  askListener();
+}
+
+void MusicTab::showStatus() {
+  const bool cd = parts_.state.gMusicType == "CD"_L1;
+  if (parts_.state.gPlayMode != 0) return;
+  Control* status = parts_.form.find(u"lblCurrentPlay");
+  status->caption = cd ? u"CD Stopped"_s : u"Status: Idle"_s;
+  parts_.form.find(u"TxtTime")->caption = u"--:--:--"_s;
+  dynamic_cast<Slider*>(parts_.form.find(u"Slider1"))->text = u"--:--:--"_s;
+}
+
+void MusicTab::showLists() {
+  if (!parts_.state.gMusicTabVisited) {
+    firstVisit();
+    return;
+  }
+  browsing_.showGrid(parts_.state.gMusicType == "CD"_L1 ? 7 : parts_.state.gridMode);
+}
+
+void MusicTab::firstVisit() {
+  parts_.state.gMusicTabVisited = true;
+  const QString last = parts_.settings.raw(key::LASTSONGPLAYED);
+  if (last != "NO"_L1 && !last.isEmpty() && browsing_.openAt(last)) return;
+  browsing_.showGrid(0);
+  parts_.main.markTop(0);
+}
+
+void MusicTab::askListener() {
+  if (!parts_.state.gLocalListener) connection_.ConnectionMP3Connect();
+  connection_.ConnectionMP3Send(u"MUSIC"_s, u"STATUS"_s);
+}
+
+}  // namespace korvane

@@ -1,0 +1,34 @@
+// The Music tab.
+#pragma once
+
+#include "core/tab.h"
+#include "core/tab_parts.h"
+#include "library/browsing.h"
+#include "listener/music_connection.h"
+#include "playback/transport.h"
+
+namespace korvane {
+
+class MusicTab : public Tab {
+ public:
+  MusicTab(TabParts& parts, Browsing& browsing, Transport& transport, MusicConnection& connection);
+
+  void leave() override;
+  void enter() override;
+  void pressTransport(int index) override { transport_.pressMusic(index); }
+
+ private:
+  void leaveEditor();
+  void showStatus();
+  void showLists();
+  void firstVisit();
+  void askListener();
+
+  TabParts& parts_;
+  Browsing& browsing_;
+  Transport& transport_;
+  MusicConnection& connection_;
+  ControlSet favourite_, types_, roles_, modes_, cover_, editor_;
+};
+
+}  // namespace korvane

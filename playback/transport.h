@@ -1,0 +1,96 @@
+// The transport: the buttons cmdControls, the choice of the next song, the position slider and the
+// status lines. It never touches the player; every command goes through the music connection.
+#pragma once
+
+#include "core/main_form.h"
+#include "core/screen.h"
+#include "core/tab_controller.h"
+#include "library/browsing.h"
+#include "library/database.h"
+#include "listener/music_connection.h"
+#include "platform/clock.h"
+#include "playback/next_song.h"
+
+namespace korvane {
+
+struct TransportPanel {
+  explicit TransportPanel(Form& form);
+  std::array<Image*, 8> cmdControls;
+  std::array<Grid*, 11> grid;
+  std::array<Image*, 2> optMode;
+  Image* cmdTopPlaylist;
+  Slider* Slider1;
+  Slider* VscrollAllSongs;
+  Label *TxtTime, *lblCurrentPlay, *lblDuration, *lblCurrentPlayList;
+  PictureArea* coverArt;
+  Timer* MusicTimer;
+};
+
+class Transport : public SongActivation, public TransportNews {
+ public:
+  struct Uses {
+    MainForm& main;
+    AppState& state;
+    Screen& screen;
+    TabController& tabs;
+    Database& database;
+    MusicConnection& connection;
+    Pump& pump;
+    Chance& chance;
+  };
+  Transport(Form& form, Uses uses);
+  void setBrowsing(Browsing& browsing) { browsing_ = &browsing; }
+
+  void cmdControls_Click(int index);  // Yields.
+  void pressMusic(int index);         // a button's branch for the Music tab. Yields.
+  void MediaPlayer1_EndOfStream();    // Yields.
+  void Slider1_Press();
+  void Slider1_Scroll();
+  void Slider1_Release();  // Yields.
+  void lblCurrentPlay_DblClick();
+
+  // SongActivation
+  void startFrom(int grid) override;
+  void playSongRecord(int record) override;
+  void jukeboxAdd(const PlaySong& song) override;
+  void playFailed() override;
+
+  // TransportNews
+  void pressTransport(int index) override;
+  void endOfStream() override { MediaPlayer1_EndOfStream(); }
+  void songFailed(int inARow) override;
+
+  // The jukebox takes over adding, the next song and button 5 while it is on; set by it.
+  struct Queue {
+    virtual ~Queue() = default;
+    virtual void jukeboxAdd(const PlaySong& song) = 0;
+    virtual void jukeboxNext() = 0;
+    virtual void deleteSelection() = 0;
+  };
+  void setQueue(Queue& queue) { queue_ = &queue; }
+
+ private:
+  enum Button { Previous, Play, Pause, Stop, Next, Repeat, Random, Continue };
+  PlayModes modes() const;
+  Grid& playing() { return *panel_.grid[static_cast<size_t>(playGrid_)]; }
+  void play();
+  void pause();
+  void stop();
+  void step(int by);
+  void toggle(Button button);
+  void turnOff(Button button);
+  void takeAllSongs(int record);
+  void showRow(int row);
+  void goIdle();
+  void playPaths();
+
+  Uses uses_;
+  TransportPanel panel_;
+  Browsing* browsing_ = nullptr;
+  Queue* queue_ = nullptr;
+  int lastControl_ = -1;  // -1 when the last start came from a list
+  int playGrid_ = 1;      // the list that plays
+  int allSongsPos_ = 0;
+};
+
+}  // namespace korvane
