@@ -1,0 +1,36 @@
+// A widget that mirrors one control.
+#pragma once
+
+#include <QWidget>
+
+#include "core/form/form.h"
+#include "view/face.h"
+
+namespace korvane {
+
+class ControlWidget : public QWidget {
+ public:
+  ControlWidget(Control& control, Face& face, QWidget* parent);
+
+  Control& control() const { return control_; }
+
+  // Takes over what has changed; repaints only what shows.
+  virtual void mirror(Aspect aspect);
+  // Takes the place of the control's rectangle at the present scale.
+  virtual void place();
+  // The finger's press is taken back: nothing fires at its release.
+  virtual void cancelPress() {}
+
+ protected:
+  bool fire(const Event& event) { return control_.form.fire(control_, event); }
+  Face& face() const { return face_; }
+
+ private:
+  Control& control_;
+  Face& face_;
+};
+
+// The widget for the kind of the control; null for a timer.
+ControlWidget* makeWidget(Control& control, Face& face, QWidget* parent);
+
+}  // namespace korvane

@@ -1,0 +1,36 @@
+#include "view/fade_layer.h"
+
+#include <QEventLoop>
+#include <QPaintEvent>
+#include <QPainter>
+#include <QTimer>
+
+namespace korvane {
+
+FadeLayer::FadeLayer(QPixmap picture, QRect place, QWidget* parent)
+    : QWidget(parent), picture_(std::move(picture)) {
+  setAttribute(Qt::WA_TransparentForMouseEvents);
+  setGeometry(place);
+}
+
+void FadeLayer::run(int milliseconds) {
+  length_ = std::max(1, milliseconds);
+  clock_.start();
+  raise();
+  show();
+  QTimer frames;
+  frames.setTimerType(Qt::PreciseTimer);
+  connect(&frames, &QTimer::timeout, this, [this] { update(); });
+  frames.start(16);
+  QEventLoop loop;
+  QTimer::singleShot(milliseconds, Qt::PreciseTimer, &loop, &QEventLoop::quit);
+  loop.exec();
+}
+
+void FadeLayer::paintEvent(QPaintEvent* event) {
+  QPainter painter(this);
+  painter.setOpacity(std::clamp(1.0 - static_cast<double>(clock_.elapsed()) / length_, 0.0, 1.0));
+  painter.drawPixmap(event->rect(), picture_, event->rect());
+}
+
+}  // namespace korvane

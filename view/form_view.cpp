@@ -1,0 +1,113 @@
+#include "view/form_view.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+
+#include "view/style.h"
+
+namespace korvane {
+
+FormView::FormView(Form& form, PictureCache& pictures, Touch& touch, QWidget* parent)
+    : QWidget(parent), form_(form), face_{pictures, touch}, touch_(touch) {
+  setObjectName(form.name);
+  setWindowTitle(form.caption());
+  for (const auto& control : form.controls()) add(*control);
+  face_.bubble = new Bubble(face_, this);
+  form_.observe(this);
+}
+
+void FormView::detach() {
+  form_.forget(this);
+  qDeleteAll(timers_);
+  timers_.clear();
+  widgets_.clear();
+}
+
+void FormView::add(Control& control) {
+  if (control.kind == Kind::Timer) return runTimer(static_cast<Timer&>(control));
+  QWidget* box = control.container ? widgets_.value(control.container) : nullptr;
+  widgets_.insert(&control, makeWidget(control, face_, box ? box : this));
+}
+
+void FormView::controlAdded(Control& control) {
+  add(control);
+  if (ControlWidget* made = widget(control)) made->place();
+}
+
+void FormView::controlChanged(Control& control, Aspect aspect) {
+  if (control.kind == Kind::Timer) return runTimer(static_cast<Timer&>(control));
+  if (fitting_ && aspect == Aspect::Rect) return;
+  if (ControlWidget* changed = widget(control)) changed->mirror(aspect);
+}
+
+void FormView::runTimer(Timer& timer) {
+  QTimer*& runs = timers_[&timer];
+  if (!runs) {
+    runs = new QTimer(this);
+    connect(runs, &QTimer::timeout, this, [this, &timer] { form_.fire(timer, {Event::Tick}); });
+  }
+  if (!timer.enabled() || timer.interval() <= 0) return runs->stop();
+  if (runs->isActive() && runs->interval() == timer.interval()) return;
+  runs->setTimerType(timer.interval() < 1000 ? Qt::PreciseTimer : Qt::CoarseTimer);
+  runs->start(timer.interval());
+}
+
+void FormView::formChanged(Form&, Aspect aspect) {
+  switch (aspect) {
+    case Aspect::Picture:
+      background_ = {};
+      [[fallthrough]];
+    case Aspect::Colours:
+      update();
+      break;
+    case Aspect::Caption:
+      window()->setWindowTitle(form_.caption());
+      break;
+    case Aspect::Shown:
+      if (shownChanged) shownChanged(form_);
+      break;
+    default:
+      break;
+  }
+}
+
+void FormView::fit(QRect place, double scale) {
+  setGeometry(place);
+  face_.scale = scale;
+  background_ = {};
+  fitting_ = true;
+  form_.resize(static_cast<int>(std::lround(place.width() / scale)),
+               static_cast<int>(std::lround(place.height() / scale)));
+  fitting_ = false;
+  for (ControlWidget* each : std::as_const(widgets_)) each->place();
+  update();
+}
+
+void FormView::paintEvent(QPaintEvent* event) {
+  QPainter painter(this);
+  if (!form_.picture().empty() && background_.isNull()) {
+    const bool covers = !rounded_;
+    background_ =
+        face_.pictures.render(form_.picture(), size(), covers ? Fit::Cover : Fit::Stretch);
+  }
+  if (!background_.isNull()) return painter.drawPixmap(event->rect(), background_, event->rect());
+  const QColor ground = style::colour(form_.colours().back, style::kGround);
+  if (rounded_) return style::card(painter, rect(), face_.px(22), ground);
+  painter.fillRect(event->rect(), ground);
+}
+
+void FormView::mousePressEvent(QMouseEvent*) {
+  touch_.lastPressed = this;
+}
+
+void FormView::mouseReleaseEvent(QMouseEvent* event) {
+  if (touch_.lastPressed == this && event->button() == Qt::LeftButton)
+    form_.fireKey({Event::Click});
+}
+
+void FormView::mouseDoubleClickEvent(QMouseEvent* event) {
+  if (touch_.lastPressed == this && event->button() == Qt::LeftButton)
+    form_.fireKey({Event::DblClick});
+}
+
+}  // namespace korvane

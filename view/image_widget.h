@@ -1,0 +1,16 @@
+// A picture of the theme that can be pressed.
+#pragma once
+
+#include "view/press_widget.h"
+
+namespace korvane {
+
+class ImageWidget : public PressWidget {
+ public:
+  using PressWidget::PressWidget;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+};
+
+}  // namespace korvane

@@ -1,0 +1,103 @@
+#include "view/picture_cache.h"
+
+#include <QBuffer>
+#include <QImageReader>
+#include <QPainter>
+#include <QSvgRenderer>
+
+namespace korvane {
+namespace {
+
+constexpr int kLimitKiB = 24 << 10;
+
+QSize scaledTo(QSize natural, QSize size, Fit fit) {
+  switch (fit) {
+    case Fit::Inside:
+      return natural.scaled(size, Qt::KeepAspectRatio);
+    case Fit::Cover:
+      return natural.scaled(size, Qt::KeepAspectRatioByExpanding);
+    case Fit::Stretch:
+      return size;
+  }
+  Q_UNREACHABLE();
+}
+
+QPixmap drawnSvg(const QByteArray& bytes, QSize size, Fit fit) {
+  QSvgRenderer renderer(bytes);
+  const QSize natural = renderer.defaultSize();
+  if (!renderer.isValid() || natural.isEmpty()) return {};
+  const QSize target = scaledTo(natural, size, fit == Fit::Cover ? Fit::Stretch : fit);
+  QImage image(target.expandedTo({1, 1}), QImage::Format_ARGB32_Premultiplied);
+  image.fill(Qt::transparent);
+  QPainter painter(&image);
+  renderer.render(&painter, QRectF(image.rect()));
+  painter.end();
+  return QPixmap::fromImage(std::move(image));
+}
+
+QPixmap decoded(const QByteArray& bytes, QSize size, Fit fit) {
+  QBuffer buffer;
+  buffer.setData(bytes);
+  QImageReader reader(&buffer);
+  reader.setAutoTransform(true);
+  QSize natural = reader.size();
+  if (natural.isValid() && !natural.isEmpty()) {
+    const bool turned = reader.transformation() & QImageIOHandler::TransformationRotate90;
+    if (turned) natural.transpose();
+    QSize target = scaledTo(natural, size, fit).expandedTo({1, 1});
+    if (turned) target.transpose();
+    reader.setScaledSize(target);
+  }
+  QImage image = reader.read();
+  if (image.isNull()) return {};
+  if (!natural.isValid()) {
+    image = image.scaled(scaledTo(image.size(), size, fit), Qt::IgnoreAspectRatio,
+                         Qt::SmoothTransformation);
+  }
+  if (fit == Fit::Cover && image.size() != size) {
+    const QPoint corner((image.width() - size.width()) / 2, (image.height() - size.height()) / 2);
+    image = image.copy(QRect(corner, size));
+  }
+  return QPixmap::fromImage(std::move(image));
+}
+
+}  // namespace
+
+PictureCache::PictureCache(Graphics& graphics) : graphics_(graphics), kept_(kLimitKiB) {}
+
+PictureCache::Source PictureCache::source(const Picture& picture) const {
+  if (picture.bytes) return {picture.bytes, *picture.bytes, picture.bytes->startsWith("<svg")};
+  if (picture.name.isEmpty()) return {};
+  const PicturePtr file = graphics_.loadGraphic(picture.group, picture.name);
+  if (!file) return {};
+  return {file, file->bytes, file->svg()};
+}
+
+QPixmap PictureCache::drawn(const Source& source, QSize size, Fit fit) {
+  if (!source.owner || size.isEmpty()) return {};
+  return source.svg ? drawnSvg(source.bytes, size, fit) : decoded(source.bytes, size, fit);
+}
+
+QPixmap PictureCache::pixmap(const Picture& picture, QSize size, Fit fit) {
+  const Source from = source(picture);
+  if (!from.owner || size.isEmpty()) return {};
+  const Key key{from.owner.get(), size.width(), size.height(), fit};
+  if (const Kept* found = kept_.object(key)) return found->pixmap;
+  QPixmap pixmap = drawn(from, size, fit);
+  const int cost = 1 + pixmap.width() * pixmap.height() / 256;
+  kept_.insert(key, new Kept{from.owner, pixmap}, cost);
+  return pixmap;
+}
+
+QPixmap PictureCache::render(const Picture& picture, QSize size, Fit fit) const {
+  return drawn(source(picture), size, fit);
+}
+
+std::optional<Picture> PictureCache::pressedPartner(const Picture& picture) {
+  if (picture.bytes || picture.name.isEmpty()) return std::nullopt;
+  Picture partner{picture.group, picture.name + u'b', nullptr};
+  if (!graphics_.loadGraphic(partner.group, partner.name)) return std::nullopt;
+  return partner;
+}
+
+}  // namespace korvane

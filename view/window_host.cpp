@@ -1,0 +1,232 @@
+#include "view/window_host.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QKeyEvent>
+#include <QWindow>
+
+#include "view/fade_layer.h"
+#include "view/key_codes.h"
+#include "view/surface_widget.h"
+
+namespace korvane {
+namespace {
+
+constexpr int kDesignWidth = 1280, kDesignHeight = 768;
+constexpr int kExposeMs = 250;
+
+}  // namespace
+
+WindowHost::WindowHost(Graphics& graphics, PressGate& gate, QSize windowed)
+    : pictures_(graphics), gate_(gate), windowed_(windowed), stage_(std::make_unique<Stage>()) {
+  stage_->resized = [this] { layOut(); };
+  stage_->closed = [this] {
+    if (closeAsked) closeAsked();
+  };
+  stage_->pressedKey = [this](QKeyEvent& event) { keyPressed(event); };
+  stage_->minimised = [this](bool minimised) {
+    for (const Layer& each : layers_)
+      if (each.role == Role::Main) each.view->form().minimised = minimised;
+  };
+}
+
+WindowHost::~WindowHost() {
+  for (const Layer& each : layers_)
+    if (each.role == Role::Strip) delete each.view;
+}
+
+WindowHost::Role WindowHost::roleOf(const Form& form) {
+  if (form.name == "frmMain"_L1) return Role::Main;
+  if (form.name == "frmSplash"_L1) return Role::Splash;
+  if (form.name == "frmAlwaysOnTop"_L1) return Role::Strip;
+  return Role::Modal;
+}
+
+WindowHost::Layer* WindowHost::layer(const Form& form) {
+  for (Layer& each : layers_)
+    if (&each.view->form() == &form) return &each;
+  return nullptr;
+}
+
+FormView* WindowHost::view(const Form& form) const {
+  for (const Layer& each : layers_)
+    if (&each.view->form() == &form) return each.view;
+  return nullptr;
+}
+
+FormView* WindowHost::view(QStringView formName) const {
+  for (const Layer& each : layers_)
+    if (formName.compare(each.view->form().name, Qt::CaseInsensitive) == 0) return each.view;
+  return nullptr;
+}
+
+std::vector<FormView*> WindowHost::views() const {
+  std::vector<FormView*> all;
+  for (const Layer& each : layers_) all.push_back(each.view);
+  return all;
+}
+
+Form* WindowHost::topForm() const {
+  Form* top = nullptr;
+  for (const Layer& each : layers_) {
+    const bool hides = each.role == Role::Modal || (each.role == Role::Main && !top);
+    if (hides && each.view->form().shown()) top = &each.view->form();
+  }
+  return top;
+}
+
+WindowHost::Layer& WindowHost::open(Form& form, Role role) {
+  const bool modal = role == Role::Modal;
+  QWidget* dim = modal ? new DimLayer(stage_.get()) : nullptr;
+  QWidget* parent = role == Role::Strip ? nullptr : dim ? dim : stage_.get();
+  auto* made = new FormView(form, pictures_, touch_, parent);
+  made->shownChanged = [this](Form& changed) { shownChanged(changed); };
+  if (role == Role::Strip)
+    made->setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
+  made->setRounded(modal &&
+                   (form.design.width < kDesignWidth || form.design.height < kDesignHeight));
+  Layer layer{made, role, dim};
+  if (modal) layer.focusBefore = stage_->focusWidget();
+  layers_.push_back(layer);
+  return layers_.back();
+}
+
+void WindowHost::present() {
+  if (stage_->isVisible()) return;
+  if (windowed_.isEmpty()) {
+    stage_->showFullScreen();
+    return;
+  }
+  stage_->resize(windowed_);
+  stage_->show();
+}
+
+void WindowHost::fit(const Layer& layer) {
+  const Rect& design = layer.view->form().design;
+  if (layer.role == Role::Strip) {
+    layer.view->fit(QRect(1, 1, design.width, design.height), 1);
+    return;
+  }
+  const QRect all = stage_->rect();
+  const double scale =
+      std::min(all.width() / double(kDesignWidth), all.height() / double(kDesignHeight));
+  if (layer.dim) layer.dim->setGeometry(all);
+  if (design.width >= kDesignWidth && design.height >= kDesignHeight) {
+    layer.view->fit(all, scale);
+    return;
+  }
+  const QSize size(static_cast<int>(std::lround(design.width * scale)),
+                   static_cast<int>(std::lround(design.height * scale)));
+  layer.view->fit(
+      QRect(QPoint((all.width() - size.width()) / 2, (all.height() - size.height()) / 2), size),
+      scale);
+}
+
+void WindowHost::layOut() {
+  for (const Layer& each : layers_)
+    if (each.role != Role::Strip) fit(each);
+}
+
+void WindowHost::show(Form& form) {
+  const Role role = roleOf(form);
+  Layer* known = layer(form);
+  Layer& shown = known ? *known : open(form, role);
+  form.shown = true;
+  if (role == Role::Main) {
+    form.minimised = false;
+    shown.view->lower();
+  }
+  FormView* view = shown.view;
+  if (role != Role::Strip) present();
+  fit(shown);
+  if (shown.dim) {
+    shown.dim->raise();
+    shown.dim->show();
+  }
+  view->show();
+  if (role != Role::Splash) return;
+  view->raise();
+  QElapsedTimer waited;
+  waited.start();
+  while (!stage_->windowHandle()->isExposed() && waited.elapsed() < kExposeMs)
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, 5);
+  stage_->repaint();
+}
+
+void WindowHost::showModal(Form& form) {
+  if (form.shown()) return;
+  show(form);
+  QEventLoop loop;
+  layer(form)->loop = &loop;
+  stage_->setFocus();
+  const PressGate::Allow allow(gate_);
+  if (modalOpened) modalOpened(form);
+  if (form.shown()) loop.exec();
+}
+
+void WindowHost::hide(Form& form) {
+  form.shown = false;
+}
+
+void WindowHost::shownChanged(Form& form) {
+  Layer* changed = layer(form);
+  if (!changed) return;
+  if (changed->role == Role::Main && form.shown()) {
+    if (form.minimised() && !stage_->isMinimized()) stage_->showMinimized();
+    return;
+  }
+  if (!form.shown()) close(form);
+}
+
+// The main form stays made, the others go.
+void WindowHost::close(Form& form) {
+  Layer* found = layer(form);
+  if (!found) return;
+  if (found->role == Role::Main) {
+    stage_->hide();
+    return;
+  }
+  const Layer gone = *found;
+  layers_.erase(layers_.begin() + (found - layers_.data()));
+  gone.view->detach();
+  gone.view->hide();
+  gone.view->deleteLater();
+  if (gone.dim) {
+    gone.dim->hide();
+    gone.dim->deleteLater();
+  }
+  if (gone.loop) gone.loop->quit();
+}
+
+void WindowHost::fadeOut(Form& form, int milliseconds) {
+  Layer* fading = layer(form);
+  if (fading && milliseconds > 0 && stage_->isVisible() && fading->role != Role::Strip) {
+    FadeLayer layer(fading->view->grab(), fading->view->geometry(), stage_.get());
+    fading->view->hide();
+    layer.run(milliseconds);
+  }
+  form.shown = false;
+}
+
+void WindowHost::close() {
+  for (const Layer& each : layers_) each.view->detach();
+  stage_->hide();
+}
+
+WId WindowHost::nativeWindow(Control& surface) {
+  const FormView* of = view(surface.form);
+  auto* found = of ? dynamic_cast<SurfaceWidget*>(of->widget(surface)) : nullptr;
+  return found ? found->nativeWindow() : 0;
+}
+
+void WindowHost::keyPressed(QKeyEvent& event) {
+  Form* top = topForm();
+  if (!top) return;
+  const int code = virtualKey(event.key(), event.modifiers() & Qt::KeypadModifier);
+  if (code) top->fireKey({Event::KeyDown, 0, 0, code});
+  if (event.text().isEmpty()) return;
+  if (Form* now = topForm(); now == top)
+    top->fireKey({Event::KeyPress, 0, 0, event.text().at(0).unicode(), event.text()});
+}
+
+}  // namespace korvane
