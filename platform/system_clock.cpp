@@ -8,7 +8,7 @@ qint64 SystemClock::monotonicMs() const {
 }
 
 RandomChance::RandomChance(const Clock& clock)
-    : generator_(static_cast<quint32>(clock.now().toMSecsSinceEpoch() ^ clock.monotonicMs())) {}
+    : generator_(static_cast<quint32>(clock.now().toMSecsSinceEpoch() + clock.monotonicMs())) {}
 
 // The 24 bits of a float's fraction, so that 1 is never reached by rounding.
 float RandomChance::rnd() {

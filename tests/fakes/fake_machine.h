@@ -59,7 +59,8 @@ class FakeTray : public Tray {
   }
   void remove() override { shown = false; }
   void doubleClick() {
-    if (shown && restore_) std::function(restore_)();
+    const std::function<void()> restore = restore_;
+    if (shown && restore) restore();
   }
 
   bool present = true, shown = false;

@@ -1,0 +1,153 @@
+// Lock, session and screen power against a real bus of this test's own.
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <QCoreApplication>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusVirtualObject>
+#include <QElapsedTimer>
+#include <QProcess>
+
+#include "platform/home_lock.h"
+#include "platform/login_session.h"
+#include "platform/screen_saver_power.h"
+#include "platform/system_clock.h"
+#include "tests/fakes/fake_clock.h"
+#include "tests/fakes/print.h"
+#include "tests/fakes/temporary_home.h"
+
+namespace korvane {
+namespace {
+
+TEST(HomeLock, oneConsoleAHome) {
+  const TemporaryHome home, other;
+  HomeLock first(home.path()), elsewhere(other.path());
+  EXPECT_FALSE(first.taken());
+  EXPECT_FALSE(first.taken()) << "its own mark";
+  EXPECT_FALSE(elsewhere.taken());
+  EXPECT_TRUE(HomeLock(home.path()).taken());
+  EXPECT_TRUE(HomeLock(home.path()).taken()) << "asking takes nothing away";
+  EXPECT_FALSE(HomeLock(home / u"none"_s).taken());
+}
+
+TEST(HomeLock, endsWithTheProcess) {
+  const TemporaryHome home;
+  const pid_t child = ::fork();
+  if (child == 0) {
+    HomeLock lock(home.path());
+    ::_exit(lock.taken() ? 1 : 0);
+  }
+  int status = 0;
+  ASSERT_EQ(::waitpid(child, &status, 0), child);
+  EXPECT_EQ(WEXITSTATUS(status), 0);
+  EXPECT_FALSE(HomeLock(home.path()).taken());
+}
+
+TEST(RandomChance, isUniformBelowOne) {
+  RandomChance chance(1);
+  std::array<int, 10> tenths{};
+  for (int i = 0; i < 100'000; ++i) {
+    const float value = chance.rnd();
+    ASSERT_TRUE(value >= 0.0F && value < 1.0F);
+    ++tenths[static_cast<size_t>(value * 10)];
+  }
+  for (const int count : tenths) EXPECT_NEAR(count, 10'000, 500);
+  FakeClock clock;
+  RandomChance now(clock);
+  clock.advance(1);
+  EXPECT_NE(now.rnd(), RandomChance(clock).rnd());
+}
+
+// The services that are talked to: records each call and answers, or refuses.
+class Service : public QDBusVirtualObject {
+ public:
+  QString introspect(const QString&) const override { return {}; }
+  bool handleMessage(const QDBusMessage& message, const QDBusConnection& bus) override {
+    calls << message.member();
+    arguments << message.arguments().value(0).toString();
+    if (refuses) return bus.send(message.createErrorReply(u"org.korvane.No"_s, u"no"_s));
+    return bus.send(message.createReply(message.member() == "Inhibit"_L1 ? QVariantList{uint(42)}
+                                                                         : QVariantList{}));
+  }
+  QStringList calls, arguments;
+  bool refuses = false;
+};
+
+class Bus : public testing::Test {
+ protected:
+  void SetUp() override {
+    daemon.start(u"dbus-daemon"_s, {u"--session"_s, u"--nofork"_s, u"--print-address"_s});
+    ASSERT_TRUE(daemon.waitForReadyRead(10'000)) << "dbus-daemon must be installed";
+    address = QString::fromLatin1(daemon.readLine().trimmed());
+    server = QDBusConnection::connectToBus(address, u"server"_s);
+    ASSERT_TRUE(server.isConnected());
+  }
+  void TearDown() override {
+    QDBusConnection::disconnectFromBus(u"server"_s);
+    QDBusConnection::disconnectFromBus(u"client"_s);
+    daemon.kill();
+    daemon.waitForFinished();
+  }
+  QDBusConnection client() { return QDBusConnection::connectToBus(address, u"client"_s); }
+  void serve(const QString& name, const QString& path) {
+    ASSERT_TRUE(server.registerService(name));
+    ASSERT_TRUE(server.registerVirtualObject(path, &service));
+  }
+  // Lets both ends run until the service has heard `calls`.
+  bool hears(const QStringList& calls) {
+    QElapsedTimer time;
+    for (time.start(); service.calls != calls && time.elapsed() < 5000;)
+      QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
+    return service.calls == calls;
+  }
+
+  QProcess daemon;
+  QString address;
+  QDBusConnection server{u"none"_s};
+  Service service;
+};
+
+TEST_F(Bus, theScreenIsKeptOnAndGivenBack) {
+  serve(u"org.freedesktop.ScreenSaver"_s, u"/org/freedesktop/ScreenSaver"_s);
+  ScreenSaverPower power(client());
+  const ScreenPower::Saved before = power.read();
+  EXPECT_TRUE(before.powerOffActive && before.lowPowerActive);
+  power.write({false, false, 999, 999});
+  EXPECT_TRUE(hears({u"Inhibit"_s}));
+  power.setScreenSaverActive(false);
+  power.write(before);
+  power.setScreenSaverActive(true);
+  EXPECT_TRUE(hears({u"Inhibit"_s, u"UnInhibit"_s}));
+  EXPECT_EQ(service.arguments.last(), u"42"_s);
+}
+
+TEST_F(Bus, aWishTakenBackBeforeTheAnswerLeavesNothingHeld) {
+  serve(u"org.freedesktop.ScreenSaver"_s, u"/org/freedesktop/ScreenSaver"_s);
+  ScreenSaverPower power(client());
+  power.setScreenSaverActive(false);
+  power.setScreenSaverActive(true);
+  EXPECT_TRUE(hears({u"Inhibit"_s, u"UnInhibit"_s}));
+}
+
+TEST_F(Bus, withoutTheServiceNothingHappens) {
+  ScreenSaverPower power(client());
+  QElapsedTimer time;
+  time.start();
+  power.setScreenSaverActive(false);
+  EXPECT_LT(time.elapsed(), 200);
+  EXPECT_FALSE(LoginSession(client()).exitWindows(2));
+  EXPECT_FALSE(LoginSession(QDBusConnection(u"none"_s)).exitWindows(2));
+}
+
+TEST(LoginSession, flagsMeanMethods) {
+  const std::pair<int, QString> table[] = {
+      {0, u""_s},       {1, u"PowerOff"_s}, {2, u"Reboot"_s},   {4, u""_s},
+      {6, u"Reboot"_s}, {9, u"PowerOff"_s}, {13, u"PowerOff"_s}};
+  for (const auto& [flags, method] : table)
+    EXPECT_EQ(LoginSession::methodOf(flags), method) << flags;
+}
+
+}  // namespace
+}  // namespace korvane

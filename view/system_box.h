@@ -1,0 +1,14 @@
+// The system's own message box, for what is said where no themed one can be shown.
+#pragma once
+
+#include "platform/machine.h"
+
+namespace korvane {
+
+class MessageBox : public SystemBox {
+ public:
+  Answer show(const QString& text,
+              bool yesNo) override;  // Yields. Closed without a choice: No, or Ok.
+};
+
+}  // namespace korvane
