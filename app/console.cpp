@@ -1,0 +1,102 @@
+#include "app/console.h"
+
+
+namespace korvane {
+
+Console::Console(System& doors, const MakeHost& makeHost, QString home, std::function<void()> end)
+    : system(doors),
+      settings(system.files, system.pump, state, home),
+      log(system.files, system.clock, home),
+      graphics(system.files, state, home),
+      ownHost(makeHost(graphics)),
+      host(*ownHost),
+      palette(settings),
+      frmMain(u"frmMain"_s, mainInventory()),
+      frmSplash(u"frmSplash"_s, splashInventory()),
+      messages(host, palette),
+      main(frmMain, state),
+      tabs({frmMain, state, screen, messages, log}),
+      parts(main, state, settings),
+      database(home),
+      connectionMP3(system.makeWinsock()),
+      connectionMovie(system.makeWinsock()),
+      connectionML(system.makeWinsock()),
+      x10Control(system.makeWinsock()),
+      music({frmMain, state, settings, messages, log, system.pump, system.files, system.player,
+             system.mixer, *connectionMP3, [](const QString&) { return std::optional<QByteArray>(); }}),
+      transport(frmMain, {main, state, screen, tabs, database, music, system.pump, system.chance}),
+      browsing(frmMain, {main, state, screen, messages, system.box, log, palette, database},
+               transport),
+      musicTab(parts, browsing, transport, music),
+      moviesTab(parts),
+      photosTab(parts, system, messages),
+      mainTab(parts, tabs, musicTab),
+      mapsTab(parts, musicTab),
+      moreTab(parts, system, palette, *x10Control, musicTab),
+      startup({system, state, settings, graphics, palette, log, screen, main, tabs, host, frmSplash,
+               *this}),
+      window({frmMain, state, host, messages, startup, system.tray, system.session},
+             std::move(end)) {
+  transport.setBrowsing(browsing);
+  music.setNews(&transport);
+  Tab* const byIndex[] = {&musicTab, &moviesTab, &photosTab, &mainTab, &mapsTab, &moreTab};
+  for (int i = 0; i < 6; ++i) tabs.setTab(i, *byIndex[i]);
+  tabs.closeAlwaysOnTop = [this] { window.closeAlwaysOnTop(); };
+  wire();
+}
+
+Console::~Console() = default;
+
+void Console::showMainForm() {
+  host.show(frmMain);
+}
+
+void Console::connectMasterListener() {
+  const quint16 port = static_cast<quint16>(val(state.gMasterListenerPort));
+  if (connectionML->state() == Winsock::Connected || port == 0 ||
+      state.gMasterListenerIP == "NO"_L1)
+    return;
+  connectionML->Close();
+  connectionML->RemoteHost = state.gMasterListenerIP;
+  connectionML->RemotePort = port;
+  connectionML->Connect();
+  constexpr int kAfterConnect = 300;
+  system.pump.wait(kAfterConnect, [this] { return connectionML->state() == Winsock::Connected; });
+}
+
+void Console::fillArtists() {
+  log.guard("Form_Load", "Form frmMain", [this] { browsing.fillArtists(); });
+}
+void Console::fillAlbums() {
+  log.guard("Form_Load", "Form frmMain", [this] { browsing.fillAlbums(); });
+}
+void Console::fillSongs() {
+  log.guard("Form_Load", "Form frmMain", [this] { browsing.fillSongs(); });
+}
+
+void Console::loadMovedControls() {
+  const auto bytes = system.files.read(graphics.themeDirectory() + u"/positons.txt"_s);
+  if (bytes) {
+    for (const QString& line : QString::fromUtf8(*bytes).split(u'\n')) {
+      const QStringList fields = line.trimmed().split(u"@@#"_s);
+      if (fields.size() < 2) continue;
+      Control* control = frmMain.find(fields[0], fields.size() == 4 ? fields[3].toInt() : -1);
+      if (!control || control->tag().compare("NO"_L1, Qt::CaseInsensitive) == 0) continue;
+      Rect place = control->rect();
+      place.left = static_cast<int>(std::lround(val(fields[1])));
+      if (fields.size() > 2) place.top = static_cast<int>(std::lround(val(fields[2])));
+      control->rect = place;
+    }
+  }
+  main.rememberGrids();
+}
+
+void Console::closeConnections() {
+  connectionMovie->Close();
+  x10Control->Close();
+  connectionML->Close();
+  music.ConnectionMP3Close();
+  system.player.Stop();
+}
+
+}  // namespace korvane

@@ -1,0 +1,81 @@
+// The console: every part made once, in the order of the house, and wired. Needs the doors to the
+// outside and something that shows forms; knows no widget.
+#pragma once
+
+#include "control/control_tabs.h"
+#include "core/startup.h"
+#include "core/window_buttons.h"
+#include "custom/main_tab.h"
+#include "library/browsing.h"
+#include "library/database.h"
+#include "listener/music_connection.h"
+#include "movies/movies_tab.h"
+#include "photos/photos_tab.h"
+#include "platform/system.h"
+#include "playback/music_tab.h"
+#include "playback/transport.h"
+
+namespace korvane {
+
+class Console : private StartupParts {
+ public:
+  using MakeHost = std::function<std::unique_ptr<FormHost>(Graphics&)>;
+  // `home` is the program directory; `makeHost` makes what shows forms; `end` ends the program.
+  Console(System& system, const MakeHost& makeHost, QString home, std::function<void()> end);
+  ~Console() override;
+
+  bool SubMain() { return startup.SubMain(); }  // Yields.
+
+  // In the order of the house.
+  System& system;
+  AppState state;
+  Settings settings;
+  Log log;
+  Graphics graphics;
+  std::unique_ptr<FormHost> ownHost;
+  FormHost& host;
+  Palette palette;
+  Screen screen;
+  Form frmMain, frmSplash;
+  ThemedMessages messages;
+  MainForm main;
+  TabController tabs;
+  TabParts parts;
+  Database database;
+  std::unique_ptr<Winsock> connectionMP3, connectionMovie, connectionML, x10Control;
+  MusicConnection music;
+  Transport transport;
+  Browsing browsing;
+  MusicTab musicTab;
+  MoviesTab moviesTab;
+  PhotosTab photosTab;
+  MainTab mainTab;
+  MapsTab mapsTab;
+  MoreTab moreTab;
+  Startup startup;
+  WindowButtons window;
+
+ private:
+  void wire();
+  void wireMusic();
+  void wireWindow();
+
+  // StartupParts
+  void showMainForm() override;
+  void initialiseMap() override {}
+  void connectMasterListener() override;
+  void fillArtists() override;
+  void fillAlbums() override;
+  void fillSongs() override;
+  void setUpGrids() override { browsing.setUpGrids(); }
+  void loadMovedControls() override;
+  void domainpage() override { mainTab.domainpage(); }
+  void lblMoviesPlay_Click(int index) override { moviesTab.lblMoviesPlay_Click(index); }
+  void loadAds() override {}
+  void stopCd() override {}
+  void closeMap() override {}
+  void closeConnections() override;
+  void releasePhotos() override {}
+};
+
+}  // namespace korvane

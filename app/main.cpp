@@ -1,0 +1,116 @@
+// korvane: the command line, then Sub Main.
+#include <QApplication>
+#include <QIcon>
+
+#include <cstdio>
+
+#include "app/command_line.h"
+#include "app/console.h"
+#include "app/home.h"
+#include "app/tools.h"
+#include "platform/disk_file_system.h"
+#include "platform/home_lock.h"
+#include "platform/login_session.h"
+#include "platform/media_player_vlc.h"
+#include "platform/mixer_alsa.h"
+#include "platform/screen_saver_power.h"
+#include "platform/system_clock.h"
+#include "platform/winsock_qt.h"
+#include "view/qt_pump.h"
+#include "view/screen_pointer.h"
+#include "view/system_box.h"
+#include "view/theme_check.h"
+#include "view/tray_icon.h"
+#include "view/window_host.h"
+
+namespace korvane {
+namespace {
+
+int complain(const QString& text) {
+  std::fprintf(stderr, "%s\n", qUtf8Printable(text));
+  return 1;
+}
+
+int checkTheme(const QString& home, FileSystem& files, Pump& pump) {
+  AppState state;
+  Settings settings(files, pump, state, home);
+  state.gTheme = settings.upper(key::Theme);
+  Graphics graphics(files, state, home);
+  if (!graphics.themeExists()) return complain(u"There is no theme "_s + state.gTheme);
+  const QStringList faults = themeFaults(graphics, Palette(settings));
+  for (const QString& fault : faults) std::printf("%s\n", qUtf8Printable(fault));
+  std::printf("%s: %lld faults\n", qUtf8Printable(state.gTheme),
+              static_cast<long long>(faults.size()));
+  return faults.isEmpty() ? 0 : 1;
+}
+
+int show(const CommandLine& line, const QString& home, DiskFileSystem& files, QtPump& pump,
+         PressGate& gate) {
+  SystemClock clock;
+  RandomChance chance(clock);
+  MediaPlayerVlc player(pump);
+  ScreenSaverPower screenPower;
+  LoginSession session;
+  MixerAlsa mixer;
+  TrayIcon tray(QIcon(home + u"/krvgraphics/MERIDIAN/logo.svg"_s));
+  MessageBox box;
+  HomeLock lock(home);
+  System system{pump,   clock,       chance,  files,
+                player, screenPower, session, mixer,
+                tray,   box,         lock,    [] { return std::make_unique<WinsockQt>(); }};
+  WindowHost* window = nullptr;
+  Console console(
+      system,
+      [&](Graphics& graphics) {
+        auto made =
+            std::make_unique<WindowHost>(graphics, gate, line.windowed ? line.size : QSize());
+        window = made.get();
+        return made;
+      },
+      home, [] { QCoreApplication::quit(); });
+  window->closeAsked = [&] { pump.later([&] { console.window.imgExit_Click(); }); };
+  window->setSinglePress(console.settings.flag(key::SinglePress));
+  ScreenPointer pointer(console.screen);
+  if (!console.SubMain()) return 1;
+  const int result = QCoreApplication::exec();
+  window->close();
+  return result;
+}
+
+int run(int argc, char** argv) {
+  QStringList arguments;
+  for (int i = 1; i < argc; ++i) arguments << QString::fromLocal8Bit(argv[i]);
+  QString error;
+  const std::optional<CommandLine> line = CommandLine::parse(arguments, &error);
+  if (!line) return complain(error);
+  if (line->help || line->version) {
+    std::printf("%s", qUtf8Printable(line->help ? CommandLine::usage()
+                                                : u"korvane " KORVANE_VERSION "\n"_s));
+    return 0;
+  }
+  const bool tool = !line->scan.isEmpty() || !line->list.isEmpty() || line->checkTheme;
+  if (tool) qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication application(argc, argv);
+  QApplication::setApplicationName(u"korvane"_s);
+  QApplication::setDesktopFileName(u"korvane"_s);
+  QApplication::setQuitOnLastWindowClosed(false);
+
+  DiskFileSystem files;
+  PressGate gate;
+  QtPump pump(gate);
+  const QString beside = QCoreApplication::applicationDirPath();
+  const QString home = chooseHome(line->home, beside, files);
+  const bool first = !files.FileExists(home + u"/Morvanta.INI"_s);
+  if (!makeHome(home, starterDirectory(beside, files), files, &error)) return complain(error);
+  static_cast<void>(first);
+  if (!line->list.isEmpty()) return listLibrary(home, line->list);
+  if (line->checkTheme) return checkTheme(home, files, pump);
+  return show(*line, home, files, pump, gate);
+}
+
+}  // namespace
+}  // namespace korvane
+
+int main(int argc, char** argv) {
+  return korvane::run(argc, argv);
+}
