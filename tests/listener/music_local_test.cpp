@@ -79,13 +79,18 @@ TEST_F(LocalMusicTest, TicksMoveTheSliderUnlessItIsHeld) {
   EXPECT_EQ(Slider1.value(), 61.25);
 }
 
-TEST_F(LocalMusicTest, StatusTellsWhatPlaysAndTheVolumeWhenItIsShown) {
+TEST_F(LocalMusicTest, TheVolumeIsNotToldUnlessItIsShown) {
+  music.ConnectionMP3Send(u"MUSIC"_s, u"STATUS"_s);
+  EXPECT_EQ(music.listenerMaxVolume, 0);
+}
+
+TEST_F(LocalMusicTest, StatusTellsWhatPlaysAndTheVolume) {
+  setting("DisplayVolume=1");
   music.ConnectionMP3Send(u"MUSIC"_s, u"STATUS"_s);
   EXPECT_EQ(control<Label>("lblCurrentPlay").caption(), u""_s);
   EXPECT_TRUE(news.heard.isEmpty());  // already stopped
 
   play(u"/m/a.mp3"_s);
-  setting("DisplayVolume=1");
   system.mixer.open();
   system.mixer.value = system.mixer.top / 4;
   control<Label>("lblCurrentPlay").caption = u""_s;

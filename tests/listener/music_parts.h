@@ -2,6 +2,7 @@
 #pragma once
 
 #include "listener/music_connection.h"
+#include "platform/profile.h"
 #include "tests/fakes/fake_media_player.h"
 #include "tests/fakes/fake_messages.h"
 #include "tests/fakes/fake_system.h"
@@ -32,16 +33,17 @@ struct MusicParts {
     music.setNews(&news);
   }
 
-  void setting(const QByteArray& line) {
+  void setting(const QByteArray& line) {  // before the first command
     system.files.put(u"/home/Morvanta.INI"_s, "[STARTUP]\n" + line + "\n");
   }
   QString ini(const QString& section, const QString& name) {
-    return settings.readSetting(section, name);
+    return profileValue(system.files.bytes(u"/home/Morvanta.INI"_s), section, name)
+        .value_or(u"NO"_s);
   }
   QString log() { return QString::fromUtf8(system.files.bytes(u"/home/log.txt"_s)); }
   template <class T>
   T& control(const char* name, int index = -1) {
-    return dynamic_cast<T&>(*form.find(QLatin1StringView(name), index));
+    return dynamic_cast<T&>(*form.find(QString::fromLatin1(name), index));
   }
   QString picture(const char* name, int index) {
     return control<Image>(name, index).picture->group + u'/' +

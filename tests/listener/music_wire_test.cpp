@@ -52,7 +52,7 @@ TEST_F(MusicWireTest, SplitDeliveriesLoseRecordsAndNothingElse) {
   listener.pieceBytes = 3;
   listener.send({u"SONGPLAYING"_s, u"cut"_s});
   listener.pieceBytes = 0;
-  until([] { return false; });
+  pump.wait(100, [] { return false; });
   listener.send({u"MUSICDURATION"_s, u"77"_s});
   EXPECT_TRUE(until([&] { return Slider1.maximum() == 77; }));
 }
