@@ -6,6 +6,8 @@ namespace korvane {
 namespace {
 
 constexpr auto kLongestGoodbye = std::chrono::seconds(1);
+constexpr int kCountAttempts = 20;
+constexpr auto kCountPause = std::chrono::milliseconds(15);
 constexpr qint64 kLengthStepMs = 500;  // a guessed length that moves by less is not worth telling
 
 // Music only: no pictures, no subtitles, no scripts, nothing printed, no connection to a display.
@@ -80,7 +82,7 @@ bool MediaPlayerVlc::Engine::make() {
   libvlc_event_manager_t* events = vlc_->libvlc_media_player_event_manager(player_);
   for (const auto type :
        {libvlc_MediaPlayerPlaying, libvlc_MediaPlayerEndReached, libvlc_MediaPlayerEncounteredError,
-        libvlc_MediaPlayerTimeChanged, libvlc_MediaPlayerLengthChanged})
+        libvlc_MediaPlayerTimeChanged, libvlc_MediaPlayerLengthChanged, libvlc_MediaPlayerESAdded})
     vlc_->libvlc_event_attach(events, type, &Engine::event, this);
   return true;
 }
@@ -98,6 +100,7 @@ void MediaPlayerVlc::Engine::open(int generation, const QString& path) {
   path_ = path;
   positionMs = 0;
   lengthMs_ = 0;
+  soundFound_ = false;
   generation_ = generation;
 }
 
@@ -125,12 +128,21 @@ void MediaPlayerVlc::Engine::applyLevels() {
   vlc_->libvlc_audio_set_mute(player_, mute);
 }
 
-// The end of a file of which no sound was decoded is a failure: libVLC plays a text by ending it.
+// Whether any sound of the file at hand was decoded. libVLC counts it four times a second and once
+// more soon after the end, so a very short file is asked again.
+bool MediaPlayerVlc::Engine::sounded() const {
+  for (int attempt = 0; attempt < kCountAttempts && soundFound_; ++attempt) {
+    libvlc_media_stats_t stats{};
+    if (!vlc_->libvlc_media_get_stats(media_, &stats) || stats.i_decoded_audio > 0) return true;
+    std::this_thread::sleep_for(kCountPause);
+  }
+  return false;
+}
+
+// The end of a file that never sounded is a failure: libVLC plays a text by ending it.
 void MediaPlayerVlc::Engine::conclude(int generation) {
   if (generation != generation_ || !media_) return;
-  libvlc_media_stats_t stats{};
-  const bool known = vlc_->libvlc_media_get_stats(media_, &stats);
-  if (!known || stats.i_decoded_audio > 0)
+  if (sounded())
     report({Report::End, generation, 0, {}});
   else
     report({Report::Failure, generation, 0,
@@ -148,7 +160,8 @@ void MediaPlayerVlc::Engine::report(Report told) {
 }
 
 void MediaPlayerVlc::Engine::lengthTold(qint64 milliseconds) {
-  if (milliseconds <= 0 || std::abs(milliseconds - lengthMs_) < kLengthStepMs) return;
+  if (milliseconds <= 0) return;
+  if (lengthMs_ > 0 && std::abs(milliseconds - lengthMs_) < kLengthStepMs) return;
   lengthMs_ = milliseconds;
   report({Report::Length, generation_, static_cast<double>(milliseconds) / 1000, {}});
 }
@@ -158,6 +171,9 @@ void MediaPlayerVlc::Engine::event(const libvlc_event_t* event, void* self) {
   switch (event->type) {
     case libvlc_MediaPlayerPlaying:
       engine->post([engine] { engine->applyLevels(); });
+      break;
+    case libvlc_MediaPlayerESAdded:
+      if (event->u.media_player_es_changed.i_type == libvlc_track_audio) engine->soundFound_ = true;
       break;
     case libvlc_MediaPlayerTimeChanged:
       engine->positionMs = event->u.media_player_time_changed.new_time;

@@ -44,6 +44,7 @@ class MediaPlayerVlc::Engine : public std::enable_shared_from_this<Engine> {
   void run();
   void report(Report report);  // from any thread
   void conclude(int generation);
+  bool sounded() const;
   static void event(const libvlc_event_t* event, void* engine);  // on libVLC's threads
   void lengthTold(qint64 milliseconds);
 
@@ -63,6 +64,7 @@ class MediaPlayerVlc::Engine : public std::enable_shared_from_this<Engine> {
   QString path_, trouble_;  // why libVLC could not be made
   std::atomic<int> generation_{0};
   std::atomic<qint64> lengthMs_{0};
+  std::atomic<bool> soundFound_{false};  // the file at hand has a track of sound
 };
 
 }  // namespace korvane

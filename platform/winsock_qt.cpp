@@ -96,6 +96,7 @@ class WinsockQt::Body : public QObject {
   void send(const QByteArray& bytes) {
     if (state() != Winsock::Connected) return;
     socket_.write(bytes);
+    socket_.flush();  // a command does not wait for the event loop
     if (socket_.bytesToWrite() > kMostUnsent) fail(u"The peer takes no more data."_s);
   }
 

@@ -1,5 +1,5 @@
-// A Music Listener over real TCP for tests: it answers each command as a faithful service does, with
-// songs that play silently for a set time, and misbehaves when told to.
+// A Music Listener over real TCP for tests: it answers each command as a faithful service does,
+// with songs that play silently for a set time, and misbehaves when told to.
 #pragma once
 
 #include <QTcpServer>
@@ -18,11 +18,11 @@ class TestListener {
 
   // How it behaves.
   double songSeconds = 3;
-  int tickMs = 1000;                             // between MUSICTIMER records
-  double speed = 1;                              // seconds of song in a second
-  QByteArray cover;                              // sent at each song, when not empty
-  int pieceBytes = 0;                            // deliveries are cut into pieces of so many bytes
-  bool silent = false;                           // records are taken and never answered
+  int tickMs = 1000;    // between MUSICTIMER records
+  double speed = 1;     // seconds of song in a second
+  QByteArray cover;     // sent at each song, when not empty
+  int pieceBytes = 0;   // deliveries are cut into pieces of so many bytes
+  bool silent = false;  // records are taken and never answered
   std::function<bool(const QString&)> plays = [](const QString&) { return true; };
   int volume = 50, maxVolume = 100;
   bool displayVolume = true;
@@ -30,7 +30,7 @@ class TestListener {
   // What it does at once.
   void send(const QByteArray& bytes);  // one write
   void send(const QStringList& fields);
-  void vanish();         // drops the connection without a word
+  void vanish();  // drops the connection without a word
   void flood(int records);
   void endSong();
 

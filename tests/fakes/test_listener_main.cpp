@@ -1,10 +1,10 @@
 // test_listener [--port N] [--log FILE] [--song SECONDS] [--speed FACTOR] [--cover FILE]
 //               [--vanish SECONDS] [--pieces BYTES] [--files]
 //
-// Prints "PORT <number>" and serves until it is ended. Each record it receives is a line of the log, its
-// separators written \0 and \1. --speed plays faster than time; --vanish drops the connection that
-// many seconds after the first song began; --pieces cuts every delivery; --files answers ERROR for a
-// path that does not exist.
+// Prints "PORT <number>" and serves until it is ended. Each record it receives is a line of the
+// log, its separators written \0 and \1. --speed plays faster than time; --vanish drops the
+// connection that many seconds after the first song began; --pieces cuts every delivery; --files
+// answers ERROR for a path that does not exist.
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QFile>
@@ -25,7 +25,8 @@ int main(int argc, char** argv) {
   if (line.isSet(u"song"_s)) listener.songSeconds = line.value(u"song"_s).toDouble();
   if (line.isSet(u"speed"_s)) listener.speed = line.value(u"speed"_s).toDouble();
   listener.pieceBytes = line.value(u"pieces"_s).toInt();
-  if (line.isSet(u"files"_s)) listener.plays = [](const QString& path) { return QFile::exists(path); };
+  if (line.isSet(u"files"_s))
+    listener.plays = [](const QString& path) { return QFile::exists(path); };
   if (QFile cover(line.value(u"cover"_s)); cover.open(QIODevice::ReadOnly))
     listener.cover = cover.readAll();
 

@@ -9,19 +9,18 @@
 namespace korvane {
 namespace {
 
-QByteArray wire(QByteArray text) { return text.replace('|', '\0').replace('$', '\1'); }
+QByteArray wire(QByteArray text) {
+  return text.replace('|', '\0').replace('$', '\1');
+}
 
 TEST(Record, SplitsADeliveryAndThrowsTheUnfinishedEndAway) {
   const struct {
     QByteArray block;
     QByteArrayList records;
   } cases[] = {
-      {"", {}},
-      {"MUSICTIMER|0:01", {}},
-      {"A|1$", {"A|1"}},
-      {"A$B|2$C|3", {"A", "B|2"}},
-      {"$$", {"", ""}},
-      {QByteArray(3'000'000, 'x'), {}},
+      {"", {}},          {"MUSICTIMER|0:01", {}},
+      {"A|1$", {"A|1"}}, {"A$B|2$C|3", {"A", "B|2"}},
+      {"$$", {"", ""}},  {QByteArray(3'000'000, 'x'), {}},
   };
   for (const auto& [block, records] : cases) {
     QByteArrayList found;
@@ -73,18 +72,17 @@ TEST(Record, CommandsAsBytes) {
        "MUSIC|PLAY|Bj\xf6rk \x96 \x80|?$"},
   };
   for (const auto& c : cases)
-    EXPECT_EQ(encode(commandRecord(c.target, c.command, c.argument1, c.argument2),
-                     WireText::Windows1252),
-              wire(c.expected));
+    EXPECT_EQ(
+        encode(commandRecord(c.target, c.command, c.argument1, c.argument2), WireText::Windows1252),
+        wire(c.expected));
   EXPECT_EQ(encode(u"\u4e2d"_s, wireTextOf(u"utf-8")), "\xe4\xb8\xad");
   EXPECT_EQ(wireTextOf(u"NO"), WireText::Windows1252);
 }
 
 TEST(Record, MinutesAndSeconds) {
   const std::pair<double, QString> cases[] = {
-      {0, u"0:00"_s},     {9.99, u"0:09"_s},    {60, u"1:00"_s},
-      {-1, u"0:00"_s},    {3725, u"62:05"_s},   {-300, u"0:00"_s},
-      {1e300, u"16666666:40"_s},
+      {0, u"0:00"_s},     {9.99, u"0:09"_s}, {60, u"1:00"_s},           {-1, u"0:00"_s},
+      {3725, u"62:05"_s}, {-300, u"0:00"_s}, {1e300, u"16666666:40"_s},
   };
   for (const auto& [seconds, text] : cases) EXPECT_EQ(minutesAndSeconds(seconds), text);
 }
@@ -104,7 +102,8 @@ TEST(SongFinder, TriesTheOtherVolumes) {
       {{}, std::nullopt},
       {u"relative.mp3"_s, std::nullopt},
   };
-  for (const auto& [path, found] : cases) EXPECT_EQ(findSong(files, path), found) << path.toStdString();
+  for (const auto& [path, found] : cases)
+    EXPECT_EQ(findSong(files, path), found) << path.toStdString();
 }
 
 }  // namespace

@@ -1,0 +1,12 @@
+// The modes of the benchmark that play music. Each prints one line of JSON and returns 0 when what
+// it checked held.
+#pragma once
+
+#include "platform/text.h"
+
+namespace korvane {
+
+int benchRecords(const QStringList& arguments);  // records
+int benchPlay(const QStringList& arguments);     // play FILE FILE2
+
+}  // namespace korvane

@@ -1,0 +1,263 @@
+// The server role: commands to exact bytes, records to what the form shows, and a connection that
+// comes, goes and breaks.
+#include "tests/listener/music_world.h"
+
+namespace korvane {
+namespace {
+
+struct ServerMusicTest : MusicWorld {
+  ServerMusicTest() {
+    state.gMusicListenerIP = u"10.0.0.2"_s;
+    state.gMusicListenerPort = u" 4001 "_s;
+  }
+  void connect() {
+    music.ConnectionMP3Connect();
+    socket.stand();
+    socket.sent.clear();
+  }
+  QString caption(const char* name) { return control<Label>(name).caption(); }
+};
+
+TEST_F(ServerMusicTest, ConnectsOnceAndAsksForTheStatus) {
+  music.ConnectionMP3Connect();
+  EXPECT_EQ(socket.RemoteHost, u"10.0.0.2"_s);
+  EXPECT_EQ(socket.RemotePort, 4001);
+  EXPECT_EQ(caption("lblCurrentPlay"), u"Status:Idle"_s);
+  EXPECT_EQ(system.pump.waitedMs, 0);
+  socket.stand();
+  EXPECT_EQ(socket.sent, QByteArrayList{bytes("MUSIC|STATUS$")});
+  music.ConnectionMP3Connect();
+  EXPECT_EQ(socket.connects, 1);
+}
+
+TEST_F(ServerMusicTest, APortThatIsNoNumberIsLoggedAndNothingWaits) {
+  for (const char* port : {"", "NO", "70000", "-1"}) {
+    state.gMusicListenerPort = QString::fromLatin1(port);
+    music.ConnectionMP3Connect();
+  }
+  EXPECT_EQ(socket.connects, 0);
+  EXPECT_EQ(system.pump.waits, 0);
+  EXPECT_EQ(log().count(u"Error 13 (Type mismatch) in procedure connectionmp3Connect of Form "
+                        u"frmMain\n"_s),
+            4);
+}
+
+TEST_F(ServerMusicTest, CommandsGoOutAsTheirBytes) {
+  connect();
+  musicPageOpen();
+  coverArt.visible = true;
+  music.ConnectionMP3Send(u" music "_s, u" PLAY "_s, u" C:\\M\\\u00e9.mp3 "_s, u"T"_s);
+  EXPECT_FALSE(coverArt.visible());
+  EXPECT_EQ(coverArt.tag(), u"FALSE"_s);
+  EXPECT_EQ(ini(u"GENERAL"_s, u"LASTSONGPLAYED"_s), u"C:\\M\\\u00e9.mp3"_s);
+  music.ConnectionMP3Send(u"MUSIC"_s, u"PLAY"_s);
+  EXPECT_EQ(ini(u"GENERAL"_s, u"LASTSONGPLAYED"_s), u""_s);
+  music.ConnectionMP3Send(u"MUSIC"_s, u"VOLUME"_s, u"33"_s);
+  EXPECT_EQ(socket.sent, QByteArrayList({bytes("MUSIC|PLAY|C:\\M\\\xe9.mp3|T$"),
+                                         bytes("MUSIC|PLAY$"), bytes("MUSIC|VOLUME|33$")}));
+  EXPECT_TRUE(player.calls.isEmpty());
+}
+
+TEST_F(ServerMusicTest, TheEncodingIsASetting) {
+  setting("ListenerEncoding=utf-8");
+  connect();
+  music.ConnectionMP3Send(u"MUSIC"_s, u"PLAY"_s, u"/\u00e9"_s, u"\u4e2d"_s);
+  EXPECT_EQ(socket.sent.last(), bytes("MUSIC|PLAY|/\xc3\xa9|\xe4\xb8\xad$"));
+  socket.arrive(bytes("SONGPLAYING|\xe4\xb8\xad$"));
+  EXPECT_EQ(caption("lblCurrentPlay"), u"Playing: \u4e2d"_s);
+}
+
+TEST_F(ServerMusicTest, WithoutAConnectionCommandsAreDropped) {
+  music.ConnectionMP3Send(u"MUSIC"_s, u"STOP"_s);
+  socket.setState(Winsock::ConnectionPending);
+  music.ConnectionMP3Send(u"MUSIC"_s, u"STOP"_s);
+  EXPECT_EQ(system.pump.waitedMs, 3000);
+  system.pump.at(100, [this] { socket.setState(Winsock::Connected); });
+  music.ConnectionMP3Send(u"MUSIC"_s, u"STOP"_s);
+  EXPECT_EQ(system.pump.waitedMs, 3100);
+  EXPECT_EQ(socket.sent, QByteArrayList{bytes("MUSIC|STOP$")});
+}
+
+TEST_F(ServerMusicTest, RecordsShowOnTheForm) {
+  connect();
+  socket.arrive(
+      bytes("MUSICDURATION|200$SONGPLAYING|One$MEDIAPLAYERSTATE|2$MUSICTIMER|0:07|7$LOST"));
+  EXPECT_EQ(caption("lblDuration"), u"3:20"_s);
+  EXPECT_EQ(Slider1.maximum(), 200);
+  EXPECT_EQ(caption("lblCurrentPlay"), u"Playing: One"_s);
+  EXPECT_EQ(state.gPlayMode, 2);
+  EXPECT_EQ(Slider1.value(), 7);
+  EXPECT_EQ(Slider1.text(), u"Current= 0:07 -- Remaining= 3:13"_s);
+
+  socket.arrive(bytes("VOLUME|30$"));
+  EXPECT_EQ(caption("lblVolume"), u""_s);
+  EXPECT_EQ(music.listenerVolume, 30);
+  socket.arrive(bytes("MAXVOLUME|200$VOLUME|31$"));
+  EXPECT_EQ(caption("lblVolume"), u"Volume 16%"_s);
+  EXPECT_EQ(music.listenerMaxVolume, 200);
+
+  state.gPlayMode = 1;
+  socket.arrive(bytes("PAUSETOPLAY$"));
+  EXPECT_EQ(state.gPlayMode, 2);
+  EXPECT_EQ(picture("cmdControls", 1) + picture("cmdControls", 2) + picture("cmdControls", 3),
+            u"Music/playbMusic/pauseMusic/stop"_s);
+  EXPECT_TRUE(news.heard.isEmpty());
+}
+
+TEST_F(ServerMusicTest, StatesPressTheTransport) {
+  connect();
+  const struct {
+    int before;
+    QByteArray told;
+    int after;
+    QStringList heard;
+  } cases[] = {
+      {2, "1", 1, {u"press 2"_s}},
+      {2, "0", 0, {u"press 3"_s}},
+      {2, "6", 0, {u"press 3"_s}},
+      {1, "1", 1, {}},
+      {0, "0", 0, {}},
+      {0, "2", 2, {}},
+      {2, "x", 2, {}},
+      {2, "1e30", 2, {}},
+  };
+  for (const auto& c : cases) {
+    state.gPlayMode = c.before;
+    news.heard.clear();
+    socket.arrive(bytes("MEDIAPLAYERSTATE|" + c.told + "$"));
+    EXPECT_EQ(state.gPlayMode, c.after) << c.told.constData();
+    EXPECT_EQ(news.heard, c.heard) << c.told.constData();
+  }
+}
+
+TEST_F(ServerMusicTest, BrokenRecordsAreSkippedAndTheNextStillCounts) {
+  connect();
+  Slider1.maximum = 50;
+  for (const char* broken :
+       {"", "|", "NOTHING|1", "MUSICDURATION", "MUSICDURATION|", "MUSICDURATION|nan", "MUSICTIMER",
+        "MUSICTIMER|0:01|x", "MEDIAPLAYERSTATE", "SONGPLAYING", "VOLUME", "MAXVOLUME|", "ERROR",
+        "RECEIVEJPG", "RECEIVEJPG|many", "RECEIVEJPG|1e12", "RECEIVEJPG|-1", "musictimer|0:01|9"}) {
+    socket.arrive(bytes(QByteArray(broken) + "$MUSICTIMER|0:03|3$"));
+    EXPECT_EQ(Slider1.value(), 3) << broken;
+    EXPECT_EQ(Slider1.maximum(), 50) << broken;
+    Slider1.value = 0;
+  }
+  system.pump.settle();
+  EXPECT_TRUE(messages.texts.isEmpty());
+  socket.arrive("SONGPLAYING" + QByteArray(1, '\0') + QByteArray(4'000'000, 'x') + '\1');
+  EXPECT_LT(caption("lblCurrentPlay").size(), 1100);
+}
+
+TEST_F(ServerMusicTest, ARecordCutInTwoIsLost) {
+  connect();
+  socket.arrive(bytes("MUSICTIMER|0:09|"));
+  socket.arrive(bytes("9$MUSICTIMER|0:10|10$"));
+  EXPECT_EQ(Slider1.value(), 10);
+}
+
+TEST_F(ServerMusicTest, TheCoverArtComesInItsOwnDeliveries) {
+  system.files.put(u"/home/coverArt.jpg"_s, "an older and longer picture");
+  musicPageOpen();
+  connect();
+  socket.arrive(bytes("RECEIVEJPG|6$MUSICTIMER|0:09|9$"));
+  EXPECT_EQ(Slider1.value(), 0);
+  EXPECT_FALSE(system.files.FileExists(u"/home/coverArt.jpg"_s));
+  socket.arrive(bytes("ab$"));
+  EXPECT_FALSE(coverArt.visible());
+  socket.arrive("def");
+  EXPECT_EQ(system.files.bytes(u"/home/coverArt.jpg"_s), bytes("ab$def"));
+  EXPECT_EQ(*coverArt.picture->bytes, bytes("ab$def"));
+  EXPECT_TRUE(coverArt.visible());
+  EXPECT_EQ(coverArt.tag(), u"TRUE"_s);
+  socket.arrive(bytes("MUSICTIMER|0:09|9$"));
+  EXPECT_EQ(Slider1.value(), 9);
+}
+
+TEST_F(ServerMusicTest, ACoverTransferSurvivesAFullDiskAndEndsWithItsConnection) {
+  connect();
+  system.files.room = 0;
+  socket.arrive(bytes("RECEIVEJPG|3$"));
+  socket.arrive("abc");
+  EXPECT_EQ(coverArt.tag(), u""_s);
+  socket.arrive(bytes("MUSICTIMER|0:09|9$RECEIVEJPG|1000$"));
+  EXPECT_EQ(Slider1.value(), 9);
+  socket.peerCloses();
+  connect();
+  socket.arrive(bytes("MUSICTIMER|0:04|4$"));
+  EXPECT_EQ(Slider1.value(), 4);
+}
+
+TEST_F(ServerMusicTest, ErrorsAreSaidOneBoxAtATime) {
+  connect();
+  messages.onShow = [&] {
+    if (messages.texts.size() == 1)
+      socket.arrive(bytes("ERROR|b$ERROR|b$ERROR|c$ERROR|d$ERROR|e$ERROR|f$"));
+    system.pump.settle();
+  };
+  socket.arrive(bytes("ERROR|a$"));
+  EXPECT_TRUE(messages.texts.isEmpty());  // never from inside a delivery
+  system.pump.settle();
+  EXPECT_EQ(messages.texts, QStringList({u"a"_s, u"b\nc\nd\nAnd 2 more."_s}));
+  EXPECT_TRUE(news.heard.isEmpty());  // no song was asked for
+}
+
+TEST_F(ServerMusicTest, ASongTheListenerRefusesGivesWayToTheNext) {
+  connect();
+  music.ConnectionMP3Send(u"MUSIC"_s, u"PLAY"_s, u"/a"_s, u"A"_s);
+  socket.arrive(bytes("ERROR|File not found$"));
+  system.pump.settle();
+  music.ConnectionMP3Send(u"MUSIC"_s, u"PLAY"_s, u"/b"_s, u"B"_s);
+  socket.arrive(bytes("SONGPLAYING|B$MUSICTIMER|0:01|1$ERROR|disk is hot$ENDOFSTREAM$"));
+  system.pump.settle();
+  EXPECT_EQ(news.heard, QStringList({u"failed 1"_s, u"end"_s}));
+}
+
+TEST_F(ServerMusicTest, AListenerThatVanishesStopsTheFrontEnd) {
+  for (const bool breaks : {false, true}) {
+    connect();
+    socket.arrive(bytes("MEDIAPLAYERSTATE|2$MUSICTIMER|0:09|9$"));
+    news.heard.clear();
+    breaks ? socket.breakWith(u"Connection timed out"_s) : socket.peerCloses();
+    EXPECT_EQ(news.heard, QStringList{u"press 3"_s});
+    EXPECT_EQ(music.connectionState(), Winsock::Closed);
+    EXPECT_EQ(Slider1.value(), 0);
+    EXPECT_EQ(state.gPlayMode, 0);
+  }
+  EXPECT_TRUE(log().contains(u"Error in connectionMP3 Connection timed out\n"_s));
+}
+
+TEST_F(ServerMusicTest, AFailedConnectionIsLoggedUnlessTheSourceIsTheCd) {
+  music.ConnectionMP3Connect();
+  state.gMusicType = u"CD"_s;
+  socket.breakWith(u"refused"_s);
+  EXPECT_EQ(music.connectionState(), Winsock::Error);
+  EXPECT_EQ(log(), u""_s);
+  state.gMusicType = u"DIGITAL"_s;
+  socket.breakWith(u"refused"_s);
+  EXPECT_EQ(music.connectionState(), Winsock::Closed);
+  EXPECT_TRUE(log().endsWith(u"Error in connectionMP3 refused\n"_s));
+  EXPECT_TRUE(news.heard.isEmpty());
+}
+
+TEST_F(ServerMusicTest, TheRoleChangesOnlyWhileNothingPlays) {
+  Slider1.value = 3;
+  form.find(u"lblMusicPlay", 0)->visible = true;
+  form.fire(*form.find(u"lblMusicPlay", 0), {Event::Click});
+  EXPECT_FALSE(state.gLocalListener);
+  Slider1.value = 0;
+  form.fire(*form.find(u"lblMusicPlay", 0), {Event::Click});
+  EXPECT_TRUE(state.gLocalListener);
+  EXPECT_EQ(picture("lblMusicPlay", 0) + picture("lblMusicPlay", 1),
+            u"music/AtSeatonmusic/InCabinOff"_s);
+  EXPECT_EQ(settings.GetSetting(u"KRV"_s, u"MUSIC"_s, u"MUSICTYPE"_s), u"LOCAL"_s);
+  EXPECT_EQ(socket.connects, 0);
+  music.lblMusicPlay_Click();
+  EXPECT_FALSE(state.gLocalListener);
+  EXPECT_EQ(picture("lblMusicPlay", 0) + picture("lblMusicPlay", 1),
+            u"music/AtSeatOffmusic/InCabinOn"_s);
+  EXPECT_EQ(settings.GetSetting(u"KRV"_s, u"MUSIC"_s, u"MUSICTYPE"_s), u"SERVER"_s);
+  EXPECT_EQ(socket.connects, 1);
+}
+
+}  // namespace
+}  // namespace korvane
