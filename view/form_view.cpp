@@ -1,6 +1,7 @@
 #include "view/form_view.h"
 
 #include <QMouseEvent>
+#include <QPaintEvent>
 #include <QPainter>
 
 #include "view/style.h"

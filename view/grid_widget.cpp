@@ -1,6 +1,7 @@
 #include "view/grid_widget.h"
 
 #include <QMouseEvent>
+#include <QPaintEvent>
 #include <QTimerEvent>
 
 namespace korvane {
@@ -88,11 +89,12 @@ void GridWidget::activeChanged() {
   }
   if (grid_.row() != knownRow_) lastTapRow_ = 0;
   knownRow_ = grid_.row();
-  if (knownRow_ > 0) bringIntoView(knownRow_);
+  bringIntoView(knownRow_);
 }
 
 // A near row moves in by the least way, a far one to the upper third.
 void GridWidget::bringIntoView(int row) {
+  if (row < 1) return;
   const double view = height() - rowRect(0).height();
   const double top = (row - 1) * rowHeight();
   const double offset = scroll_.offset();

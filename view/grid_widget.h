@@ -20,6 +20,7 @@ class GridWidget : public ControlWidget {
 
   QRect rowRect(int row) const;  // in the widget's pixels, also of a row out of view; 0 the header
   QRect cellRect(int column, int row) const;
+  void bringIntoView(int row);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -39,7 +40,6 @@ class GridWidget : public ControlWidget {
   void measure();  // the range of the scroll from the rows and the size
   void rowsChanged();
   void activeChanged();
-  void bringIntoView(int row);
   void scrolled();  // tells topRow, repaints
   void showIndicator();
   int rowAt(int y) const;  // 0 the header, -1 nothing

@@ -1,5 +1,6 @@
 #include "view/image_widget.h"
 
+#include <QPaintEvent>
 #include <QPainter>
 
 namespace korvane {

@@ -1,5 +1,6 @@
 #include "view/screen_pointer.h"
 
+#include <QCursor>
 #include <QGuiApplication>
 
 namespace korvane {

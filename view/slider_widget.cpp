@@ -31,14 +31,14 @@ double SliderWidget::along(QPointF point) const {
   return (slider_.vertical ? point.y() : point.x()) - face().px(kEnd);
 }
 
-double SliderWidget::share() const {
+double SliderWidget::share(double value) const {
   const double range = slider_.maximum() - slider_.minimum();
   if (!(range > 0)) return 0;
-  return std::clamp((slider_.value() - slider_.minimum()) / range, 0.0, 1.0);
+  return std::clamp((value - slider_.minimum()) / range, 0.0, 1.0);
 }
 
-QPoint SliderWidget::thumb() const {
-  const int at = static_cast<int>(face().px(kEnd) + share() * grooveLength());
+QPoint SliderWidget::pointOf(double value) const {
+  const int at = static_cast<int>(face().px(kEnd) + share(value) * grooveLength());
   return slider_.vertical ? QPoint(width() / 2, at) : QPoint(at, height() / 2);
 }
 

@@ -11,7 +11,9 @@ class SliderWidget : public ControlWidget {
   void mirror(Aspect aspect) override;
   void cancelPress() override;
 
-  QPoint thumb() const;  // its centre, in the widget's pixels
+  // In the widget's pixels: the thumb's centre now, and where it would be for a value.
+  QPoint thumb() const { return pointOf(slider_.value()); }
+  QPoint pointOf(double value) const;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -24,7 +26,7 @@ class SliderWidget : public ControlWidget {
  private:
   double along(QPointF point) const;  // pixels from the groove's low end
   double grooveLength() const;
-  double share() const;  // of the range, 0 to 1
+  double share(double value) const;  // of the range, 0 to 1
   void moveTo(QPointF finger);
   void release();
   void showBubble();

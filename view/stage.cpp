@@ -1,6 +1,7 @@
 #include "view/stage.h"
 
 #include <QCloseEvent>
+#include <QPaintEvent>
 #include <QPainter>
 
 #include "view/style.h"

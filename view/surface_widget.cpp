@@ -1,5 +1,6 @@
 #include "view/surface_widget.h"
 
+#include <QPaintEvent>
 #include <QPainter>
 
 namespace korvane {

@@ -1,0 +1,155 @@
+// The control socket, line by line.
+#include "view/control_server.h"
+
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QLocalSocket>
+#include <QTemporaryDir>
+#include <QTimer>
+
+#include "tests/window/small_console.h"
+
+namespace korvane {
+namespace {
+
+class Socket : public SmallConsole {
+ protected:
+  Socket() {
+    Grid& grid = control<Grid>("Grid", 0);
+    grid.columns = {{u"Title"_s}, {u"Path"_s, 0, true}};
+    grid.setRows(std::make_shared<CountedRows>(1000));
+    form.on(u"cmdTop", Event::Click, [this](Control& pressed, const Event&) {
+      if (pressed.index == 1) host.showModal(box);
+    });
+    box.on(u"cmdControls", Event::Click, [this](Control&, const Event&) { host.hide(box); });
+    box.find(u"msg")->caption = u"Sure?"_s;
+    box.find(u"cmdControls", 0)->caption = u"yes"_s;
+    QString error;
+    EXPECT_TRUE(server.listen(path, &error)) << error.toStdString();
+    client.connectToServer(path);
+  }
+
+  QJsonObject ask(const QByteArray& line) {
+    client.write(line + '\n');
+    QElapsedTimer waited;
+    waited.start();
+    while (!client.canReadLine() && waited.elapsed() < 3000) settle(1);
+    return QJsonDocument::fromJson(client.readLine()).object();
+  }
+
+  QTemporaryDir directory;
+  QString path = directory.filePath(u"control"_s);
+  ControlServer server{host};
+  QLocalSocket client;
+};
+
+TEST_F(Socket, IsTheUsersAlone) {
+  EXPECT_EQ(QFileInfo(path).permissions() &
+                ~(QFile::ReadOwner | QFile::WriteOwner | QFile::ReadUser | QFile::WriteUser),
+            QFile::Permissions());
+  ControlServer second(host);
+  QString error;
+  EXPECT_FALSE(second.listen(path, &error)) << "the one that serves keeps its place";
+  EXPECT_TRUE(error.contains(path));
+}
+
+struct Line {
+  const char* line;
+  const char* answer;  // the answer, or the beginning of its error
+};
+TEST_F(Socket, AnswersEachLine) {
+  const Line lines[] = {
+      {R"({"command":"press","name":"cmdTop","index":0})", R"({"ok":true})"},
+      {R"({"command":"press","name":"Grid","index":0,"row":900})", R"({"ok":true})"},
+      {R"({"command":"set","name":"Slider1","value":37})", R"({"ok":true})"},
+      {R"({"command":"set","name":"txtName","value":"Abba"})", R"({"ok":true})"},
+      {R"({"command":"set","name":"chkOn","value":true})", R"({"ok":true})"},
+      {R"({"command":"drag","name":"Grid","index":0,"dy":-100,"ms":60})", R"({"ok":true})"},
+      {R"({"command":"key","key":"Return"})", R"({"ok":true})"},
+      {R"({"command":"messages"})", R"({"messages":[],"ok":true})"},
+      {R"({"command":"rows","name":"Grid","index":0,"from":999,"count":5})",
+       R"({"count":1000,"ok":true,"rows":[{"cells":["cell 1 of 999","cell 2 of 999"],"emphasised":false,"row":999},{"cells":["cell 1 of 1000","cell 2 of 1000"],"emphasised":false,"row":1000}]})"},
+      {R"({"command":"press","name":"cmdSave"})", "cmdSave: it is hidden"},
+      {R"({"command":"press","name":"cmdTop","index":9})", "no control \"cmdTop\" 9 on frmMain"},
+      {R"({"command":"press","name":"Grid","index":0,"row":1001})", "Grid: it has no row 1001"},
+      {R"({"command":"press","name":"Ticker"})", "Ticker: it cannot be pressed"},
+      {R"({"command":"release"})", "nothing is held"},
+      {R"({"command":"set","name":"Slider1","value":"x"})", "\"value\" is no number"},
+      {R"({"command":"rows","name":"Slider1"})", "Slider1 is no list"},
+      {R"({"command":"key","key":"NoSuchKey"})", "unknown key"},
+      {R"({"command":"wait","name":"Slider1","property":"value","value":38,"timeout_ms":30})",
+       "after 30 ms value of Slider1 is still \"37\""},
+      {R"({"command":"wait","name":"Slider1","property":"colour","value":38})", "Slider1 has no"},
+      {R"({"command":"screenshot","file":"/no/such/folder/a.png"})", "cannot write"},
+      {R"({"command":"fly"})", "unknown command \"fly\""},
+      {R"({"name":"cmdTop"})", "no \"command\""},
+      {R"({"command":"messages","answer":"yes"})", "no box is open"},
+      {"[1,2]", "not a JSON object"},
+      {"press cmdTop", "not a JSON object"},
+      {"\xff\xfe{", "not a JSON object"},
+  };
+  for (const Line& each : lines) {
+    const QJsonObject answer = ask(each.line);
+    const QByteArray whole = QJsonDocument(answer).toJson(QJsonDocument::Compact);
+    if (*each.answer == '{') {
+      EXPECT_EQ(whole, QByteArray(each.answer)) << each.line;
+      continue;
+    }
+    EXPECT_TRUE(answer["error"_L1].toString().startsWith(QString::fromUtf8(each.answer)))
+        << each.line << " gave " << whole.constData();
+    EXPECT_EQ(answer["ok"_L1], QJsonValue(false));
+  }
+  EXPECT_EQ(control<Slider>("Slider1").value(), 37);
+  EXPECT_EQ(control<Grid>("Grid", 0).row(), 900);
+  EXPECT_TRUE(control<Check>("chkOn").checked());
+  EXPECT_TRUE(heard.contains(u"cmdTop click"_s));
+  EXPECT_TRUE(heard.contains(u"Slider1 release"_s));
+}
+
+TEST_F(Socket, TellsAllOfAControl) {
+  control<Image>("cmdTop", 0).setPicture(u"MUSIC"_s, u"play"_s);
+  const QJsonObject image = ask(R"({"command":"get","name":"cmdtop","index":0})");
+  EXPECT_EQ(image["picture"_L1], QJsonValue(u"MUSIC/play"_s));
+  EXPECT_EQ(image["pixels"_L1], QJsonValue(QJsonArray{10, 10, 100, 100}));
+  const QJsonObject grid = ask(R"({"command":"get","name":"Grid","index":0})");
+  EXPECT_EQ(grid["rows"_L1].toInt(), 1000);
+  EXPECT_EQ(grid["row"_L1].toInt(), 1);
+  control<TextBox>("txtName").text = u"secret"_s;
+  control<TextBox>("txtName").passwordChar = u"*"_s;
+  EXPECT_EQ(ask(R"({"command":"get","name":"txtName"})")["text"_L1], QJsonValue(u"******"_s));
+  EXPECT_EQ(ask(R"({"command":"tree"})")["forms"_L1].toArray().size(), 1);
+}
+
+TEST_F(Socket, APressThatOpensABoxIsAnsweredAndTheBoxToo) {
+  EXPECT_EQ(ask(R"({"command":"press","name":"cmdTop","index":1})")["ok"_L1], QJsonValue(true));
+  EXPECT_TRUE(box.shown());
+  const QJsonArray open = ask(R"({"command":"messages"})")["messages"_L1].toArray();
+  ASSERT_EQ(open.size(), 1);
+  EXPECT_EQ(open[0]["text"_L1], QJsonValue(u"Sure?"_s));
+  EXPECT_EQ(ask(R"({"command":"press","name":"cmdTop","index":0})")["error"_L1],
+            QJsonValue(u"no control \"cmdTop\" 0 on frmMsgBox"_s));
+  EXPECT_EQ(ask(R"({"command":"press","form":"frmMain","name":"cmdTop","index":0})")["error"_L1],
+            QJsonValue(u"cmdTop: the form frmMsgBox is above it"_s));
+  EXPECT_EQ(ask(R"({"command":"messages","answer":"yes"})")["ok"_L1], QJsonValue(true));
+  EXPECT_FALSE(box.shown());
+}
+
+TEST_F(Socket, WaitsWithoutHoldingTheConsoleUp) {
+  QTimer::singleShot(50, [this] { control<Label>("lblState").caption = u"Playing: Waterloo"_s; });
+  const QJsonObject answer =
+      ask(R"({"command":"wait","name":"lblState","property":"caption","contains":"Waterloo"})");
+  EXPECT_EQ(answer["ok"_L1], QJsonValue(true));
+  EXPECT_GE(answer["ms"_L1].toInt(), 30);
+}
+
+TEST_F(Socket, ALineWithoutEndIsCutOff) {
+  client.write(QByteArray(3 << 20, 'x'));
+  QElapsedTimer waited;
+  waited.start();
+  while (client.state() != QLocalSocket::UnconnectedState && waited.elapsed() < 3000) settle(5);
+  EXPECT_EQ(client.state(), QLocalSocket::UnconnectedState);
+}
+
+}  // namespace
+}  // namespace korvane

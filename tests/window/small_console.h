@@ -1,0 +1,137 @@
+// A console's window with a small form, a theme of three pictures, and a finger.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QElapsedTimer>
+
+#include "tests/fakes/fake_file_system.h"
+#include "tests/fakes/print.h"
+#include "view/finger.h"
+#include "view/grid_widget.h"
+#include "view/qt_pump.h"
+#include "view/slider_widget.h"
+
+namespace korvane {
+
+constexpr InventoryRow kSmallForm[] = {
+    {"cmdTop", 0, Kind::Image, {10, 10, 100, 100}, Left | Top, "Artists"},
+    {"cmdTop", 1, Kind::Image, {120, 10, 100, 100}, Left | Top, "Albums"},
+    {"lblState", -1, Kind::Label, {240, 10, 300, 40}, Left | Top | Right, "State"},
+    {"Grid", 0, Kind::Grid, {10, 120, 600, 400}, Left | Top | Right | Bottom, "Songs"},
+    {"Slider1", -1, Kind::Slider, {10, 600, 648, 72}, Left | Bottom, "Position"},
+    {"framEdit", -1, Kind::Frame, {800, 100, 300, 300}, Right | Top, "", "", false},
+    {"cmdSave", -1, Kind::Button, {10, 10, 200, 80}, Left | Top, "Save", "framEdit"},
+    {"chkOn", -1, Kind::Check, {800, 420, 300, 72}, Right | Top, "On"},
+    {"txtName", -1, Kind::Text, {800, 500, 300, 72}, Right | Top, "Name"},
+    {"coverArt", -1, Kind::PictureArea, {800, 600, 100, 100}, Right | Bottom, "Cover"},
+    {"Ticker", -1, Kind::Timer, {}, 0, ""},
+};
+constexpr InventoryRow kBoxForm[] = {
+    {"msg", -1, Kind::Label, {20, 20, 360, 60}, Left | Top, "Message"},
+    {"cmdControls", 0, Kind::Button, {20, 100, 160, 80}, Left | Top, "Yes"},
+};
+
+inline QByteArray square(const char* colour) {
+  return "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 10 10\" width=\"10\" "
+         "height=\"10\">"
+         "<rect width=\"10\" height=\"10\" fill=\"" +
+         QByteArray(colour) + "\"/></svg>";
+}
+
+class CountedRows : public RowSource {
+ public:
+  explicit CountedRows(int count) : count_(count) {}
+  int rowCount() const override { return count_; }
+  QString cell(int column, int row) const override {
+    ++asked;
+    return u"cell %1 of %2"_s.arg(column).arg(row);
+  }
+  mutable int asked = 0;
+
+ private:
+  int count_;
+};
+
+class SmallConsole : public testing::Test {
+ protected:
+  SmallConsole() {
+    files.put(u"/home/krvgraphics/T/MUSIC/play.svg"_s, square("#0000ff"));
+    files.put(u"/home/krvgraphics/T/MUSIC/playb.svg"_s, square("#ff0000"));
+    files.put(u"/home/krvgraphics/T/MUSIC/solo.svg"_s, square("#00ff00"));
+    files.put(u"/home/krvgraphics/T/MUSIC/broken.svg"_s, "<svg this is not");
+    files.put(u"/home/krvgraphics/T/MUSIC/broken.gif"_s, "GIF89a");
+    state.gTheme = u"T"_s;
+    hear();
+    host.show(form);
+    settle();
+  }
+  ~SmallConsole() override { host.close(); }
+
+  // Writes each event of the form to `heard`, as "name(index) event [column,row]".
+  void hear() {
+    static const std::pair<Event::Type, QString> types[] = {
+        {Event::Click, u"click"_s},   {Event::DblClick, u"dblclick"_s},
+        {Event::Press, u"press"_s},   {Event::Release, u"release"_s},
+        {Event::Change, u"change"_s}, {Event::ButtonClicked, u"button"_s},
+        {Event::Tick, u"tick"_s}};
+    QStringList names;
+    for (const auto& control : form.controls()) names << control->name;
+    names.removeDuplicates();
+    for (const QString& name : names) {
+      for (const auto& [type, word] : types) {
+        if (type == Event::DblClick && name == "cmdTop"_L1) continue;
+        form.on(name, type, [this, said = word](Control& control, const Event& event) {
+          QString line = control.name + u' ' + said;
+          if (control.index > 0) line = control.name + QString::number(control.index) + u' ' + said;
+          if (control.kind == Kind::Grid) line += u" %1,%2"_s.arg(event.column).arg(event.row);
+          heard << line;
+        });
+      }
+    }
+  }
+
+  template <class T>
+  T& control(const char* name, int index = -1) {
+    return dynamic_cast<T&>(*form.find(QLatin1StringView(name), index));
+  }
+  ControlWidget& widget(const char* name, int index = -1) {
+    return *host.view(form)->widget(*form.find(QLatin1StringView(name), index));
+  }
+  GridWidget& gridWidget() { return dynamic_cast<GridWidget&>(widget("Grid", 0)); }
+  void tap(const char* name, int index = -1) {
+    ControlWidget& target = widget(name, index);
+    finger.tap(target, target.rect().center());
+  }
+  void tapRow(int row, bool twice = false) {
+    const QPoint at = gridWidget().rowRect(row).center();
+    if (twice)
+      finger.doubleTap(gridWidget(), at);
+    else
+      finger.tap(gridWidget(), at);
+  }
+  QColor colourAt(const char* name, int index = -1) {
+    ControlWidget& of = widget(name, index);
+    return of.grab().toImage().pixelColor(of.rect().center());
+  }
+  static void settle(int milliseconds = 0) {
+    QElapsedTimer passed;
+    passed.start();
+    do QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+    while (passed.elapsed() < milliseconds);
+  }
+  QStringList take() { return std::exchange(heard, {}); }
+
+  FakeFileSystem files;
+  AppState state;
+  Graphics graphics{files, state, u"/home"_s};
+  Form form{u"frmMain"_s, kSmallForm};
+  Form box{u"frmMsgBox"_s, kBoxForm, {0, 0, 400, 200}};
+  PressGate gate;
+  QtPump pump{gate};
+  WindowHost host{graphics, gate, QSize(1280, 768)};
+  Finger finger{host};
+  QStringList heard;
+};
+
+}  // namespace korvane
