@@ -3,6 +3,7 @@
 // was read at, and was old enough then that a later change must show in it. Any thread.
 #pragma once
 
+#include <QHash>
 #include <mutex>
 #include <optional>
 

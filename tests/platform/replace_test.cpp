@@ -62,10 +62,10 @@ const QByteArray kOld("[A]\nold=1\n"), kNew(QByteArray("new=2\n").repeated(1000)
 
 class Replace : public testing::Test {
  protected:
+  TemporaryHome home;
   QString path = home.put(u"keep.ini"_s, kOld);
   QByteArray now() { return home.get(u"keep.ini"_s); }
   QStringList names() { return DiskFileSystem().Files(home.path()); }
-  TemporaryHome home;
 };
 
 TEST_F(Replace, killedAtAnyCallTheFileIsWhole) {
