@@ -1,0 +1,30 @@
+// What a press on a key of the on-screen keyboard makes of the text it types into.
+#pragma once
+
+#include "custom/keyboard_layout.h"
+
+namespace korvane {
+
+struct KeyState {
+  QString text;
+  int selStart = 0;  // the caret, 0 to the text's length
+  bool capsLock = false;
+  bool shiftOnce = false;  // for the one next character
+
+  bool shifted() const { return capsLock || shiftOnce; }
+  bool operator==(const KeyState&) const = default;
+};
+
+struct KeyResult {
+  KeyState state;
+  bool accepted = false;  // Enter: the input is done
+};
+
+// Any code and any caret are safe; a key that the layout does not have does nothing. Caps lock
+// shifts digits too, and Delete takes every "^" of the text along.
+KeyResult pressKey(const KeyboardLayout& layout, int code, KeyState state);
+
+// What a key types at present, empty for none.
+QString typed(const Key& key, bool shifted);
+
+}  // namespace korvane
