@@ -3,6 +3,7 @@
 // device.
 #include <algorithm>
 #include <cstdio>
+#include <thread>
 
 #include "bench/bench_music.h"
 #include "platform/disk_file_system.h"
