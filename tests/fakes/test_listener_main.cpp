@@ -27,7 +27,8 @@ int main(int argc, char** argv) {
   listener.pieceBytes = line.value(u"pieces"_s).toInt();
   if (line.isSet(u"files"_s))
     listener.plays = [](const QString& path) { return QFile::exists(path); };
-  if (QFile cover(line.value(u"cover"_s)); cover.open(QIODevice::ReadOnly))
+  if (QFile cover(line.value(u"cover"_s));
+      line.isSet(u"cover"_s) && cover.open(QIODevice::ReadOnly))
     listener.cover = cover.readAll();
 
   QFile log(line.value(u"log"_s));
