@@ -26,7 +26,9 @@ qsizetype sequence(QByteArrayView bytes) {
   if (lead < 0x80) return 1;
   const qsizetype length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
   if (length > bytes.size() || !bytes.first(length).isValidUtf8()) return 0;
-  return lead == 0xEE && at(1) >= 0xBC ? 0 : length;
+  const bool escapeLike = lead == 0xEE && at(1) >= 0xBC;
+  const bool mark = lead == 0xEF && at(1) == 0xBB && at(2) == 0xBF;
+  return escapeLike || mark ? 0 : length;
 }
 
 }  // namespace

@@ -30,8 +30,11 @@ QByteArrayView trimmed(QByteArrayView bytes) {
   return withoutTrailingBlanks(withoutLeadingBlanks(bytes));
 }
 
+// QString::fromUtf8() would drop a byte order mark, which belongs to the value here.
 QString decoded(QByteArrayView bytes) {
-  return bytes.isValidUtf8() ? QString::fromUtf8(bytes) : fromWindows1252(bytes);
+  if (!bytes.isValidUtf8()) return fromWindows1252(bytes);
+  const QString text = QString::fromUtf8(bytes);
+  return bytes.startsWith(kUtf8Mark) ? QChar(QChar::ByteOrderMark) + text : text;
 }
 
 QByteArray encoded(QStringView text, QByteArrayView file) {
@@ -53,6 +56,12 @@ class Name {
     for (qsizetype i = 0; i < bytes.size(); ++i)
       if (lower(bytes[i]) != lower(static_cast<char>(text_[i].unicode()))) return false;
     return true;
+  }
+  // Where the '=' of a "name = value" line stands; -1 when the line is of another name.
+  qsizetype equalsSignAfter(QByteArrayView line) const {
+    if (ascii_ && (line.size() <= text_.size() || !is(line.first(text_.size())))) return -1;
+    const qsizetype equals = line.indexOf('=', ascii_ ? text_.size() : 0);
+    return equals >= 0 && is(withoutTrailingBlanks(line.first(equals))) ? equals : -1;
   }
   QStringView text() const { return text_; }
 
@@ -106,8 +115,8 @@ Place find(QByteArrayView file, const Name& section, const Name& key) {
     if (!inside) continue;
     place.sectionEnd = line.next;
     if (line.text[0] == '[' || line.text[0] == ';' || line.text[0] == '#') continue;
-    const qsizetype equals = line.text.indexOf('=');
-    if (equals < 0 || !key.is(withoutTrailingBlanks(line.text.first(equals)))) continue;
+    const qsizetype equals = key.equalsSignAfter(line.text);
+    if (equals < 0) continue;
     place.value = line.text.data() - file.data() + equals + 1;
     place.valueEnd = line.end;
     while (place.value < place.valueEnd && blank(file[place.value])) ++place.value;

@@ -23,6 +23,7 @@ TEST(PathText, everyNameComesBackByteForByte) {
                               "\xEE\xBB\xBF",
                               "\xE9\xEE\xBD\x9C\xE9",
                               "\xEF\xBF\xBD\xFF",
+                              "\xEF\xBB\xBFmark",
                               ""};
   for (const QByteArray& name : names) {
     const QString path = toPath(name);

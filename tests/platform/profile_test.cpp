@@ -98,10 +98,10 @@ TEST(Profile, writesTouchOneLine) {
 TEST(Profile, whatIsWrittenIsRead) {
   const QByteArray files[] = {"", "[S]\nk=1\n", "[S]\r\nx=\xF6\r\n", "\xEF\xBB\xBF[S]\nk=\"1\"",
                               QByteArray("\xFF\xFE[\0S\0]\0", 8)};
-  const QString values[] = {u""_s,     u" "_s,   u"a "_s,         u"\""_s,
-                            u"\"\""_s, u"'\""_s, u"\"a\" "_s,     u";c"_s,
-                            u"[S]"_s,  u"a=b"_s, u"ö"_s,          u"Ã¶"_s,
-                            u"ж€"_s,   u"\t"_s,  u"\U0001F3B5"_s, QString(150, u'x')};
+  const QString values[] = {
+      u""_s,   u" "_s,          u"a "_s,           u"\""_s, u"\"\""_s, u"'\""_s, u"\"a\" "_s,
+      u";c"_s, u"[S]"_s,        u"a=b"_s,          u"ö"_s,  u"Ã¶"_s,   u"ж€"_s,  u"\uFEFFm"_s,
+      u"\t"_s, u"\U0001F3B5"_s, QString(150, u'x')};
   for (const QByteArray& file : files)
     for (const QString& value : values)
       EXPECT_EQ(profileValue(withProfileValue(file, u"s", u"K", value), u"S", u"k"), value)
