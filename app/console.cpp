@@ -1,5 +1,7 @@
 #include "app/console.h"
 
+#include "app/screens.h"
+
 
 namespace korvane {
 
@@ -41,6 +43,7 @@ Console::Console(System& doors, const MakeHost& makeHost, QString home, std::fun
   music.setNews(&transport);
   Tab* const byIndex[] = {&musicTab, &moviesTab, &photosTab, &mainTab, &mapsTab, &moreTab};
   for (int i = 0; i < 6; ++i) tabs.setTab(i, *byIndex[i]);
+  screens = std::make_unique<Screens>(*this);
   tabs.closeAlwaysOnTop = [this] { window.closeAlwaysOnTop(); };
   wire();
 }

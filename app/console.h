@@ -17,6 +17,8 @@
 
 namespace korvane {
 
+class Screens;
+
 class Console : private StartupParts {
  public:
   using MakeHost = std::function<std::unique_ptr<FormHost>(Graphics&)>;
@@ -54,6 +56,9 @@ class Console : private StartupParts {
   MoreTab moreTab;
   Startup startup;
   WindowButtons window;
+  std::unique_ptr<Screens> screens;
+
+  void connectMasterListener() override;  // Yields.
 
  private:
   void wire();
@@ -63,7 +68,6 @@ class Console : private StartupParts {
   // StartupParts
   void showMainForm() override;
   void initialiseMap() override {}
-  void connectMasterListener() override;
   void fillArtists() override;
   void fillAlbums() override;
   void fillSongs() override;

@@ -16,6 +16,7 @@
 #include "platform/screen_saver_power.h"
 #include "platform/system_clock.h"
 #include "platform/winsock_qt.h"
+#include "view/control_server.h"
 #include "view/qt_pump.h"
 #include "view/screen_pointer.h"
 #include "view/system_box.h"
@@ -71,6 +72,11 @@ int show(const CommandLine& line, const QString& home, DiskFileSystem& files, Qt
   window->closeAsked = [&] { pump.later([&] { console.window.imgExit_Click(); }); };
   window->setSinglePress(console.settings.flag(key::SinglePress));
   ScreenPointer pointer(console.screen);
+  ControlServer control(*window);
+  if (!line.control.isEmpty()) {
+    QString error;
+    if (!control.listen(line.control, &error)) return complain(error);
+  }
   if (!console.SubMain()) return 1;
   const int result = QCoreApplication::exec();
   window->close();

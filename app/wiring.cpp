@@ -1,5 +1,6 @@
 // Which control's event goes to which handler.
 #include "app/console.h"
+#include "app/screens.h"
 
 namespace korvane {
 
@@ -52,6 +53,7 @@ void Console::wireWindow() {
   };
   press(u"imgTabs", [this](int i) { tabs.imgTabs_Click(i); });
   press(u"lblMoviesPlay", [this](int i) { moviesTab.lblMoviesPlay_Click(i); });
+  press(u"cmdSetup", [this](int) { screens->cmdSetup_Click(); });
   press(u"imgExit", [this](int) { window.imgExit_Click(); });
   press(u"cmdMinimize", [this](int) { window.cmdMinimize_Click(); });
 }

@@ -150,6 +150,18 @@ void Browsing::showSongInAlbum(const QString& artist, const QString& album, cons
   uses_.main.markTop(0);
 }
 
+void Browsing::resetPlayListView() {
+  panel_.lblCurrentPlayList->caption = QString();
+  for (const size_t list : {size_t{1}, size_t{2}, size_t{3}}) {
+    panel_.grid[list]->header = QString();
+    panel_.grid[list]->clear();
+  }
+  albumSongs_.clear();
+  uses_.main.ResetSelections();
+  uses_.state.gridMode = 0;
+  panel_.cmdTop[0]->tag = u"1"_s;
+}
+
 bool Browsing::openAt(const QString& path) {
   const std::optional<Song> song = uses_.database.getSongAtPath(path);
   if (!song) return false;

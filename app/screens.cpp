@@ -1,0 +1,83 @@
+#include "app/screens.h"
+
+#include "app/console.h"
+
+namespace korvane {
+
+Screens::Screens(Console& c)
+    : console_(c),
+      keyboard(c.host, c.palette),
+      import(c.database, c.system.pump, c.settings, c.log),
+      directorys({c.host, c.palette, c.state, c.settings, c.system.files, c.screen, c.messages,
+                  import, *this}),
+      singleSong({c.host, c.palette, c.system.files, c.system.pump, c.screen, c.messages, import,
+                  *this, directorys}),
+      mp3Setup({c.host, c.palette, c.settings, c.messages, import, *this, directorys, singleSong}),
+      colours({c.host, c.palette, c.settings, c.messages}),
+      guiSetup({c.host, c.palette, c.state, c.settings, c.messages, c.frmMain, *this}),
+      setup({c.host, c.palette, c.state, c.settings, c.system.files, c.graphics, c.system.box,
+             *dynamic_cast<Timer*>(c.frmMain.find(u"AddTimer")), *this}),
+      access({c.state, c.settings, c.messages, *this, setup}) {
+  c.messages.setLinePrompt(&keyboard);
+  setup.setDoors({{
+      {"cmdAddDir", 0,
+       [this] { chooseDirectory(u"Select Photos Directory"_s, DirectoryRequest::Photos); }},
+      {"cmdAddDir", 2, [this] { mp3Setup.open(); }},
+      {"cmdAddDir", 3,
+       [this] { chooseDirectory(u"Select Playlist Directory"_s, DirectoryRequest::Playlist); }},
+      {"cmdOther", -1, [this] { guiSetup.open(); }},
+  }});
+  guiSetup.setDoors({{{"cmdColor", -1, [this] { colours.open(); }}}});
+}
+
+void Screens::chooseDirectory(const QString& caption, DirectoryRequest::Store store) {
+  DirectoryRequest request;
+  request.caption = caption;
+  request.store = store;
+  directorys.open(request);
+}
+
+void Screens::songsChanged() {
+  const auto fill = [this] {
+    console_.browsing.fillArtists();
+    console_.browsing.fillAlbums();
+    console_.browsing.fillSongs();
+  };
+  console_.state.gFavoritesLoaded = false;
+  console_.database.refreshLists(console_.system.pump, fill);
+}
+
+void Screens::closeAlwaysOnTop() { console_.window.closeAlwaysOnTop(); }
+
+void Screens::reloadMainForm() {
+  console_.startup.Form_Load();
+  console_.main.HideAllGrids();
+}
+
+void Screens::showMainPage() {
+  console_.tabs.imgTabs_Click(kMainTab);
+  console_.mainTab.domainpage();
+}
+
+QString Screens::getLibraryCounts() { return console_.database.getLibraryCounts(); }
+
+void Screens::eraseLibrary() {
+  console_.database.erase();
+  songsChanged();
+  console_.browsing.resetPlayListView();
+}
+
+void Screens::restartMasterListener() {
+  console_.connectionML->Close();
+  console_.connectMasterListener();
+}
+
+void Screens::closeMovieConnection() { console_.connectionMovie->Close(); }
+
+void Screens::gridLookChanged() { console_.browsing.setUpGrids(); }
+
+void Screens::movieDirectoryChanged() { console_.tabs.imgTabs_Click(kMoviesTab); }
+
+void Screens::photoDirectoryChanged() { console_.tabs.imgTabs_Click(kPhotosTab); }
+
+}  // namespace korvane

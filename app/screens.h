@@ -1,0 +1,56 @@
+// The modal screens above the main form: the keyboard, setup with its pages, and the import of songs.
+#pragma once
+
+#include "custom/colour_pick_form.h"
+#include "custom/gui_setup_form.h"
+#include "custom/keyboard_form.h"
+#include "custom/setup_access.h"
+#include "library/screens/mp3_setup_form.h"
+#include "library/screens/scanner_import.h"
+
+namespace korvane {
+
+class Console;
+
+class Screens : private SetupParts, private ImportNews {
+ public:
+  explicit Screens(Console& console);
+
+  void cmdSetup_Click() { access.cmdSetup_Click(); }  // Yields.
+  // The lists of the whole library filled anew, at once from the database and, when the list file is
+  // made, from that.
+  void songsChanged() override;
+
+ private:
+  Console& console_;
+
+ public:
+  KeyboardForm keyboard;
+  ScannerImport import;
+  DirectorysForm directorys;
+  SingleSongForm singleSong;
+  Mp3SetupForm mp3Setup;
+  ColourPickForm colours;
+  GuiSetupForm guiSetup;
+  SetupForm setup;
+  SetupAccess access;
+
+ private:
+  void chooseDirectory(const QString& caption, DirectoryRequest::Store store);
+
+  // SetupParts
+  void closeAlwaysOnTop() override;
+  void reloadMainForm() override;
+  void showMainPage() override;
+  QString getLibraryCounts() override;
+  void eraseLibrary() override;
+  void restartMasterListener() override;
+  void closeMovieConnection() override;
+  void gridLookChanged() override;
+
+  // ImportNews
+  void movieDirectoryChanged() override;
+  void photoDirectoryChanged() override;
+};
+
+}  // namespace korvane

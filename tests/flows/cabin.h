@@ -1,0 +1,115 @@
+// A whole console over fakes: "given songs, press, the player is asked for".
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include "app/console.h"
+#include "app/screens.h"
+#include "library/schema.h"
+#include "platform/disk_file_system.h"
+#include "tests/fakes/fake_form_host.h"
+#include "tests/fakes/fake_media_player.h"
+#include "tests/fakes/fake_system.h"
+#include "tests/fakes/fake_winsock.h"
+#include "tests/fakes/print.h"
+#include "tests/fakes/temporary_home.h"
+
+namespace korvane {
+
+class CabinTest : public testing::Test {
+ protected:
+  CabinTest() { createEmptyDatabase(home / u"Morvanta.mdb"_s); }
+
+  // A song and its (empty) file.
+  QString given(const QString& artist, const QString& album, const QString& title) {
+    const QString path = home.put(u"Music/%1/%2/%3.mp3"_s.arg(artist, album, title), "x");
+    Database(home.path()).insertSong({artist, album, title, {}, {}, path});
+    return path;
+  }
+  void setting(const QByteArray& lines) {
+    home.put(u"Morvanta.INI"_s, "[STARTUP]\nTheme=test\nMainPage=CB\nShowPhoto=1\n" + lines);
+  }
+
+  Console& start() {
+    console_ = std::make_unique<Console>(
+        system_,
+        [this](Graphics&) {
+          auto made = std::make_unique<FakeFormHost>();
+          host = made.get();
+          return made;
+        },
+        home.path(), [this] { ended = true; });
+    started = console_->SubMain();
+    return *console_;
+  }
+  Console& console() { return *console_; }
+  Form& form() { return console_->frmMain; }
+
+  Control& control(const QString& name, int index = -1) {
+    Control* found = form().find(name, index);
+    if (!found) throw std::runtime_error("no control " + name.toStdString());
+    return *found;
+  }
+  Grid& grid(int index) { return dynamic_cast<Grid&>(control(u"Grid"_s, index)); }
+  Slider& slider() { return dynamic_cast<Slider&>(control(u"Slider1"_s)); }
+  bool shown(const QString& name, int index = -1) { return control(name, index).visible(); }
+  QString caption(const QString& name) { return control(name).caption(); }
+  QString picture(const QString& name, int index = -1) {
+    return control(name, index).picture()->name;
+  }
+
+  void press(const QString& name, int index = -1) {
+    if (!form().fire(control(name, index), {Event::Click}))
+      ADD_FAILURE() << "nothing hears " << name.toStdString();
+    system().pump.settle();
+  }
+  void pressRow(int list, int row) { fireRow(Event::Click, list, row); }
+  void playRow(int list, int row) { fireRow(Event::DblClick, list, row); }
+
+  // The Music tab, an artist, the album of that row.
+  void openAlbum(int artistRow, int albumRow) {
+    press(u"imgTabs"_s, kMusicTab);
+    press(u"cmdTop"_s, 0);
+    pressRow(0, artistRow);
+    pressRow(2, albumRow);
+  }
+  QString playing() {
+    const QStringList opened = player.calls.filter(QRegularExpression(u"^open "_s));
+    return opened.isEmpty() ? QString() : opened.last().section(u'/', -1).section(u'.', 0, 0);
+  }
+  void songEnds() {
+    player.end();
+    system().pump.settle();
+  }
+
+  FakeSystem& system() { return fakes_; }
+
+  TemporaryHome home;
+  FakeMediaPlayer player;
+  FakeFormHost* host = nullptr;
+  std::vector<FakeWinsock*> sockets;  // music, movie, master, lights
+  bool started = false, ended = false;
+
+ private:
+  void fireRow(Event::Type type, int list, int row) {
+    Event event{type};
+    event.column = 1;
+    event.row = row;
+    if (!form().fire(grid(list), event)) ADD_FAILURE() << "list " << list << " hears nothing";
+    system().pump.settle();
+  }
+
+  FakeSystem fakes_;
+  DiskFileSystem disk_;
+  System system_ = fakes_.with(
+      player,
+      [this] {
+        auto made = std::make_unique<FakeWinsock>();
+        sockets.push_back(made.get());
+        return made;
+      },
+      &disk_);
+  std::unique_ptr<Console> console_;
+};
+
+}  // namespace korvane

@@ -1,0 +1,97 @@
+#include "tests/flows/cabin.h"
+
+namespace korvane {
+namespace {
+
+using StartStop = CabinTest;
+
+TEST_F(StartStop, RefusesAMissingThemeInWords) {
+  home.put(u"Morvanta.INI"_s, "");
+  start();
+  EXPECT_FALSE(started);
+  EXPECT_EQ(system().box.texts,
+            QStringList{u"Theme does not exist, no graphics to show. Check INI Theme setting."_s});
+}
+
+TEST_F(StartStop, ASecondConsoleEndsSilently) {
+  system().instance.runsElsewhere = true;
+  start();
+  EXPECT_FALSE(started);
+  EXPECT_TRUE(system().box.texts.isEmpty());
+}
+
+TEST_F(StartStop, ComesUpOnTheMainTabWithTheSplashGone) {
+  setting("LOCALLISTENER=1\nShowExit=1\n");
+  system().mixer.present = false;
+  Console& up = start();
+  EXPECT_TRUE(started);
+  EXPECT_EQ(system().box.texts, QStringList{u"Couldn't open the mixer."_s});
+  EXPECT_FALSE(up.frmSplash.shown());
+  EXPECT_EQ(picture(u"imgTabs"_s, kMainTab), u"mainb"_s);
+  EXPECT_EQ(up.state.currentTab, kMainTab);
+  EXPECT_FALSE(up.state.loadingForm);
+  EXPECT_EQ(up.screen.MousePointer(), Screen::Custom);
+  EXPECT_TRUE(shown(u"imgExit"_s));
+  EXPECT_FALSE(shown(u"cmdMinimize"_s));
+  EXPECT_LT(control(u"imgTabs"_s, kMapsTab).rect()->left, 0) << "ShowMap is absent";
+  EXPECT_GE(control(u"imgTabs"_s, kPhotosTab).rect()->left, 0);
+  EXPECT_TRUE(player.calls.contains(u"volume 0"_s));
+}
+
+TEST_F(StartStop, TheStoredRoleWinsOverTheSetting) {
+  struct Case {
+    const char *setting, *stored;
+    bool local;
+  };
+  for (const Case& c : {Case{"1", "SERVER", false}, {"0", "LOCAL", true}, {"2", "", true}}) {
+    setting(QByteArray("LOCALLISTENER=") + c.setting + "\n");
+    home.put(u"user.ini"_s, QByteArray("[KRV\\MUSIC]\nMUSICTYPE=") + c.stored + "\n");
+    EXPECT_EQ(start().state.gLocalListener, c.local) << c.setting << c.stored;
+    EXPECT_EQ(picture(u"lblMusicPlay"_s, 0), c.local ? u"AtSeatOn"_s : u"AtSeatOff"_s);
+  }
+}
+
+TEST_F(StartStop, FormLoadTwiceChangesNothing) {
+  setting("ShowMap=0\n");
+  Console& up = start();
+  const Rect parked = control(u"imgTabs"_s, kMapsTab).rect();
+  up.startup.Form_Load();
+  EXPECT_EQ(control(u"imgTabs"_s, kMapsTab).rect(), parked);
+  home.put(u"Morvanta.INI"_s, "[STARTUP]\nTheme=test\nShowMap=1\n");
+  up.startup.Form_Load();
+  EXPECT_EQ(control(u"imgTabs"_s, kMapsTab).rect(), control(u"imgTabs"_s, kMapsTab).laid);
+}
+
+TEST_F(StartStop, LeavingAsksAndClosesEveryConnection) {
+  setting("ShowExit=1\n");
+  start();
+  host->onModal(u"frmMsgBox"_s, [](Form& box) {
+    EXPECT_EQ(textOf(box, u"msg"_s), u" Are you Sure you want to shut down? "_s);
+    korvane::press(box, u"cmdControls"_s, 1);
+  });
+  press(u"imgExit"_s);
+  EXPECT_FALSE(ended);
+  host->onModal(u"frmMsgBox"_s, [](Form& box) { korvane::press(box, u"cmdControls"_s, 0); });
+  press(u"imgExit"_s);
+  EXPECT_TRUE(ended);
+  for (const FakeWinsock* socket : sockets) EXPECT_GT(socket->closes, 0);
+}
+
+TEST_F(StartStop, MinimisesToTheTrayAndComesBackByADoubleClick) {
+  setting("ShowMin=1\n");
+  Console& up = start();
+  press(u"cmdMinimize"_s);
+  EXPECT_TRUE(system().tray.shown);
+  EXPECT_EQ(system().tray.tip, u"Korvane"_s);
+  EXPECT_FALSE(up.frmMain.shown());
+  system().tray.doubleClick();
+  EXPECT_TRUE(up.frmMain.shown());
+  EXPECT_FALSE(system().tray.shown);
+
+  system().tray.present = false;  // a desktop without a tray must not lose the window
+  press(u"cmdMinimize"_s);
+  EXPECT_TRUE(up.frmMain.minimised());
+}
+
+}  // namespace
+}  // namespace korvane
