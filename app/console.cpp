@@ -2,7 +2,6 @@
 
 #include "app/screens.h"
 
-
 namespace korvane {
 
 Console::Console(System& doors, const MakeHost& makeHost, QString home, std::function<void()> end)
@@ -25,11 +24,12 @@ Console::Console(System& doors, const MakeHost& makeHost, QString home, std::fun
       connectionML(system.makeWinsock()),
       x10Control(system.makeWinsock()),
       music({frmMain, state, settings, messages, log, system.pump, system.files, system.player,
-             system.mixer, *connectionMP3, [](const QString&) { return std::optional<QByteArray>(); }}),
+             system.mixer, *connectionMP3,
+             [](const QString&) { return std::optional<QByteArray>(); }}),
       transport(frmMain, {main, state, screen, tabs, database, music, system.pump, system.chance}),
       browsing(frmMain, {main, state, screen, messages, system.box, log, palette, database},
                transport),
-      musicTab(parts, browsing, transport, music),
+      musicTab(parts, browsing, transport, music, system.player),
       moviesTab(parts),
       photosTab(parts, system, messages),
       mainTab(parts, tabs, musicTab),

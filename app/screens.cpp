@@ -47,7 +47,9 @@ void Screens::songsChanged() {
   console_.database.refreshLists(console_.system.pump, fill);
 }
 
-void Screens::closeAlwaysOnTop() { console_.window.closeAlwaysOnTop(); }
+void Screens::closeAlwaysOnTop() {
+  console_.window.closeAlwaysOnTop();
+}
 
 void Screens::reloadMainForm() {
   console_.startup.Form_Load();
@@ -59,7 +61,9 @@ void Screens::showMainPage() {
   console_.mainTab.domainpage();
 }
 
-QString Screens::getLibraryCounts() { return console_.database.getLibraryCounts(); }
+QString Screens::getLibraryCounts() {
+  return console_.database.getLibraryCounts();
+}
 
 void Screens::eraseLibrary() {
   console_.database.erase();
@@ -72,12 +76,20 @@ void Screens::restartMasterListener() {
   console_.connectMasterListener();
 }
 
-void Screens::closeMovieConnection() { console_.connectionMovie->Close(); }
+void Screens::closeMovieConnection() {
+  console_.connectionMovie->Close();
+}
 
-void Screens::gridLookChanged() { console_.browsing.setUpGrids(); }
+void Screens::gridLookChanged() {
+  console_.browsing.setUpGrids();
+}
 
-void Screens::movieDirectoryChanged() { console_.tabs.imgTabs_Click(kMoviesTab); }
+void Screens::movieDirectoryChanged() {
+  console_.tabs.imgTabs_Click(kMoviesTab);
+}
 
-void Screens::photoDirectoryChanged() { console_.tabs.imgTabs_Click(kPhotosTab); }
+void Screens::photoDirectoryChanged() {
+  console_.tabs.imgTabs_Click(kPhotosTab);
+}
 
 }  // namespace korvane

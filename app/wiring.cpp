@@ -18,7 +18,6 @@ void Console::wireMusic() {
   onIndex(u"cmdControls", Event::Click, [this](int i) { transport.cmdControls_Click(i); });
   onIndex(u"cmdOneSong", Event::Press, [this](int i) { browsing.cmdOneSong_Press(i); });
   onIndex(u"cmdOneSong", Event::Release, [this](int) { browsing.cmdOneSong_Release(); });
-  onIndex(u"lblMusicPlay", Event::Click, [this](int) { music.lblMusicPlay_Click(); });
   onIndex(u"VscrollAllSongs", Event::Change, [this](int) { browsing.VscrollAllSongs_Change(); });
   onIndex(u"VscrollAllSongs", Event::Scroll, [this](int) { browsing.VscrollAllSongs_Scroll(); });
   onIndex(u"VscrollAllSongs", Event::Release, [this](int) { browsing.VscrollAllSongs_Release(); });
@@ -26,7 +25,6 @@ void Console::wireMusic() {
   onIndex(u"Slider1", Event::Scroll, [this](int) { transport.Slider1_Scroll(); });
   onIndex(u"Slider1", Event::Release, [this](int) { transport.Slider1_Release(); });
   onIndex(u"lblCurrentPlay", Event::DblClick, [this](int) { transport.lblCurrentPlay_DblClick(); });
-  onIndex(u"MusicTimer", Event::Tick, [this](int) { music.MusicTimer_Timer(); });
   onIndex(u"RepeatTimer", Event::Tick, [this](int) { browsing.RepeatTimer_Tick(); });
   onIndex(u"KeyboardTimer", Event::Tick, [this](int) { browsing.KeyboardTimer_Tick(); });
 

@@ -20,6 +20,7 @@ QString blanksTrimmed(const QString& text) {
 MusicConnection::Panel::Panel(Form& form) {
   Binder bind(form, "MusicConnection");
   bind(Slider1, "Slider1");
+  bind(TxtTime, "TxtTime");
   bind(lblDuration, "lblDuration");
   bind(lblCurrentPlay, "lblCurrentPlay");
   bind(lblVolume, "lblVolume");
@@ -172,6 +173,7 @@ void MusicConnection::ShowSliderTimes() {
   const double now = panel_.Slider1->value(), end = panel_.Slider1->maximum();
   panel_.Slider1->text =
       u"Current= "_s + minutesAndSeconds(now) + u" -- Remaining= "_s + minutesAndSeconds(end - now);
+  panel_.TxtTime->caption = minutesAndSeconds(now);
 }
 
 void MusicConnection::hideCover() {

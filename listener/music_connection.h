@@ -52,7 +52,7 @@ class MusicConnection : private Winsock::Events, private LocalReplies {
   void lblMusicPlay_Click();  // at seat or in cabin; only while Slider1 stands at 0
   void MusicTimer_Timer();
   void DisplayDuration(double seconds);
-  void ShowSliderTimes();
+  void ShowSliderTimes();  // in Slider1's text and in TxtTime
 
   bool sliderHeld = false;  // the user holds Slider1: set by the transport
   double listenerMaxVolume = 0, listenerVolume = 0;
@@ -61,7 +61,7 @@ class MusicConnection : private Winsock::Events, private LocalReplies {
   struct Panel {
     explicit Panel(Form& form);
     Slider* Slider1;
-    Label *lblDuration, *lblCurrentPlay, *lblVolume;
+    Label *TxtTime, *lblDuration, *lblCurrentPlay, *lblVolume;
     Control* coverArt;
     Image *play, *pause, *stop;  // of cmdControls
     std::array<Image*, 2> lblMusicPlay;

@@ -22,6 +22,7 @@ class MediaPlayer {
   virtual ~MediaPlayer() = default;
   virtual void setEvents(Events* events) = 0;  // not owned
 
+  virtual void prepare() {}  // gets ready in the background, so that the first song does not wait
   virtual void setFileName(
       const QString& path) = 0;  // opens; what played before ends without an event
   virtual void Play() = 0;

@@ -24,7 +24,7 @@ class MediaPlayerVlc final : public MediaPlayer {
   explicit MediaPlayerVlc(Pump& pump, QStringList arguments = {});
   ~MediaPlayerVlc() override;  // at most 1 s, even when the sound device hangs
 
-  void prepare();  // makes libVLC in the background, so that the first song does not wait for it
+  void prepare() override;
 
   void setEvents(Events* events) override { events_ = events; }
   void setFileName(const QString& path) override;

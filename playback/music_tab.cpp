@@ -3,11 +3,12 @@
 namespace korvane {
 
 MusicTab::MusicTab(TabParts& parts, Browsing& browsing, Transport& transport,
-                   MusicConnection& connection)
+                   MusicConnection& connection, MediaPlayer& player)
     : parts_(parts),
       browsing_(browsing),
       transport_(transport),
       connection_(connection),
+      player_(player),
       favourite_(parts.form, {"cmdFavoriateAdd"}),
       types_(parts.form, {"lblMusicType"}),
       roles_(parts.form, {"lblMusicPlay"}),
@@ -81,6 +82,7 @@ void MusicTab::showLists() {
 
 void MusicTab::firstVisit() {
   parts_.state.gMusicTabVisited = true;
+  if (parts_.state.gLocalListener) player_.prepare();
   const QString last = parts_.settings.raw(key::LASTSONGPLAYED);
   if (last != "NO"_L1 && !last.isEmpty() && browsing_.openAt(last)) return;
   browsing_.showGrid(0);

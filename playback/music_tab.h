@@ -11,7 +11,8 @@ namespace korvane {
 
 class MusicTab : public Tab {
  public:
-  MusicTab(TabParts& parts, Browsing& browsing, Transport& transport, MusicConnection& connection);
+  MusicTab(TabParts& parts, Browsing& browsing, Transport& transport, MusicConnection& connection,
+           MediaPlayer& player);
 
   void leave() override;
   void enter() override;
@@ -28,6 +29,7 @@ class MusicTab : public Tab {
   Browsing& browsing_;
   Transport& transport_;
   MusicConnection& connection_;
+  MediaPlayer& player_;
   ControlSet favourite_, types_, roles_, modes_, cover_, editor_;
 };
 

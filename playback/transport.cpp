@@ -255,8 +255,10 @@ void Transport::songFailed(int inARow) {
   const int count =
       playGrid_ == 5 ? panel_.grid[5]->maxRows() : uses_.database.rsPlaySongs.RecordCount();
   // One round of a list in which nothing plays is enough.
-  if (inARow >= count || modes().repeat) goIdle();
-  else MediaPlayer1_EndOfStream();
+  if (inARow >= count || modes().repeat)
+    goIdle();
+  else
+    MediaPlayer1_EndOfStream();
 }
 
 // A report, unlike a finger, never resumes what is paused.

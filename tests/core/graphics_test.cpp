@@ -1,0 +1,77 @@
+#include "core/graphics.h"
+
+#include <gtest/gtest.h>
+
+#include "core/palette.h"
+#include "platform/disk_file_system.h"
+#include "tests/fakes/fake_pump.h"
+#include "tests/fakes/print.h"
+#include "tests/fakes/temporary_home.h"
+
+namespace korvane {
+namespace {
+
+class GraphicsTest : public testing::Test {
+ protected:
+  GraphicsTest() { state.gTheme = u"TEST"_s; }
+  QString ending(const QString& group, const QString& name) {
+    const PicturePtr found = graphics.loadGraphic(group, name);
+    return found ? found->path.section(u'/', -1) : QString();
+  }
+  TemporaryHome home;
+  DiskFileSystem files;
+  AppState state;
+  Graphics graphics{files, state, home.path()};
+};
+
+TEST_F(GraphicsTest, TakesGifThenJpgThenSvgInAnyCase) {
+  home.put(u"krvgraphics/TEST/MUSIC/Play.svg"_s, "<svg/>");
+  EXPECT_EQ(ending(u"Music"_s, u"play"_s), u"Play.svg"_s);
+  home.put(u"krvgraphics/TEST/MUSIC/stop.jpg"_s, "j");
+  home.put(u"krvgraphics/TEST/MUSIC/stop.svg"_s, "s");
+  EXPECT_EQ(ending(u"music"_s, u"STOP"_s), u"stop.jpg"_s);
+  home.put(u"krvgraphics/TEST/MUSIC/next.gif"_s, "g");
+  home.put(u"krvgraphics/TEST/MUSIC/next.jpg"_s, "j");
+  EXPECT_EQ(ending(u"music"_s, u"next"_s), u"next.gif"_s);
+  home.put(u"krvgraphics/TEST/MUSIC/continue off.gif"_s, "g");
+  EXPECT_EQ(ending(u"MUSIC"_s, u"continue off"_s), u"continue off.gif"_s);
+  home.put(u"krvgraphics/TEST/ok.gif"_s, "g");
+  EXPECT_EQ(ending(u"Root"_s, u"ok"_s), u"ok.gif"_s);
+  home.put(u"krvgraphics/TEST/splash.jpg"_s, "j");
+  EXPECT_EQ(ending(u"anywhere"_s, u"SPLASH"_s), u"splash.jpg"_s);
+}
+
+TEST_F(GraphicsTest, ReadsAFileOnceButLooksAgainForAMissingOne) {
+  EXPECT_EQ(graphics.loadGraphic(u"music"_s, u"late"_s), nullptr);
+  home.put(u"krvgraphics/TEST/MUSIC/late.gif"_s, "first");
+  EXPECT_EQ(graphics.loadGraphic(u"music"_s, u"late"_s)->bytes, "first");
+  home.put(u"krvgraphics/TEST/MUSIC/late.gif"_s, "second");
+  EXPECT_EQ(graphics.loadGraphic(u"music"_s, u"late"_s)->bytes, "first");
+  home.put(u"krvgraphics/TEST/MUSIC/empty.gif"_s, "");
+  EXPECT_EQ(graphics.loadGraphic(u"music"_s, u"empty"_s), nullptr);
+}
+
+TEST_F(GraphicsTest, ListsOnlyWholeThemes) {
+  home.folder(u"krvgraphics/half/music"_s);
+  home.folder(u"krvgraphics/Second/music"_s);
+  home.folder(u"krvgraphics/Second/More"_s);
+  home.folder(u"krvgraphics/Second/MAIN"_s);
+  EXPECT_EQ(graphics.themes(files), (QStringList{u"Second"_s, u"TEST"_s}));
+  state.gTheme = u"NO"_s;
+  EXPECT_FALSE(graphics.themeExists());
+}
+
+TEST_F(GraphicsTest, ColoursAreReadableEvenWhereAThemeIsSilent) {
+  FakeClock clock;
+  FakePump pump(clock);
+  const Settings settings(files, pump, state, home.path());
+  const Palette palette(settings);
+  EXPECT_EQ(palette.back(u"Nothing"), 0u);
+  EXPECT_GE(contrast(palette.fore(u"Nothing"), 0), 4.5);
+  EXPECT_EQ(palette.back(u"Grid"), 1315860u);
+  EXPECT_EQ(palette.fore(u"Grid"), 15790320u);
+  EXPECT_NEAR(contrast(0x000000, 0xFFFFFF), 21, 0.01);
+}
+
+}  // namespace
+}  // namespace korvane

@@ -1,0 +1,123 @@
+#include "core/settings.h"
+
+#include <gtest/gtest.h>
+
+#include "core/log.h"
+#include "platform/disk_file_system.h"
+#include "tests/fakes/fake_pump.h"
+#include "tests/fakes/print.h"
+#include "tests/fakes/temporary_home.h"
+
+namespace korvane {
+namespace {
+
+class SettingsTest : public testing::Test {
+ protected:
+  void given(const QByteArray& startup) {
+    home.put(u"Morvanta.INI"_s, "[startup]\n" + startup + "\n");
+  }
+  TemporaryHome home;
+  FakeClock clock;
+  FakePump pump{clock};
+  DiskFileSystem files;
+  AppState state;
+  Settings settings{files, pump, state, home.path()};
+};
+
+TEST_F(SettingsTest, ConvertsByTheRuleOfEachKey) {
+  struct Case {
+    QByteArray line;
+    const SettingKey& key;
+    int expected;
+  };
+  const Case table[] = {
+      {"GridFontSize=26", key::GridFontSize, 12},
+      {"gridFontSize=25", key::GridFontSize, 25},
+      {"GridFontSize=x", key::GridFontSize, 12},
+      {"GridHeight=9", key::GridHeight, 19},
+      {"GridHeight=51", key::GridHeight, 19},
+      {"GRIDHEIGHT= 50 ", key::GridHeight, 50},
+      {"ADDSTART=abc", key::ADDSTART, 20},
+      {"ADDSTART=3", key::ADDSTART, 3},
+      {"", key::ADDSBETWEEN, 10},
+  };
+  for (const Case& c : table) {
+    given(c.line);
+    EXPECT_EQ(settings.number(c.key), c.expected) << c.line.constData();
+  }
+  const Case flags[] = {
+      {"ShowSetup=YES", key::ShowSetup, 0},
+      {"ShowSetup= 1 ", key::ShowSetup, 1},
+      {"LOCALLISTENER=2", key::LOCALLISTENER, 1},
+      {"LOCALLISTENER=NO", key::LOCALLISTENER, 0},
+      {"LOCALLISTENER=0", key::LOCALLISTENER, 0},
+      {"Premise=yes", key::Premise, 1},
+      {"Premise=1", key::Premise, 0},
+      {"ShowPhoto=NO", key::ShowPhoto, 0},
+      {"ShowPhoto=1", key::ShowPhoto, 1},
+      {"", key::ShowPhoto, 0},
+      {"ShowMap=0", key::ShowMap, 0},
+      {"Maps=1", key::Maps, 1},
+      {"Maps=YES", key::Maps, 0},
+      {"movemain=5", key::MOVEMAIN, 1},
+  };
+  for (const Case& c : flags) {
+    given(c.line);
+    EXPECT_EQ(settings.flag(c.key), c.expected != 0) << c.line.constData();
+  }
+}
+
+TEST_F(SettingsTest, BlanksStayWhereTheyAreText) {
+  given("MasterListenerMyName=  seat 4  \nTheme= dusk ");
+  EXPECT_EQ(settings.str(key::MasterListenerMyName), u"seat 4"_s);
+  EXPECT_EQ(settings.upper(key::Theme), u"DUSK"_s);
+  EXPECT_EQ(settings.raw(key::SERVERIP), u"NO"_s);
+}
+
+TEST_F(SettingsTest, ASettingIsReadAsAnyProgramLeftIt) {
+  given("MainPage=WB");
+  EXPECT_EQ(settings.str(key::MainPage), u"WB"_s);
+  settings.write(key::MainPage, u"CB"_s);
+  EXPECT_EQ(settings.str(key::MainPage), u"CB"_s);
+  EXPECT_GT(pump.yields, 0);
+  given("MainPage=XX");
+  EXPECT_EQ(settings.str(key::MainPage), u"XX"_s);
+}
+
+TEST_F(SettingsTest, OnlyTheExactWordReadsTheColours) {
+  state.gTheme = u"TEST"_s;
+  EXPECT_EQ(settings.readSetting(u"COLORS", u"GridBACK"), u"1315860"_s);
+  EXPECT_EQ(settings.readSetting(u"Colors", u"GridBACK"), u"NO"_s);
+}
+
+TEST_F(SettingsTest, PerUserValuesAreKeptByApplicationAndSection) {
+  settings.SaveSetting(u"KRV"_s, u"MUSIC"_s, u"MUSICTYPE"_s, u"LOCAL"_s);
+  settings.SaveSetting(u"Korvane"_s, u"MUSIC"_s, u"MUSICTYPE"_s, u"OTHER"_s);
+  EXPECT_EQ(settings.GetSetting(u"KRV"_s, u"MUSIC"_s, u"musictype"_s), u"LOCAL"_s);
+  EXPECT_EQ(settings.GetSetting(u"KRV"_s, u"MOVIES"_s, u"MUSICTYPE"_s), QString());
+}
+
+TEST(SettingTexts, Numbers) {
+  const std::pair<QStringView, double> table[] = {{u"12abc", 12}, {u" 1 2 ", 12}, {u"-3.5e1x", -35},
+                                                  {u"NO", 0},     {u"", 0},       {u"1e", 1},
+                                                  {u".5", 0.5}};
+  for (const auto& [text, number] : table)
+    EXPECT_DOUBLE_EQ(val(text), number) << text.toString().toStdString();
+  EXPECT_TRUE(isNumeric(u" 4 "));
+  EXPECT_FALSE(isNumeric(u"4 px"));
+}
+
+TEST_F(SettingsTest, TheLogStartsAnewPastItsSize) {
+  const Log log(files, clock, home.path());
+  home.put(u"log.txt"_s, QByteArray(5'000'000, 'x'));
+  log.logIt(u"kept"_s);
+  EXPECT_GT(home.get(u"log.txt"_s).size(), 5'000'000);
+  log.error(9, u"no tape"_s, "rewind", "Form frmDeck");
+  const QByteArray fresh = home.get(u"log.txt"_s);
+  EXPECT_TRUE(fresh.endsWith(" Error 9 (no tape) in procedure rewind of Form frmDeck\n"));
+  EXPECT_EQ(fresh.indexOf(' '), 10) << "MM/DD/YYYY, a blank, the time";
+  EXPECT_LT(fresh.size(), 100);
+}
+
+}  // namespace
+}  // namespace korvane
