@@ -42,7 +42,7 @@ std::optional<Database::FileId> Database::fileId() const {
 }
 
 void Database::DbOpen() {
-  if (connection_ && connection_->inTransaction()) return;  // a scan holds it
+  if (connection_ && held_ > 0) return;
   const auto file = fileId();
   if (connection_ && file == opened_) return;
   connection_.reset();
@@ -91,8 +91,10 @@ std::shared_ptr<const RowSource> Database::getAllAlbums() {
 
 std::shared_ptr<AllSongs> Database::getAllSongs() {
   OpenedDatabase db(*this);
+  // While a scan writes, what is open stays; a list of its own would have to wait for the scan.
+  if (db->inTransaction() && rsMain_) return rsMain_;
   auto image = index_.valid(*db);
-  if (!image) image = index_.rebuild();
+  if (!image) image = db->inTransaction() ? index_.passing(*db) : index_.rebuild();
   if (!rsMain_ || rsMain_->image() != image)
     rsMain_ = std::make_shared<AllSongs>(image, [this]() -> sql::Connection& {
       DbOpen();

@@ -64,6 +64,7 @@ class Database : public PlaySongs {
   void refreshLists(Pump& pump, std::function<void()> done);
 
  private:
+  friend class OpenedDatabase;
   struct FileId {
     quint64 device = 0, inode = 0;
     bool operator==(const FileId&) const = default;
@@ -78,13 +79,21 @@ class Database : public PlaySongs {
   FileId opened_;
   LibraryIndex index_;
   std::shared_ptr<AllSongs> rsMain_;
+  int held_ = 0;  // by OpenedDatabase
 };
 
-// The connection for one operation.
+// The connection for one operation, or for the whole run of a scan: while one lives, no file is
+// opened in its place.
 class OpenedDatabase {
  public:
-  explicit OpenedDatabase(Database& database) : database_(database) { database_.DbOpen(); }
-  ~OpenedDatabase() { database_.DbClose(); }
+  explicit OpenedDatabase(Database& database) : database_(database) {
+    database_.DbOpen();
+    ++database_.held_;
+  }
+  ~OpenedDatabase() {
+    --database_.held_;
+    database_.DbClose();
+  }
   OpenedDatabase(const OpenedDatabase&) = delete;
   sql::Connection* operator->() { return &database_.connection(); }
   sql::Connection& operator*() { return database_.connection(); }

@@ -65,6 +65,10 @@ std::shared_ptr<const IndexImage> LibraryIndex::rebuild() {
   return image_;
 }
 
+std::shared_ptr<const IndexImage> LibraryIndex::passing(sql::Connection& connection) {
+  return IndexImage::hold(buildIndex(connection, false));
+}
+
 void LibraryIndex::refresh(sql::Connection& connection, Pump& pump, std::function<void()> done) {
   if (valid(connection)) return pump.later(std::move(done));
   if (!work_->running) startBuild(pump, std::move(done));

@@ -22,6 +22,9 @@ class LibraryIndex {
   // Builds it now. Null when the database is being changed by others. Throws DatabaseError.
   std::shared_ptr<const IndexImage> rebuild();
 
+  // Builds one of what the connection sees inside its transaction; it stands for no file.
+  std::shared_ptr<const IndexImage> passing(sql::Connection& connection);
+
   // Builds it in the background unless it is valid or being built; `done` comes from the event
   // loop.
   void refresh(sql::Connection& connection, Pump& pump, std::function<void()> done);

@@ -36,6 +36,7 @@ class Run {
   QString text(int column) const;
   QByteArrayView bytes(int column) const;  // until the next step
   qint64 number(int column) const;
+  int columns() const { return sqlite3_column_count(statement_); }
 
  private:
   void check(int code) const;

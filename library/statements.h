@@ -49,6 +49,9 @@ inline constexpr char kDuplicate[] =
 inline constexpr char kInsert[] =
     "Insert into songs (artist,album,songtitle,[year],comment,songpath) "
     "values(?1,?2,?3,?4,?5,?6) ";
+inline constexpr char kInsertUntagged[] =
+    "Insert into songs (artist,album,songtitle,[year],comment,songpath) "
+    "values(?1,?2,?3,null ,null,?4) ";
 inline constexpr char kInsertArtist[] = "Insert into songs  (Artist)  values(?1)";
 
 }  // namespace korvane::statement

@@ -146,7 +146,9 @@ TEST_F(DatabaseFileTest, AFileThatMayNotBeWrittenCanBeReadAndSaysSoWhenWritten) 
                         QFile::ReadOther | QFile::ExeOther | QFile::ReadOwner | QFile::ExeOwner);
   QFile::setPermissions(db.path(), QFile::ReadOther | QFile::ReadOwner);
   const bool root = ::geteuid() == 0;
-  if (root) ASSERT_EQ(::seteuid(65534), 0);
+  if (root) {
+    ASSERT_EQ(::seteuid(65534), 0);
+  }
   {
     Database other(home.path());
     EXPECT_EQ(other.getAllSongs()->cell(1, 1), u"C"_s) << "the list file cannot be written either";
@@ -157,7 +159,9 @@ TEST_F(DatabaseFileTest, AFileThatMayNotBeWrittenCanBeReadAndSaysSoWhenWritten) 
       EXPECT_EQ(error.kind(), DatabaseError::ReadOnly) << error.what();
     }
   }
-  if (root) ASSERT_EQ(::seteuid(0), 0);
+  if (root) {
+    ASSERT_EQ(::seteuid(0), 0);
+  }
   QFile::setPermissions(home.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
 }
 

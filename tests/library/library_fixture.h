@@ -7,12 +7,9 @@
 
 #include "library/database.h"
 #include "library/schema.h"
+#include "tests/fakes/print.h"
 
 namespace korvane {
-
-inline void PrintTo(const QString& text, std::ostream* out) {
-  *out << '"' << text.toStdString() << '"';
-}
 
 class LibraryTest : public testing::Test {
  protected:

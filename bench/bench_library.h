@@ -1,0 +1,13 @@
+// The modes of the benchmark that read and fill the song database. Each prints one line of JSON and
+// returns 0 when what it checked held. HOME is the directory of the database.
+#pragma once
+
+#include "platform/text.h"
+
+namespace korvane {
+
+int benchScan(const QStringList& arguments);   // TREE HOME: the database is made anew
+int benchLists(const QStringList& arguments);  // HOME
+int benchFind(const QStringList& arguments);   // HOME
+
+}  // namespace korvane

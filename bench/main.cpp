@@ -1,0 +1,39 @@
+// korvane-bench MODE ARGUMENTS: measures the real modules beside a bare loop that does only the
+// unavoidable work. Each mode prints one line of JSON; the exit code is 0 when what it checked
+// held.
+#include <QCoreApplication>
+#include <cstdio>
+
+#include "bench/bench_library.h"
+
+namespace {
+
+struct Mode {
+  const char* name;
+  const char* arguments;
+  int (*run)(const QStringList& arguments);
+};
+
+constexpr Mode kModes[] = {
+    {"scan", "TREE HOME", korvane::benchScan},
+    {"lists", "HOME", korvane::benchLists},
+    {"find", "HOME", korvane::benchFind},
+};
+
+int usage() {
+  for (const Mode& mode : kModes)
+    std::fprintf(stderr, "korvane-bench %s %s\n", mode.name, mode.arguments);
+  return 2;
+}
+
+}  // namespace
+
+int main(int count, char** values) {
+  const QCoreApplication application(count, values);
+  QStringList arguments = application.arguments().mid(1);
+  if (arguments.isEmpty()) return usage();
+  const QString wanted = arguments.takeFirst();
+  for (const Mode& mode : kModes)
+    if (wanted == QLatin1StringView(mode.name)) return mode.run(arguments);
+  return usage();
+}

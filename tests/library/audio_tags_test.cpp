@@ -1,0 +1,174 @@
+#include "library/tags/audio_tags.h"
+
+#include <gtest/gtest.h>
+
+#include <QBuffer>
+#include <QFile>
+#include <QTemporaryDir>
+#include <stdexcept>
+
+#include "library/tags/convert_base.h"
+#include "library/tags/cover_art.h"
+#include "library/tags/full_tags.h"
+#include "tests/fakes/print.h"
+
+namespace korvane {
+namespace {
+
+QByteArray padded(QByteArray text, qsizetype size, char with = '\0') {
+  return text.append(size - text.size(), with);
+}
+
+QByteArray id3v1(const QByteArray& title, const QByteArray& artist = {}, char with = '\0') {
+  return "TAG" + padded(title, 30, with) + padded(artist, 30, with) + padded("Album", 30, with) +
+         padded("1999", 4) + padded("said", 30, with) + '\x11';
+}
+
+TEST(ReadID3v1, TakesTheFieldsAsTheyStand) {
+  struct {
+    QByteArray title;
+    char with;
+    QString read;
+  } const cases[] = {
+      {"Song", '\0', u"Song"_s},
+      {"Song", ' ', u"Song"_s},
+      {QByteArray("So\0ng", 5), '\0', u"Song"_s},
+      {"   ", ' ', QString()},
+      {"  x", '\0', u"x"_s},
+      {"Caf\xE9 \x80", '\0', u"Café €"_s},
+      {QByteArray(30, 'y'), '\0', QString(30, u'y')},
+  };
+  for (const auto& [title, with, read] : cases) {
+    const auto tags = tagsOfID3v1(id3v1(title, "Art\"ist", with));
+    ASSERT_TRUE(tags);
+    EXPECT_EQ(tags->Title, read);
+    EXPECT_EQ(tags->Artist, u"Art\"ist"_s);
+    EXPECT_EQ(tags->Year, u"1999"_s);
+    EXPECT_EQ(tags->Comment, u"said"_s);
+  }
+  EXPECT_EQ(tagsOfID3v1(id3v1("\xCF\xF0\xE8"), CodePage(u"windows-1251"_s))->Title, u"При"_s);
+  EXPECT_EQ(tagsOfID3v1(id3v1("\xC3\xA9"), CodePage(u"UTF-8"_s))->Title, u"é"_s);
+  EXPECT_EQ(tagsOfID3v1(id3v1("\xE9"), CodePage(u"no such page"_s))->Title, u"é"_s);
+}
+
+TEST(ReadID3v1, ReadsOnlyAWholeTagAtTheEndOfAFile) {
+  QTemporaryDir home;
+  const QString path = home.filePath(u"a.mp3"_s);
+  const auto of = [&](const QByteArray& bytes) {
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(bytes);
+    file.close();
+    return readID3v1(path);
+  };
+  EXPECT_TRUE(of(QByteArray(1000, 'x') + id3v1("t")));
+  EXPECT_TRUE(of(id3v1("t")));
+  EXPECT_FALSE(of(id3v1("t").first(127)));
+  EXPECT_FALSE(of(id3v1("t") + "x"));
+  EXPECT_FALSE(of({}));
+  EXPECT_FALSE(readID3v1(QString()));
+  EXPECT_THROW(readID3v1(home.filePath(u"none"_s)), std::runtime_error);
+}
+
+TEST(ConvertBase, ConvertsAndRefuses) {
+  struct {
+    const char16_t* number;
+    int from, to;
+    const char16_t* result;
+  } const cases[] = {{u"5", 10, 2, u"00000101"},
+                     {u" 255 ", 10, 16, u"FF"},
+                     {u"100000000", 2, 10, u"256"},
+                     {u"Z", 36, 10, u"35"},
+                     {u"0", 10, 2, u"00000000"},
+                     {u"2", 2, 10, u"Error"},
+                     {u"", 10, 2, u"Error"},
+                     {u"f", 16, 10, u"Error"},
+                     {u"1", 1, 10, u"Error"},
+                     {u"1", 10, 37, u"Error"},
+                     {u"ZZZZZZZZZZZZZZ", 36, 10, u"Error"}};
+  for (const auto& [number, from, to, result] : cases)
+    EXPECT_EQ(convertBase(QString::fromUtf16(number), from, to), QString::fromUtf16(result));
+}
+
+TEST(Genres, KeepTheirNumbers) {
+  EXPECT_STREQ(genreNames()[0], "Blues");
+  EXPECT_STREQ(genreNames()[79], "Hard Rock");
+  EXPECT_STREQ(genreNames()[147], "Synth Pop");
+}
+
+QByteArray size4(quint32 size) {
+  return {{static_cast<char>(size >> 24), static_cast<char>(size >> 16),
+           static_cast<char>(size >> 8), static_cast<char>(size)}};
+}
+QByteArray frame(const QByteArray& id, const QByteArray& data) {
+  return id + size4(static_cast<quint32>(data.size())) + QByteArray(2, '\0') + data;
+}
+QByteArray tag(const QByteArray& frames) {
+  return "ID3" + QByteArray(7, '\x03') + frames;
+}
+QByteArray apic(const QByteArray& mime, const QByteArray& description, const QByteArray& image) {
+  return frame("APIC", '\0' + mime + '\0' + '\x03' + description + '\0' + image);
+}
+
+TEST(CoverArt, FindsTheImageOfTheFirstPicture) {
+  const QByteArray jpeg = "\xFF\xD8\xFF\xE0 and so on", png = "\x89PNG\r\n\x1A\n and so on";
+  const QByteArray title = frame("TIT2", QByteArray(300, 'x'));
+  struct {
+    const char* what;
+    QByteArray file;
+    std::optional<QByteArray> image;
+  } const cases[] = {
+      {"after another frame", tag(title + apic("image/jpeg", "", jpeg)), jpeg},
+      {"with a description", tag(apic("image/jpeg", "front cover", jpeg)), jpeg},
+      {"of another kind", tag(apic("image/png", "", png) + apic("image/jpeg", "", jpeg)), png},
+      {"a short mime: the start is lost", tag(apic("PNG", "", png)), png.sliced(3)},
+      {"no tag", "xID3" + apic("image/jpeg", "", jpeg), {}},
+      {"padding first", tag(title + QByteArray(64, '\0') + apic("image/jpeg", "", jpeg)), {}},
+      {"no picture", tag(title), {}},
+      {"cut short", tag(apic("image/jpeg", "", jpeg)).chopped(8), jpeg.chopped(8)},
+      {"too large a size", tag("APIC\xFF\xFF\xFF\xFF__0123456789" + jpeg), jpeg},
+      {"a frame beyond the end", tag("TIT2\x7F\xFF\xFF\xFF__" + apic("image/jpeg", "", jpeg)), {}},
+      {"an empty frame", tag(frame("APIC", QByteArray(40, '\0'))), {}},
+      {"nothing", {}, {}},
+      {"only a header", "ID3", {}},
+  };
+  for (const auto& [what, bytes, image] : cases) {
+    QBuffer file;
+    file.setData(bytes);
+    file.open(QIODevice::ReadOnly);
+    auto found = attachedPicture(file);
+    if (found) found = imageWithin(*found);
+    EXPECT_EQ(found.has_value(), image.has_value()) << what;
+    if (found && image) {
+      EXPECT_EQ(*found, *image) << what;
+    }
+  }
+  EXPECT_EQ(imageWithin("no image here"), "no image here");
+  EXPECT_EQ(imageWithin("BM is no bitmap RIFFxxxxWEBPyy"), "RIFFxxxxWEBPyy");
+}
+
+TEST(FullTags, ReadsWhatID3v1DoesNotHold) {
+  QTemporaryDir home;
+  const QString path = home.filePath(u"a.mp3"_s);
+  QFile file(path);
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  const QByteArray frames = frame("TIT2", QByteArray("\0\xCF\xF0\xE8", 4)) +
+                            frame("TPE1", QByteArray("\1\xFF\xFE\x16\x04", 5)) +
+                            frame("TRCK", QByteArray("\0", 1) + "7/12") +
+                            frame("TYER", QByteArray("\0", 1) + "2001");
+  file.write("ID3\x03" + QByteArray(2, '\0') + size4(static_cast<quint32>(frames.size())) + frames +
+             QByteArray(2000, '\0'));
+  file.close();
+  setFullTagsPage(CodePage(u"windows-1251"_s));
+  const auto tags = readFullTags(path);
+  setFullTagsPage(CodePage());
+  ASSERT_TRUE(tags);
+  EXPECT_EQ(tags->Title, u"При"_s);
+  EXPECT_EQ(tags->Artist, u"Ж"_s);
+  EXPECT_EQ(tags->track, 7);
+  EXPECT_EQ(tags->Year, u"2001"_s);
+  EXPECT_FALSE(readFullTags(home.filePath(u"none.mp3"_s)));
+}
+
+}  // namespace
+}  // namespace korvane

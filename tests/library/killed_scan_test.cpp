@@ -1,0 +1,91 @@
+// A scan killed at any moment: the database stays whole, holds no song twice, and the next scan
+// completes it.
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <random>
+#include <thread>
+
+#include "library/scan/scanner.h"
+#include "tests/fakes/fake_clock.h"
+#include "tests/fakes/fake_pump.h"
+#include "tests/library/library_fixture.h"
+#include "tests/library/song_files.h"
+
+namespace korvane {
+namespace {
+
+constexpr int kSongs = 2000, kKills = 200;
+
+class Deaf : public ScanEvents {
+  void scanStatus(const ScanProgress&) override {}
+  void scanError(const QString&) override {}
+};
+
+ScanResult scan(Database& db, const QString& root) {
+  FakeClock clock;
+  FakePump pump(clock);
+  Deaf events;
+  return Scanner(db, pump, events).scanTagged(root, {});
+}
+
+// A process of its own that scans, over and over with a library that it empties.
+pid_t startScanning(const QString& home, const QString& root, bool erasing) {
+  const pid_t child = ::fork();
+  if (child != 0) return child;
+  try {
+    Database db(home);
+    for (;;) {
+      scan(db, root);
+      if (erasing) db.erase();
+    }
+  } catch (...) {  // nothing may leave this process but its end
+    ::_exit(1);
+  }
+}
+
+TEST(KilledScan, LeavesAWholeDatabaseWithoutDuplicates) {
+  QTemporaryDir home;
+  const QString root = home.filePath(u"music"_s);
+  for (int i = 0; i < kSongs; ++i) {
+    const QByteArray n = QByteArray::number(i), folder = QByteArray::number(i / 40);
+    makeSongFile(root.toUtf8() + "/a" + folder + "/b/" + n + ".mp3",
+                 songTag("Song " + n, "A" + folder, "B"));
+  }
+  createEmptyDatabase(home.path() + u"/Morvanta.mdb"_s);
+  std::mt19937 random(1);
+  int partial = 0;
+  for (int kill = 0; kill < kKills; ++kill) {
+    const pid_t child = startScanning(home.path(), root, kill % 10 != 9);
+    ASSERT_GT(child, 0);
+    std::this_thread::sleep_for(std::chrono::microseconds(random() % 60000));
+    ASSERT_EQ(::kill(child, SIGKILL), 0);
+    int status = 0;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    ASSERT_TRUE(WIFSIGNALED(status)) << "the scan failed before kill " << kill;
+
+    Database db(home.path());
+    OpenedDatabase open(db);
+    auto check = open->run("PRAGMA integrity_check");
+    ASSERT_TRUE(check.step());
+    ASSERT_EQ(check.text(0), u"ok"_s) << "kill " << kill;
+    ASSERT_EQ(
+        open->number("SELECT count(*) FROM (SELECT 1 FROM Songs GROUP BY Artist, album, SongTitle "
+                     "HAVING count(*) > 1)"),
+        0)
+        << "kill " << kill;
+    const qint64 songs = open->number("SELECT count(*) FROM Songs");
+    partial += songs > 0 && songs < kSongs;
+    if (kill % 10 == 9) {
+      EXPECT_EQ(scan(db, root).added, kSongs - songs);
+      EXPECT_EQ(open->number("SELECT count(*) FROM Songs"), kSongs);
+      db.erase();
+    }
+  }
+  RecordProperty("partial", partial);
+}
+
+}  // namespace
+}  // namespace korvane
