@@ -2,7 +2,7 @@
 #pragma once
 
 #include "custom/gui_setup_fields.h"
-#include "custom/screen_doors.h"
+#include "core/screen_doors.h"
 #include "custom/setup_general_form.h"
 
 namespace korvane {

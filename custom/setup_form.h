@@ -4,7 +4,7 @@
 #include "core/graphics.h"
 #include "core/palette.h"
 #include "core/settings.h"
-#include "custom/screen_doors.h"
+#include "core/screen_doors.h"
 #include "custom/setup_parts.h"
 #include "platform/machine.h"
 

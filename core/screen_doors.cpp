@@ -1,4 +1,4 @@
-#include "custom/screen_doors.h"
+#include "core/screen_doors.h"
 
 namespace korvane {
 

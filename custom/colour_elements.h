@@ -1,0 +1,19 @@
+// The elements of the interface that have a colour, page by page as frmColorPick shows them.
+#pragma once
+
+#include <span>
+
+namespace korvane {
+
+struct ColourElement {
+  const char *name, *label;
+};
+
+struct ColourPage {
+  const char* caption;
+  std::span<const ColourElement> elements;
+};
+
+std::span<const ColourPage> colourPages();
+
+}  // namespace korvane

@@ -1,0 +1,28 @@
+// What the directory chooser shows of a place on the disk: decisions apart from any control.
+#pragma once
+
+#include "platform/file_system.h"
+
+namespace korvane {
+
+inline constexpr char kFolderUp[] = "..";
+
+// The file's name fits one of the patterns "*.mp3;*.wma", in any case.
+bool fitsPattern(QStringView fileName, QStringView patterns);
+
+// The folders of `path` in the order of their names, ".." first below the root.
+QStringList folderRows(const FileSystem& files, const QString& path);
+QStringList fileRows(const FileSystem& files, const QString& path, QStringView patterns);
+
+// Where a press on a row of folderRows leads.
+QString folderAt(const QString& path, const QString& row);
+
+// The volume of `volumes` that holds `path`: the longest one. Its place in the list, -1 for none.
+int volumeOf(const QStringList& volumes, const QString& path);
+
+QString withSeparator(const QString& folder);  // '/' added where it has none at its end
+
+// A text as the name of one folder: what a path cannot hold becomes "_".
+QString folderName(const QString& text);
+
+}  // namespace korvane

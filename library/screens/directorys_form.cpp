@@ -1,0 +1,249 @@
+#include "library/screens/directorys_form.h"
+
+#include "core/dressing.h"
+#include "core/form/binder.h"
+#include "library/screens/directory_lists.h"
+
+namespace korvane {
+namespace {
+
+constexpr unsigned TL = Left | Top;
+
+constexpr InventoryRow kDirectorys[] = {
+    {"lblTitle", -1, Kind::Label, {24, 12, 1232, 60}, TL, "Title"},
+    {"Drive1", -1, Kind::Grid, {24, 80, 300, 428}, TL, "Volumes"},
+    {"Dir1", -1, Kind::Grid, {340, 80, 452, 428}, TL, "Folders"},
+    {"File1", -1, Kind::Grid, {808, 80, 448, 428}, TL, "Files"},
+    {"lblPath", -1, Kind::Label, {24, 516, 768, 44}, TL, "Folder"},
+    {"lblfiles", -1, Kind::Label, {808, 516, 448, 44}, TL, "Files found"},
+    {"lblListener", -1, Kind::Label, {24, 572, 280, 72}, TL, ""},
+    {"txtListenerDrive", -1, Kind::Text, {304, 572, 136, 72}, TL, "Listener Drive Letter"},
+    {"txtStatus", -1, Kind::Label, {464, 564, 792, 44}, TL, "Status"},
+    {"lblRate", -1, Kind::Label, {464, 608, 792, 44}, TL, "Progress"},
+    {"cmdCancel", -1, Kind::Button, {664, 664, 288, 88}, TL, "Cancel"},
+    {"cmdok", -1, Kind::Button, {968, 664, 288, 88}, TL, "OK"},
+};
+
+std::vector<RowTable::Row> rowsOf(const QStringList& names) {
+  std::vector<RowTable::Row> rows;
+  for (const QString& name : names) rows.push_back({{name}});
+  return rows;
+}
+
+}  // namespace
+
+DirectorysForm::Panel::Panel(Form& form) {
+  Binder bind(form, "directories");
+  bind(lblTitle, "lblTitle");
+  bind(lblPath, "lblPath");
+  bind(lblfiles, "lblfiles");
+  bind(lblListener, "lblListener");
+  bind(txtStatus, "txtStatus");
+  bind(lblRate, "lblRate");
+  bind(Drive1, "Drive1");
+  bind(Dir1, "Dir1");
+  bind(File1, "File1");
+  bind(txtListenerDrive, "txtListenerDrive");
+  bind(cmdok, "cmdok");
+  bind(cmdCancel, "cmdCancel");
+}
+
+DirectorysForm::DirectorysForm(Uses uses)
+    : uses_(uses), form_(u"frmDirectorys"_s, kDirectorys), panel_(form_) {
+  panel_.lblTitle->fontUnits = 36;
+  panel_.lblTitle->bold = true;
+  panel_.lblListener->caption = u"Listener Drive Letter"_s;
+  panel_.cmdok->caption = u"OK"_s;
+  panel_.cmdok->accent = true;
+  panel_.Drive1->columns = {{u"Volume"_s}};
+  panel_.Dir1->columns = {{u"Folder"_s}};
+  panel_.File1->columns = {{u"File"_s}};
+
+  form_.on(u"Drive1", Event::Click,
+           [this](Control&, const Event& event) { Drive1_Change(event.row); });
+  form_.on(u"Dir1", Event::Click, [this](Control&, const Event& event) { Dir1_Change(event.row); });
+  form_.on(u"txtListenerDrive", Event::Click,
+           [this](Control&, const Event&) { txtListenerDrive_Click(); });
+  form_.on(u"cmdok", Event::Click, [this](Control&, const Event&) { cmdok_Click(); });
+  form_.on(u"cmdCancel", Event::Click, [this](Control&, const Event&) { cmdCancel_Click(); });
+  form_.on(Event::KeyDown, [this](Control&, const Event& event) {
+    constexpr int kEscape = 27;
+    if (event.key == kEscape) cmdCancel_Click();
+  });
+}
+
+std::optional<QString> DirectorysForm::open(const DirectoryRequest& request) {
+  if (form_.shown() || scanning_) return std::nullopt;
+  request_ = request;
+  chosen_.reset();
+  Form_Load();
+  if (request_.runAtLoad) {
+    dofiles(path_);
+    return std::nullopt;
+  }
+  uses_.host.showModal(form_);
+  return chosen_;
+}
+
+void DirectorysForm::Form_Load() {
+  dress(form_, uses_.palette);
+  panel_.lblTitle->caption = request_.caption;
+  panel_.txtStatus->caption = QString();
+  panel_.lblRate->caption = QString();
+  const bool byFolders = request_.mode == "DIR"_L1;
+  panel_.lblListener->visible = byFolders;
+  panel_.txtListenerDrive->visible = byFolders;
+  panel_.txtListenerDrive->text = QString();
+  panel_.Drive1->setRows(rowsOf(uses_.files.volumes()));
+  if (request_.pattern.isEmpty()) request_.pattern = uses_.import.musicPattern();
+  lookScanning(false);
+  showFolder(beginning());
+}
+
+// The place told, else what is stored for this purpose, else the user's home.
+QString DirectorysForm::beginning() const {
+  const Settings& settings = uses_.settings;
+  QStringList places{request_.path};
+  switch (request_.store) {
+    case DirectoryRequest::Movies:
+      places << settings.str(key::MDirectory);
+      break;
+    case DirectoryRequest::Playlist:
+      places << settings.str(key::PLDirectory);
+      break;
+    case DirectoryRequest::Photos:
+      places << settings.str(key::PDirectory);
+      break;
+    case DirectoryRequest::Nothing:
+      places << settings.str(key::MusicRoot);
+      break;
+  }
+  places << qEnvironmentVariable("HOME");
+  for (const QString& place : std::as_const(places)) {
+    if (place.isEmpty() || !uses_.files.FolderExists(place)) continue;
+    QString found = uses_.files.resolve(place).value_or(place);
+    while (found.size() > 1 && found.endsWith(u'/')) found.chop(1);
+    return found;
+  }
+  return u"/"_s;
+}
+
+void DirectorysForm::showFolder(const QString& path) {
+  path_ = path;
+  const QStringList found = fileRows(uses_.files, path, request_.pattern);
+  panel_.lblPath->caption = path;
+  panel_.Dir1->setRows(rowsOf(folderRows(uses_.files, path)));
+  panel_.File1->setRows(rowsOf(found));
+  panel_.File1->row = 0;
+  panel_.lblfiles->caption = u"Files found = "_s + QString::number(found.size());
+  const int volume = volumeOf(uses_.files.volumes(), path);
+  panel_.Drive1->row = volume + 1;
+}
+
+void DirectorysForm::Drive1_Change(int row) {
+  if (!scanning_ && row > 0) showFolder(panel_.Drive1->cell(1, row));
+}
+
+void DirectorysForm::Dir1_Change(int row) {
+  if (!scanning_ && row > 0) showFolder(folderAt(path_, panel_.Dir1->cell(1, row)));
+}
+
+void DirectorysForm::txtListenerDrive_Click() {
+  const QString typed = uses_.messages.ask(panel_.lblListener->caption());
+  if (!typed.isEmpty()) panel_.txtListenerDrive->text = typed;
+}
+
+void DirectorysForm::cmdok_Click() {
+  if (scanning_) return;
+  if (request_.mode == "DIR"_L1) return dofiles(path_);
+  if (request_.mode == "MP3"_L1) return scanTagged();
+  if (request_.mode == "SINGLE"_L1) return takeFile();
+  storeDirectory();
+}
+
+void DirectorysForm::cmdCancel_Click() {
+  if (scanning_) return uses_.import.stop();
+  uses_.host.hide(form_);
+}
+
+void DirectorysForm::dofiles(const QString& path) {
+  const QString drive = panel_.txtListenerDrive->text();
+  run([&] { return uses_.import.dofiles(path, drive, *this); });
+}
+
+void DirectorysForm::scanTagged() {
+  run([&] { return uses_.import.scanTagged(path_, *this); });
+}
+
+template <class Scan>
+void DirectorysForm::run(Scan scan) {
+  if (scanning_) return;
+  uses_.settings.write(key::MusicRoot, path_);
+  watched_ = form_.shown();
+  lookScanning(true);
+  try {
+    const Busy busy(uses_.screen);
+    finished(scan());
+  } catch (const std::exception& failure) {
+    uses_.messages.say(QString::fromUtf8(failure.what()));
+  }
+  lookScanning(false);
+  uses_.news.songsChanged();
+}
+
+void DirectorysForm::lookScanning(bool scanning) {
+  scanning_ = scanning;
+  panel_.cmdCancel->caption = scanning ? u"Stop"_s : u"Cancel"_s;
+  for (Control* control : std::initializer_list<Control*>{panel_.cmdok, panel_.Drive1, panel_.Dir1,
+                                                          panel_.File1, panel_.txtListenerDrive})
+    control->enabled = !scanning;
+}
+
+void DirectorysForm::importProgress(const ImportProgress& progress) {
+  if (watched_ && !form_.shown()) uses_.import.stop();  // the window goes
+  panel_.txtStatus->caption = progress.text;
+  panel_.lblRate->caption = u"%1 songs, %2 new, %3 songs a second"_s.arg(
+      QString::number(progress.files), QString::number(progress.added),
+      QString::number(std::lround(progress.filesPerSecond)));
+}
+
+void DirectorysForm::finished(const ImportResult& result) {
+  const double rate = result.seconds > 0 ? result.files / result.seconds : result.files;
+  importProgress({result.stopped ? u"Stopped"_s : u"Finished"_s, result.files, result.added, rate});
+  if (result.failed > 0)
+    panel_.lblRate->caption =
+        panel_.lblRate->caption() + u", %1 could not be read (see log.txt)"_s.arg(result.failed);
+}
+
+void DirectorysForm::takeFile() {
+  const int row = panel_.File1->row();
+  if (row < 1 || row > panel_.File1->maxRows()) {
+    uses_.messages.say(u"Select a file first"_s);
+    return;
+  }
+  chosen_ = FileSystem::BuildPath(path_, panel_.File1->cell(1, row));
+  uses_.host.hide(form_);
+}
+
+void DirectorysForm::storeDirectory() {
+  chosen_ = withSeparator(path_);
+  uses_.host.hide(form_);
+  switch (request_.store) {
+    case DirectoryRequest::Movies:
+      uses_.settings.write(key::MDirectory, *chosen_);
+      uses_.news.movieDirectoryChanged();
+      break;
+    case DirectoryRequest::Playlist:
+      uses_.settings.write(key::PLDirectory, *chosen_);
+      uses_.state.gPlaylistDir = *chosen_;
+      break;
+    case DirectoryRequest::Photos:
+      uses_.settings.write(key::PDirectory, *chosen_);
+      uses_.news.photoDirectoryChanged();
+      break;
+    case DirectoryRequest::Nothing:
+      break;
+  }
+}
+
+}  // namespace korvane

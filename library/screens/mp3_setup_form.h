@@ -1,0 +1,51 @@
+// frmMp3Setup: "Digital Music Setup", the entry to all that fills the library.
+#pragma once
+
+#include "core/screen_doors.h"
+#include "library/screens/single_song_form.h"
+
+namespace korvane {
+
+class Mp3SetupForm {
+ public:
+  struct Uses {
+    FormHost& host;
+    const Palette& palette;
+    const Settings& settings;
+    Messages& messages;
+    SongImport& import;
+    ImportNews& news;
+    DirectorysForm& directorys;
+    SingleSongForm& singleSong;
+  };
+  explicit Mp3SetupForm(Uses uses);
+
+  // Which of cmdMp3(0) "Delete" and cmdMp3(1) "Copy Directories" lead somewhere.
+  void setDoors(ScreenDoors doors) { doors_ = std::move(doors); }
+
+  void open();  // Yields.
+
+  Form& form() { return form_; }
+
+ private:
+  struct Panel {
+    Label *lblTitle, *lblHow;
+    std::array<Button*, 4> cmdMp3;
+    std::array<Check*, 2> optScan;
+    Button *cmdaddfile, *cmdOK;
+    explicit Panel(Form& form);
+  };
+  enum Command { Delete, CopyDirectories, Scan, AddMisc };
+
+  void cmdMp3_Click(int index);
+  void cmdaddfile_Click();
+  void chooseScan(int index);
+  void showCommands();
+
+  Uses uses_;
+  Form form_;
+  Panel panel_;
+  ScreenDoors doors_;
+};
+
+}  // namespace korvane

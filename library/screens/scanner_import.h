@@ -1,0 +1,41 @@
+// SongImport over the scanner, the database and the settings.
+#pragma once
+
+#include "core/log.h"
+#include "core/settings.h"
+#include "library/scan/scanner.h"
+#include "library/screens/song_import.h"
+
+namespace korvane {
+
+class ScannerImport : public SongImport, private ScanEvents {
+ public:
+  ScannerImport(Database& database, Pump& pump, const Settings& settings, const Log& log);
+
+  ImportResult dofiles(const QString& root, const QString& listenerDrive,
+                       ImportWatch& watch) override;
+  ImportResult scanTagged(const QString& root, ImportWatch& watch) override;
+  void stop() override { scanner_.stop(); }
+  bool AddOneSong(const QString& path, const QString& fileName) override;
+  bool addSong(const QString& artist, const QString& album, const QString& fileName,
+               const QString& path) override;
+  QString musicPattern() const override;
+  qint64 freeSpace(const QString& folder) const override;
+
+  Scanner& scanner() { return scanner_; }
+
+ private:
+  void scanStatus(const ScanProgress& progress) override;
+  void scanError(const QString& text) override;
+
+  Database& database_;
+  const Settings& settings_;
+  const Log& log_;
+  Scanner scanner_;
+  ImportWatch* watch_ = nullptr;
+};
+
+// How files become songs by the keys "Tags", "TagCodePage" and "FileKinds".
+ScanRules scanRules(const Settings& settings);
+
+}  // namespace korvane

@@ -1,0 +1,37 @@
+// A program directory on the disk, a message box and forms on no screen, for the screens of setup.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include "core/palette.h"
+#include "core/settings.h"
+#include "platform/disk_file_system.h"
+#include "tests/fakes/fake_form_host.h"
+#include "tests/fakes/fake_machine.h"
+#include "tests/fakes/fake_messages.h"
+#include "tests/fakes/fake_pump.h"
+#include "tests/fakes/print.h"
+#include "tests/fakes/temporary_home.h"
+
+namespace korvane {
+
+struct CustomWorld : ::testing::Test {
+  CustomWorld() { state.gTheme = u"TEST"_s; }
+  ~CustomWorld() override { EXPECT_TRUE(host.allDone()) << "a form did not come up"; }
+
+  QString stored(const SettingKey& key) const { return settings.raw(key); }
+  void given(const SettingKey& key, const QString& value) { settings.write(key, value); }
+
+  TemporaryHome home;
+  DiskFileSystem files;
+  FakeClock clock;
+  FakePump pump{clock};
+  AppState state;
+  Settings settings{files, pump, state, home.path()};
+  Palette palette{settings};
+  FakeFormHost host;
+  FakeMessages messages;
+  FakeBox box;
+};
+
+}  // namespace korvane

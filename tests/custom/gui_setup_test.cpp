@@ -1,0 +1,267 @@
+#include "custom/gui_setup_form.h"
+
+#include "core/tab_controller.h"
+#include "tests/custom/custom_world.h"
+#include "tests/custom/fake_setup_parts.h"
+
+namespace korvane {
+namespace {
+
+constexpr InventoryRow kMain[] = {{"Grid", 0, Kind::Grid, {}, 0, ""},
+                                  {"Grid", 1, Kind::Grid, {}, 0, ""},
+                                  {"pCamera", -1, Kind::Image, {}, 0, "", "", false}};
+
+struct GuiSetup : CustomWorld {
+  void opens(FakeFormHost::Script script) {
+    host.onModal(u"frmGuiSetup"_s, std::move(script));
+    setup.open();
+  }
+  // Saves after `change`; opens frmSetupGeneral for `general` on the way.
+  void saves(const FakeFormHost::Script& change, const FakeFormHost::Script& general = nullptr) {
+    opens([&](Form& form) {
+      if (change) change(form);
+      if (general) {
+        host.onModal(u"frmSetupGeneral"_s, general);
+        press(form, u"cmdGeneral"_s);
+      }
+      press(form, u"cmdCmd"_s, 0);
+      EXPECT_FALSE(form.shown());
+    });
+  }
+
+  Form main{u"frmMain"_s, kMain};
+  FakeSetupParts parts;
+  GuiSetupForm setup{{host, palette, state, settings, messages, main, parts}};
+};
+
+TEST_F(GuiSetup, ShowsWhatIsStored) {
+  given(key::LOCALLISTENER, u"2"_s);
+  given(key::Maps, u"1"_s);
+  given(key::X10, u"yes"_s);
+  given(key::GridHeight, u"tall"_s);
+  given(key::ShowExit, u"YES"_s);  // only "1" counts here
+  given(key::ShowMute, u"1"_s);
+  given(key::ShowInTheTaskBar, u"yes"_s);
+  opens([&](Form& form) {
+    EXPECT_EQ(textOf(form, u"txtNIC"_s), u"any"_s);
+    EXPECT_EQ(textOf(form, u"txtAirShow"_s, 1), QString());
+    EXPECT_EQ(textOf(form, u"txtMaster"_s, 0), QString());
+    EXPECT_EQ(textOf(form, u"txtCameraDevice"_s), u"NO"_s);
+    const auto on = [&form](const char* name, int index = -1) {
+      return dynamic_cast<Check*>(form.find(QString::fromLatin1(name), index))->checked();
+    };
+    EXPECT_TRUE(on("optIntListen", 0) && !on("optIntListen", 1));
+    EXPECT_TRUE(on("optIntListenM", 1) && !on("optIntListenM", 0));
+    EXPECT_TRUE(on("chkMap") && !on("ckRadio") && on("chkShowX10"));
+    Form& general = setup.general().form();
+    EXPECT_EQ(textOf(general, u"txtGridHeight"_s), u"12"_s);
+    for (int i = 0; i < 14; ++i) {
+      const auto* box = dynamic_cast<Check*>(general.find(u"chkGeneral", i));
+      const bool expected =
+          box->caption() == "Show Mute Button"_L1 || box->caption() == "Minimize to task bar"_L1;
+      EXPECT_EQ(box->checked(), expected) << qUtf8Printable(box->caption());
+    }
+  });
+}
+
+TEST_F(GuiSetup, MapsAndRadioTogetherRefuseTheWholeSave) {
+  const QByteArray before = home.get(u"Morvanta.INI"_s);
+  opens([&](Form& form) {
+    tick(form, u"ckRadio"_s, true);
+    tick(form, u"chkMap"_s, true);
+    type(form, u"txtNIC"_s, u"eth1"_s);
+    press(form, u"cmdCmd"_s, 0);
+    EXPECT_TRUE(form.shown());
+    press(form, u"cmdCmd"_s, 1);
+    EXPECT_FALSE(form.shown());
+  });
+  EXPECT_EQ(messages.texts,
+            QStringList{u"You cannot have maps AND Radio on, choose one or the other or  none."_s});
+  EXPECT_EQ(home.get(u"Morvanta.INI"_s), before);
+  EXPECT_TRUE(parts.calls.isEmpty());
+}
+
+// New keys come at the end of their section, so the file tells the order of the writes.
+TEST_F(GuiSetup, SavesInOrder) {
+  home.put(u"Morvanta.INI"_s, "[STARTUP]\n");
+  saves(nullptr);
+  QByteArrayList keys;
+  for (const QByteArray& line : home.get(u"Morvanta.INI"_s).split('\n')) {
+    if (line.startsWith("[Movies]")) break;
+    if (line.contains('=')) keys << line.left(line.indexOf('=')).toUpper();
+  }
+  const QByteArrayList told = {"NICCARD",
+                               "SERVERPORT",
+                               "SERVERIP",
+                               "MYNAME",
+                               "ROUTERIP",
+                               "WWWIP",
+                               "MASTERLISTENERIP",
+                               "MASTERLISTENERPORT",
+                               "MASTERLISTENERMYNAME",
+                               "LOCALLISTENER",
+                               "X10",
+                               "X10IP",
+                               "PREMISE",
+                               "TV",
+                               "DEBUG",
+                               "DISPLAYVOLUME",
+                               "CONTROLBUTTONSMAIN",
+                               "SHOWINTHETASKBAR",
+                               "MOVEMAIN",
+                               "LOCALSERVER",
+                               "SHOWEXIT",
+                               "SHOWSETUP",
+                               "SHOWMIN",
+                               "SHOWMUTE",
+                               "SHOWPHOTO",
+                               "SHOWMAP",
+                               "SHOWCONTROL",
+                               "GRIDFONTSIZE",
+                               "GRIDHEIGHT",
+                               "MAINPAGE",
+                               "MAPS",
+                               "RADIO",
+                               "CAMERA",
+                               "CAMERADEVICE",
+                               "VIDEOFORMAT"};
+  EXPECT_EQ(keys, told);
+  EXPECT_EQ(stored(key::ControlButtons), u"NO"_s);  // its box is not written
+}
+
+TEST_F(GuiSetup, MasterListenerStartsAgainOnlyWhenChanged) {
+  state.gMasterListenerIP = state.gMasterListenerPort = state.gMasterListenerMyName = u"NO"_s;
+  saves(nullptr);
+  EXPECT_FALSE(parts.calls.contains(u"restartMasterListener"_s));
+  saves([](Form& form) { type(form, u"txtMaster"_s, u" 10.0.0.7 "_s, 0); });
+  EXPECT_TRUE(parts.calls.contains(u"restartMasterListener"_s));
+  EXPECT_EQ(state.gMasterListenerIP, u"10.0.0.7"_s);
+}
+
+TEST_F(GuiSetup, ChoosesWhereMoviesPlay) {
+  const struct {
+    int option;
+    const char *before, *after, *written;
+    bool listener;
+  } cases[] = {
+      {1, "DVDL", "DVD", "0", false},
+      {1, "DIGITAL", "DIGITAL", "0", false},
+      {0, "DVDL", "DVDL", "1", true},
+      {0, "DVD", "DVD", "1", true},  // becomes the Listener's disc elsewhere
+  };
+  for (const auto& it : cases) {
+    state.gMovieType = QString::fromLatin1(it.before);
+    saves([&](Form& form) {
+      press(form, u"cmdPage"_s, 2);
+      press(form, u"optIntListenM"_s, it.option);
+    });
+    EXPECT_EQ(state.gMovieType, QLatin1StringView(it.after));
+    EXPECT_EQ(stored(key::MovieListener), QLatin1StringView(it.written));
+    EXPECT_EQ(state.gMovieListener, it.listener);
+  }
+  EXPECT_EQ(parts.calls.count(u"closeMovieConnection"_s), 4);
+}
+
+TEST_F(GuiSetup, GridNumbersAndTheMainPageAreMadeUsable) {
+  const struct {
+    const char *font, *height, *page;
+    int fontThen, heightThen;
+    const char* pageThen;
+  } cases[] = {
+      {"14", "30", "cb", 14, 30, "CB"},      {"2", "10", "xyz", 2, 10, "WB"},
+      {"25", "50", "", 25, 50, "WB"},        {"26", "51", "WB", 19, 19, "WB"},
+      {"1", "9", " CB ", 19, 19, "CB"},      {"big", "tall", "wb", 12, 19, "WB"},
+      {"-1e9", "1e300", "CB", 19, 19, "CB"},
+  };
+  for (const auto& it : cases) {
+    saves(nullptr, [&](Form& form) {
+      type(form, u"txtGridFontSize"_s, QString::fromLatin1(it.font));
+      type(form, u"txtGridHeight"_s, QString::fromLatin1(it.height));
+      type(form, u"txtMainPage"_s, QString::fromLatin1(it.page));
+      press(form, u"cmdOK"_s);
+    });
+    EXPECT_EQ(state.gGridFontSize, it.fontThen) << it.font;
+    EXPECT_EQ(state.gGridHeight, it.heightThen) << it.height;
+    EXPECT_EQ(stored(key::GridFontSize), QString::number(it.fontThen));
+    EXPECT_EQ(stored(key::MainPage), QLatin1StringView(it.pageThen));
+    EXPECT_EQ(state.gMainPage, QLatin1StringView(it.pageThen));
+    for (int i = 0; i < 2; ++i) {
+      const auto* grid = dynamic_cast<Grid*>(main.find(u"Grid", i));
+      EXPECT_EQ(grid->rowHeight(), it.heightThen);
+      EXPECT_EQ(grid->fontSize(), it.fontThen);
+    }
+  }
+}
+
+TEST_F(GuiSetup, TheCameraFollowsAtOnceWhereItLies) {
+  for (const auto& [tab, on] : {std::pair(kMainTab, true), {kMusicTab, true}, {kMainTab, false}}) {
+    state.currentTab = tab;
+    saves([&, on = on](Form& form) {
+      press(form, u"cmdPage"_s, 4);
+      tick(form, u"chkCamera"_s, on);
+    });
+    EXPECT_EQ(state.gCamera, on);
+    EXPECT_EQ(main.find(u"pCamera")->visible(), on && tab == kMainTab);
+  }
+}
+
+TEST_F(GuiSetup, FieldsAskWithTheirPrompts) {
+  opens([&](Form& form) {
+    messages.typed = {u"10.0.0.1"_s, u""_s, u"Seat 4"_s};
+    type(form, u"txtMaster"_s, u"2100"_s, 1);
+    for (int i = 0; i < 3; ++i) press(form, u"txtMaster"_s, i);
+    EXPECT_EQ(messages.texts, QStringList({u"IP"_s, u"Port"_s, u"Name "_s}));
+    EXPECT_EQ(textOf(form, u"txtMaster"_s, 0), u"10.0.0.1"_s);
+    EXPECT_EQ(textOf(form, u"txtMaster"_s, 1), u"2100"_s);  // an empty answer changes nothing
+    EXPECT_EQ(textOf(form, u"txtMaster"_s, 2), u"Seat 4"_s);
+    messages.texts.clear();
+    host.onModal(u"frmSetupGeneral"_s, [](Form& general) {
+      for (const QString& name : {u"txtGridFontSize"_s, u"txtGridHeight"_s, u"txtMainPage"_s})
+        press(general, name);
+    });
+    press(form, u"cmdGeneral"_s);
+    EXPECT_EQ(messages.texts, QStringList({u"Grid font size"_s, u"Grid height"_s, u"Main page"_s}));
+  });
+}
+
+TEST_F(GuiSetup, ANewPasswordIsStoredAtOnce) {
+  opens([&](Form& form) {
+    host.onModal(u"frmSetupGeneral"_s, [&](Form& general) {
+      messages.typed = {u"Sesame"_s};
+      press(general, u"cmdSetuppw"_s);
+      EXPECT_EQ(messages.texts, QStringList{u"Enter New Password"_s});
+      EXPECT_EQ(textOf(general, u"txtsetuppw"_s), u"Sesame"_s);
+    });
+    press(form, u"cmdGeneral"_s);
+    press(form, u"cmdCmd"_s, 1);
+  });
+  EXPECT_EQ(stored(key::Setup), u"Sesame"_s);
+}
+
+// Every page: nothing over anything else, nothing under 72 units to press, all within its frame.
+TEST_F(GuiSetup, PagesHaveRoomForAFinger) {
+  const auto apart = [](const Rect& a, const Rect& b) {
+    return a.left >= b.right() || b.left >= a.right() || a.top >= b.bottom() || b.top >= a.bottom();
+  };
+  const auto check = [&](const Form& form) {
+    for (const auto& one : form.controls()) {
+      const Rect box = one->container ? one->container->rect() : Rect{0, 0, 1280, 768};
+      const Rect rect = one->rect();
+      EXPECT_TRUE(rect.left >= 0 && rect.top >= 0 && rect.right() <= box.width &&
+                  rect.bottom() <= box.height)
+          << qUtf8Printable(one->name) << one->index;
+      const bool pressed =
+          one->kind == Kind::Button || one->kind == Kind::Check || one->kind == Kind::Text;
+      if (pressed) EXPECT_GE(rect.height, 72) << qUtf8Printable(one->name);
+      for (const auto& other : form.controls())
+        if (other != one && other->container == one->container && one->kind != Kind::Frame)
+          EXPECT_TRUE(other->kind == Kind::Frame || apart(rect, other->rect()))
+              << qUtf8Printable(one->name) << one->index << ' ' << qUtf8Printable(other->name);
+    }
+  };
+  check(setup.form());
+  check(setup.general().form());
+}
+
+}  // namespace
+}  // namespace korvane

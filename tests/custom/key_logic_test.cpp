@@ -1,0 +1,103 @@
+#include "custom/key_logic.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/fakes/print.h"
+
+namespace korvane {
+namespace {
+
+constexpr int kA = 30, kOne = 2, kNine = 10, kMinus = 12;
+
+TEST(KeyLogic, TypesWithShiftAndCaps) {
+  const struct {
+    std::vector<int> codes;
+    QString text;
+  } cases[] = {
+      {{kA, kOne}, u"a1"_s},
+      {{scan::Shift, kA, kA}, u"Aa"_s},  // shift holds for one character
+      {{scan::Shift, kNine, kNine}, u"(9"_s},
+      {{scan::CapsLock, kOne, kA, kOne}, u"!A!"_s},  // caps lock shifts digits too
+      {{scan::CapsLock, kA, scan::CapsLock, kA}, u"Aa"_s},
+      {{scan::Shift, kMinus}, u"-"_s},  // a key without a second character
+      {{scan::Shift, scan::Left, kA}, u"A"_s},
+      {{kA, scan::Space, kA}, u"a a"_s},
+      {{9999, -1, 0, 15, 200}, u""_s},  // keys that the layout does not have
+  };
+  for (const auto& [codes, text] : cases) {
+    KeyState state;
+    for (const int code : codes) state = pressKey(usKeyboard(), code, state).state;
+    EXPECT_EQ(state.text, text);
+    EXPECT_EQ(state.selStart, text.size());
+  }
+}
+
+TEST(KeyLogic, EditsAtTheCaret) {
+  const QString pair = u"a"_s + QString::fromUtf8("\U0001F3B5") + u"b"_s;
+  const struct {
+    const char* what;
+    QString text;
+    int caret;
+    int code;
+    QString then;
+    int caretThen;
+  } cases[] = {
+      {"in front", u"bc"_s, 0, kA, u"abc"_s, 1},
+      {"between", u"bc"_s, 1, kA, u"bac"_s, 2},
+      {"backspace at the end", u"abc"_s, 3, scan::Backspace, u"ab"_s, 2},
+      {"backspace within", u"abc"_s, 1, scan::Backspace, u"bc"_s, 0},
+      {"backspace in front", u"abc"_s, 0, scan::Backspace, u"abc"_s, 0},
+      {"backspace on nothing", u""_s, 0, scan::Backspace, u""_s, 0},
+      {"delete within", u"abc"_s, 1, scan::Delete, u"ac"_s, 1},
+      {"delete at the end", u"abc"_s, 3, scan::Delete, u"abc"_s, 3},
+      {"delete takes every ^", u"^a^b^"_s, 1, scan::Delete, u"b"_s, 1},
+      {"delete moves no caret beyond", u"^^^a"_s, 3, scan::Delete, u""_s, 0},
+      {"home", u"abc"_s, 2, scan::Home, u"abc"_s, 0},
+      {"end", u"abc"_s, 1, scan::End, u"abc"_s, 3},
+      {"left", u"abc"_s, 2, scan::Left, u"abc"_s, 1},
+      {"left in front", u"abc"_s, 0, scan::Left, u"abc"_s, 0},
+      {"right", u"abc"_s, 2, scan::Right, u"abc"_s, 3},
+      {"right at the end", u"abc"_s, 3, scan::Right, u"abc"_s, 3},
+      {"clear", u"abc"_s, 2, scan::Clear, u""_s, 0},
+      {"a caret out of the text", u"abc"_s, 99, kA, u"abca"_s, 4},
+      {"a caret below it", u"abc"_s, -5, kA, u"aabc"_s, 1},
+      {"a pair goes whole", pair, 3, scan::Backspace, u"ab"_s, 1},
+      {"a pair is deleted whole", pair, 1, scan::Delete, u"ab"_s, 1},
+      {"a pair is one step", pair, 1, scan::Right, pair, 3},
+  };
+  for (const auto& it : cases) {
+    SCOPED_TRACE(it.what);
+    const KeyState then = pressKey(usKeyboard(), it.code, {it.text, it.caret}).state;
+    EXPECT_EQ(then.text, it.then);
+    EXPECT_EQ(then.selStart, it.caretThen);
+  }
+}
+
+TEST(KeyLogic, OnlyEnterAccepts) {
+  for (const Key& key : usKeyboard().keys)
+    EXPECT_EQ(pressKey(usKeyboard(), key.code, {u"x"_s, 1}).accepted, key.code == scan::Enter);
+}
+
+// Keys for a finger: none under 64 units, none over another, all on the surface, each code once.
+TEST(KeyboardLayout, KeysHaveRoom) {
+  const std::vector<Key>& keys = usKeyboard().keys;
+  for (const Key& key : keys) {
+    SCOPED_TRACE(key.code);
+    EXPECT_GE(std::min(key.rect.width, key.rect.height), 64);
+    EXPECT_GE(key.rect.left, 0);
+    EXPECT_LE(key.rect.right(), 1280);
+    EXPECT_LE(key.rect.bottom(), 768);
+    EXPECT_LT(key.code, 220);
+    for (const Key& other : keys) {
+      if (&other == &key) continue;
+      EXPECT_NE(other.code, key.code);
+      const bool apart = other.rect.left >= key.rect.right() ||
+                         other.rect.right() <= key.rect.left ||
+                         other.rect.top >= key.rect.bottom() || other.rect.bottom() <= key.rect.top;
+      EXPECT_TRUE(apart) << other.code;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace korvane

@@ -1,0 +1,135 @@
+#include "custom/keyboard_form.h"
+
+#include "tests/custom/custom_world.h"
+
+namespace korvane {
+namespace {
+
+constexpr int kA = 30 - 2, kOne = 2 - 2;  // KEY's index is the scan code less 2
+
+struct Keyboard : CustomWorld {
+  QString asked(FakeFormHost::Script script, bool password = false) {
+    host.onModal(u"frmKeyboard"_s, std::move(script));
+    QString text = u"Enter a name"_s;
+    keyboard.ask(text, password);
+    return text;
+  }
+  static void key(Form& form, int code) { press(form, u"KEY"_s, code - 2); }
+
+  KeyboardForm keyboard{host, palette};
+};
+
+TEST_F(Keyboard, ReturnsWhatWasTyped) {
+  const QString typed = asked([](Form& form) {
+    EXPECT_EQ(textOf(form, u"lblMsg"_s), u"Enter a name"_s);
+    EXPECT_EQ(form.focus(), form.find(u"txtInput"));
+    key(form, scan::Shift);
+    EXPECT_EQ(textOf(form, u"KEY"_s, kA), u"A"_s);  // the keys show what they type
+    EXPECT_EQ(textOf(form, u"KEY"_s, kOne), u"!"_s);
+    press(form, u"KEY"_s, kA);
+    EXPECT_EQ(textOf(form, u"KEY"_s, kA), u"a"_s);
+    press(form, u"KEY"_s, kOne);
+    EXPECT_TRUE(form.shown());
+    key(form, scan::Enter);
+    EXPECT_FALSE(form.shown());
+  });
+  EXPECT_EQ(typed, u"A1"_s);
+  EXPECT_EQ(textOf(keyboard.form(), u"txtInput"_s), QString());
+}
+
+TEST_F(Keyboard, EveryWayOut) {
+  const struct {
+    const char* what;
+    FakeFormHost::Script leave;
+    QString result;
+  } cases[] = {
+      {"cancel", [](Form& form) { press(form, u"cmdCancel"_s); }, u""_s},
+      {"escape",
+       [](Form& form) {
+         form.fireKey({Event::KeyDown, 0, 0, 27});
+       },
+       u""_s},
+      {"return",
+       [](Form& form) {
+         form.fireKey({Event::KeyDown, 0, 0, 13});
+       },
+       u"x1"_s},
+      {"the window goes", [](Form& form) { form.shown = false; }, u""_s},
+  };
+  for (const auto& it : cases) {
+    SCOPED_TRACE(it.what);
+    const auto script = [&](Form& form) {
+      type(form, u"txtInput"_s, u"x"_s);  // by a hardware keyboard
+      dynamic_cast<TextBox*>(form.find(u"txtInput"))->selStart = 1;
+      press(form, u"KEY"_s, kOne);
+      it.leave(form);
+    };
+    EXPECT_EQ(asked(script), it.result);
+  }
+}
+
+// A hardware keyboard also types when the text field has not got the focus.
+TEST_F(Keyboard, HardwareKeysGoIntoTheText) {
+  const QString typed = asked([](Form& form) {
+    for (const QString& text : {u"b"_s, u"%"_s, u"\b"_s, u"\r"_s, u"é"_s})
+      form.fireKey({Event::KeyPress, 0, 0, text[0].unicode(), text});
+    form.fireKey({Event::KeyDown, 0, 0, 37});
+    form.fireKey({Event::KeyDown, 0, 0, 8});
+    form.fireKey({Event::KeyDown, 0, 0, 13});
+  });
+  EXPECT_EQ(typed, u"bé"_s);
+}
+
+TEST_F(Keyboard, HeldKeysRepeat) {
+  asked([](Form& form) {
+    const auto text = [&form] { return textOf(form, u"txtInput"_s); };
+    auto* timer = dynamic_cast<Timer*>(form.find(u"RepeatTimer"));
+    Control& back = *form.find(u"KEY", scan::Backspace - 2);
+    for (int i = 0; i < 5; ++i) press(form, u"KEY"_s, kA);
+    form.fire(back, {Event::Press});
+    EXPECT_TRUE(timer->enabled());
+    EXPECT_EQ(text(), u"aaaaa"_s);  // nothing yet: a short press acts once, at its end
+    const int first = timer->interval();
+    form.fire(*timer, {Event::Tick});
+    form.fire(*timer, {Event::Tick});
+    EXPECT_LT(timer->interval(), first);
+    EXPECT_EQ(text(), u"aaa"_s);
+    form.fire(back, {Event::Release});
+    form.fire(back, {Event::Click});
+    EXPECT_FALSE(timer->enabled());
+    EXPECT_EQ(text(), u"aaa"_s);  // the end of a hold is no press
+    press(form, u"KEY"_s, scan::Backspace - 2);
+    EXPECT_EQ(text(), u"aa"_s);
+    form.fire(*form.find(u"KEY", kA), {Event::Press});
+    EXPECT_FALSE(timer->enabled());  // letters do not repeat
+  });
+}
+
+TEST_F(Keyboard, PasswordsAreCoveredAndNothingIsKept) {
+  const auto secret = [](Form& form) {
+    EXPECT_FALSE(dynamic_cast<TextBox*>(form.find(u"txtInput"))->passwordChar().isEmpty());
+    key(form, scan::CapsLock);
+    press(form, u"KEY"_s, kA);
+    key(form, scan::Enter);
+  };
+  EXPECT_EQ(asked(secret, true), u"A"_s);
+  asked([](Form& form) {
+    EXPECT_TRUE(dynamic_cast<TextBox*>(form.find(u"txtInput"))->passwordChar().isEmpty());
+    EXPECT_EQ(textOf(form, u"txtInput"_s), QString());
+    EXPECT_EQ(textOf(form, u"KEY"_s, kA), u"a"_s);  // caps lock is off again
+  });
+}
+
+TEST_F(Keyboard, ASecondQuestionIsCancelled) {
+  const QString typed = asked([this](Form& form) {
+    QString second = u"And this?"_s;
+    keyboard.ask(second, false);
+    EXPECT_EQ(second, QString());
+    press(form, u"KEY"_s, kA);
+    key(form, scan::Enter);
+  });
+  EXPECT_EQ(typed, u"a"_s);
+}
+
+}  // namespace
+}  // namespace korvane

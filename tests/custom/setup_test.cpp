@@ -1,0 +1,158 @@
+#include "custom/setup_access.h"
+#include "tests/custom/custom_world.h"
+#include "tests/custom/fake_setup_parts.h"
+
+namespace korvane {
+namespace {
+
+constexpr InventoryRow kMain[] = {{"AddTimer", -1, Kind::Timer, {}, 0, ""}};
+
+struct Setup : CustomWorld {
+  void opens(FakeFormHost::Script script) {
+    host.onModal(u"frmSetup"_s, std::move(script));
+    access.cmdSetup_Click();
+  }
+
+  Form main{u"frmMain"_s, kMain};
+  Timer& addTimer = *dynamic_cast<Timer*>(main.find(u"AddTimer"));
+  Graphics graphics{files, state, home.path()};
+  FakeSetupParts parts;
+  SetupForm setup{{host, palette, state, settings, files, graphics, box, addTimer, parts}};
+  SetupAccess access{{state, settings, messages, parts, setup}};
+};
+
+TEST_F(Setup, IsBehindItsPassword) {
+  const struct {
+    QString stored, typed;
+    bool opened;
+  } cases[] = {
+      {u"Sesame"_s, u"sESAME"_s, true},  // in any case
+      {u"\" Sesame \""_s, u"Sesame"_s, true},
+      {u"Sesame"_s, u"Sesame "_s, false},
+      {u"Sesame"_s, u"Ses"_s, false},
+      {u"Sesame"_s, u""_s, false},
+      {u"\"  \""_s, u""_s, false},
+  };
+  for (const auto& it : cases) {
+    given(key::Setup, it.stored);
+    host.opened.clear();
+    messages.texts.clear();
+    messages.typed = {it.typed};
+    if (it.opened) host.onModal(u"frmSetup"_s, [](Form&) {});
+    access.cmdSetup_Click();
+    EXPECT_EQ(messages.texts, QStringList{u"Enter Setup Password"_s});
+    EXPECT_EQ(!host.opened.isEmpty(), it.opened) << qUtf8Printable(it.stored + u'|' + it.typed);
+  }
+}
+
+TEST_F(Setup, OpensWithoutAQuestionWhenNoPasswordIsSet) {
+  opens([](Form&) {});
+  given(key::Setup, u"no"_s);
+  opens([](Form&) {});
+  EXPECT_TRUE(messages.texts.isEmpty());
+}
+
+TEST_F(Setup, RestsWhileControlsAreMovedAndClosesTheStrip) {
+  state.moveControlsMode = true;
+  access.cmdSetup_Click();
+  EXPECT_TRUE(host.opened.isEmpty());
+  state.moveControlsMode = false;
+  state.gAlwaysOnTopShown = true;
+  opens([](Form&) {});
+  EXPECT_EQ(parts.calls, QStringList{u"closeAlwaysOnTop"_s});
+}
+
+TEST_F(Setup, AnotherThemeReloadsTheMainForm) {
+  for (const QString& group : {u"music"_s, u"More"_s, u"MAIN"_s})
+    home.folder(u"krvgraphics/Night/"_s + group);
+  home.folder(u"krvgraphics/Unfinished/music"_s);
+  opens([](Form& form) {
+    auto* themes = dynamic_cast<Grid*>(form.find(u"LstThemes"));
+    EXPECT_EQ(themes->maxRows(), 2);
+    EXPECT_EQ(themes->cell(1, themes->row()).toUpper(), u"TEST"_s);  // the one in use is marked
+    themes->row = themes->SearchCol(1, 1, u"night"_s);
+    press(form, u"cmdThemes"_s);
+    EXPECT_FALSE(form.shown());
+  });
+  EXPECT_EQ(state.gTheme, u"NIGHT"_s);
+  EXPECT_EQ(stored(key::Theme), u"NIGHT"_s);
+  EXPECT_EQ(parts.calls, QStringList{u"reloadMainForm"_s});
+
+  parts.calls.clear();
+  opens([](Form& form) { press(form, u"cmdOK"_s); });
+  EXPECT_TRUE(parts.calls.isEmpty());  // a reload is asked for once
+}
+
+TEST_F(Setup, ErasesTheLibraryAloneAndOnlyOnYes) {
+  const QString theme = u"krvgraphics/TEST/COLORS.INI"_s;
+  const QByteArray ini = home.get(u"Morvanta.INI"_s), colours = home.get(theme);
+  for (const bool yes : {false, true}) {
+    parts.calls.clear();
+    if (yes) box.answers = {SystemBox::Yes};
+    opens([&](Form& form) {
+      press(form, u"cmdErase"_s);
+      EXPECT_TRUE(form.shown());
+    });
+    EXPECT_EQ(parts.calls.contains(u"eraseLibrary"_s), yes);
+  }
+  EXPECT_EQ(box.texts.value(0),
+            u"Are you sure???\n All settings and will be perminantly erased! "_s);
+  EXPECT_EQ(home.get(u"Morvanta.INI"_s), ini);
+  EXPECT_EQ(home.get(theme), colours);
+}
+
+TEST_F(Setup, AdsRestWhileItIsOpen) {
+  for (const bool on : {true, false}) {
+    state.gAddsOn = on;
+    addTimer.enabled = true;
+    opens([&](Form&) { EXPECT_FALSE(addTimer.enabled()); });
+    EXPECT_EQ(addTimer.enabled(), on);
+  }
+  state.gAddsOn = true;
+  opens([&](Form&) { state.moveControlsMode = true; });  // a door has led into moving the controls
+  EXPECT_FALSE(addTimer.enabled());
+}
+
+TEST_F(Setup, OnlyButtonsWithAScreenAreShownAndTheyKeepNoGaps) {
+  int opened = 0;
+  const auto count = [&] { ++opened; };
+  const auto chooseFolder = [&] { settings.write(key::PLDirectory, u"/music/lists/"_s); };
+  setup.setDoors({{{"cmdAddDir", 2, count},
+                   {"cmdAddDir", 3, chooseFolder},
+                   {"cmdAddDir", 4, count},
+                   {"cmdButtons", -1, count}}});
+  opens([&](Form& form) {
+    for (const int index : {0, 1, 4, 5})  // 4: the X10 setup waits for its key
+      EXPECT_FALSE(canPress(form, u"cmdAddDir"_s, index)) << index;
+    for (const QString& name :
+         {u"cmdButtons"_s, u"cmdMoveControls"_s, u"cmdListener"_s, u"cmdFtp"_s, u"cmdOther"_s})
+      EXPECT_FALSE(canPress(form, name)) << qUtf8Printable(name);
+    const Rect first = form.find(u"cmdAddDir", 2)->rect();
+    const Rect next = form.find(u"cmdAddDir", 3)->rect();
+    EXPECT_EQ(next.top, first.top);
+    EXPECT_EQ(next.left - first.right(), 16);
+    press(form, u"cmdAddDir"_s, 2);
+    press(form, u"cmdAddDir"_s, 3);
+    EXPECT_EQ(textOf(form, u"Label2"_s), u"Current Playlist Dir = /music/lists/"_s);
+  });
+  state.gX10 = u"YES"_s;
+  state.gMainPage = u"CB"_s;
+  opens([&](Form& form) {
+    press(form, u"cmdAddDir"_s, 4);
+    press(form, u"cmdButtons"_s);
+  });
+  EXPECT_EQ(opened, 3);
+}
+
+TEST_F(Setup, LeavingShowsAnotherMainPageAtOnce) {
+  state.gMainPage = u"WB"_s;
+  setup.setDoors({{{"cmdOther", -1, [&] { state.gMainPage = u"CB"_s; }}}});
+  opens([](Form& form) {
+    press(form, u"cmdOther"_s);
+    press(form, u"cmdOK"_s);
+  });
+  EXPECT_EQ(parts.calls, QStringList{u"showMainPage"_s});
+}
+
+}  // namespace
+}  // namespace korvane

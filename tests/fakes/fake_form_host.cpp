@@ -1,0 +1,82 @@
+#include "tests/fakes/fake_form_host.h"
+
+#include <gtest/gtest.h>
+
+namespace korvane {
+namespace {
+
+template <class T>
+T* found(Form& form, const QString& control, int index) {
+  T* it = dynamic_cast<T*>(form.find(control, index));
+  if (!it)
+    ADD_FAILURE() << qUtf8Printable(form.name) << " has no " << qUtf8Printable(control) << '('
+                  << index << ')';
+  return it;
+}
+
+}  // namespace
+
+bool FakeFormHost::allDone() const {
+  return std::ranges::all_of(scripts_, [](const auto& of) { return of.second.empty(); });
+}
+
+void FakeFormHost::show(Form& form) {
+  form.shown = true;
+}
+
+void FakeFormHost::showModal(Form& form) {
+  opened << form.name;
+  form.shown = true;
+  std::deque<Script>& scripts = scripts_[form.name];
+  if (scripts.empty()) {
+    ADD_FAILURE() << "nobody expects " << qUtf8Printable(form.name);
+  } else {
+    const Script script = std::move(scripts.front());
+    scripts.pop_front();
+    script(form);
+  }
+  form.shown = false;
+}
+
+void FakeFormHost::hide(Form& form) {
+  form.shown = false;
+}
+
+void FakeFormHost::fadeOut(Form& form, int) {
+  form.shown = false;
+}
+
+bool canPress(Form& form, const QString& control, int index) {
+  const Control* it = found<Control>(form, control, index);
+  if (!it || !it->enabled()) return false;
+  for (; it; it = it->container)
+    if (!it->visible()) return false;
+  return true;
+}
+
+void press(Form& form, const QString& control, int index) {
+  Control* it = found<Control>(form, control, index);
+  if (!it) return;
+  EXPECT_TRUE(canPress(form, control, index)) << qUtf8Printable(control) << '(' << index << ')';
+  if (auto* check = dynamic_cast<Check*>(it)) check->checked = !check->checked();
+  form.fire(*it, {Event::Press});
+  form.fire(*it, {Event::Release});
+  form.fire(*it, {Event::Click});
+}
+
+QString textOf(Form& form, const QString& control, int index) {
+  const Control* it = found<Control>(form, control, index);
+  const auto* box = dynamic_cast<const TextBox*>(it);
+  return box ? box->text() : it ? it->caption() : QString();
+}
+
+void type(Form& form, const QString& control, const QString& text, int index) {
+  if (auto* box = found<TextBox>(form, control, index)) box->text = text;
+}
+
+void tick(Form& form, const QString& control, bool on, int index) {
+  auto* box = found<Check>(form, control, index);
+  if (box && box->checked() != on) press(form, control, index);
+}
+
+}  // namespace korvane

@@ -1,0 +1,38 @@
+// Forms on no screen. What an owner does on a modal form is a script, which runs in showModal().
+#pragma once
+
+#include <deque>
+#include <map>
+
+#include "core/form/form.h"
+
+namespace korvane {
+
+class FakeFormHost : public FormHost {
+ public:
+  using Script = std::function<void(Form&)>;
+
+  // The next time that form comes up. A form nobody has written a script for fails the test.
+  void onModal(const QString& form, Script script) { scripts_[form].push_back(std::move(script)); }
+  bool allDone() const;  // every script has run
+
+  void show(Form& form) override;
+  void showModal(Form& form) override;
+  void hide(Form& form) override;
+  void fadeOut(Form& form, int milliseconds) override;
+
+  QStringList opened;  // names of the modal forms, in order
+
+ private:
+  std::map<QString, std::deque<Script>> scripts_;
+};
+
+// The vocabulary of a script. Each fails the test when the control is missing, and a press also
+// when it cannot be pressed.
+void press(Form& form, const QString& control, int index = -1);
+QString textOf(Form& form, const QString& control, int index = -1);
+void type(Form& form, const QString& control, const QString& text, int index = -1);
+void tick(Form& form, const QString& control, bool on, int index = -1);
+bool canPress(Form& form, const QString& control, int index = -1);  // also what it lies in is shown
+
+}  // namespace korvane

@@ -1,0 +1,131 @@
+#include "tests/library_screens/import_world.h"
+
+namespace korvane {
+namespace {
+
+struct MusicSetup : ImportWorld {
+  void opens(FakeFormHost::Script script) {
+    host.onModal(u"frmMp3Setup"_s, std::move(script));
+    setup.open();
+  }
+  // Copies music/Abba/Gold to `destination` as artist and album.
+  void copies(const QString& destination, const QString& artist, const QString& album,
+              const FakeFormHost::Script& after) {
+    host.onModal(u"frmSingleSong"_s, [=, this](Form& form) {
+      const auto folder = [&](const QString& button, const QString& path) {
+        host.onModal(u"frmDirectorys"_s, [this, path](Form& chooser) {
+          go(chooser, path);
+          press(chooser, u"cmdok"_s);
+        });
+        press(form, button);
+      };
+      folder(u"cmdSource"_s, u"Abba/Gold"_s);
+      folder(u"cmdDestination"_s, destination);
+      messages.typed = {artist, album};
+      press(form, u"txtArtist"_s);
+      press(form, u"txtAlbum"_s);
+      press(form, u"cmdCopy"_s);
+      after(form);
+    });
+    settings.write(key::MusicRoot, music());
+    single.open();
+  }
+  void go(Form& chooser, const QString& path) {
+    for (const QString& folder : path.split(u'/', Qt::SkipEmptyParts))
+      tap(chooser, u"Dir1"_s, folder);
+  }
+};
+
+TEST_F(MusicSetup, CommandsOfLaterStepsAreHidden) {
+  opens([](Form& form) {
+    EXPECT_FALSE(canPress(form, u"cmdMp3"_s, 0));
+    EXPECT_FALSE(canPress(form, u"cmdMp3"_s, 1));
+    EXPECT_TRUE(canPress(form, u"cmdMp3"_s, 2));
+    EXPECT_TRUE(canPress(form, u"cmdMp3"_s, 3));
+  });
+  bool opened = false;
+  setup.setDoors({{{"cmdMp3", 0, [&] { opened = true; }}}});
+  opens([](Form& form) { press(form, u"cmdMp3"_s, 0); });
+  EXPECT_TRUE(opened);
+}
+
+TEST_F(MusicSetup, ScansByFoldersUnlessTagsAreReadInFull) {
+  for (const bool full : {false, true}) {
+    settings.write(key::Tags, full ? u"full"_s : u"NO"_s);
+    settings.write(key::MusicRoot, music());
+    opens([&](Form& form) {
+      host.onModal(u"frmDirectorys"_s, [](Form& chooser) { press(chooser, u"cmdok"_s); });
+      press(form, u"cmdMp3"_s, 2);
+      host.onModal(u"frmDirectorys"_s, [](Form& chooser) { press(chooser, u"cmdok"_s); });
+      press(form, u"optScan"_s, full ? 1 : 0);
+      press(form, u"cmdMp3"_s, 2);
+    });
+  }
+  const QString folders = u"dofiles "_s + music() + u'|', tags = u"scanTagged "_s + music();
+  EXPECT_EQ(import.calls, QStringList({folders, tags, tags, folders}));
+}
+
+TEST_F(MusicSetup, OneFileByHand) {
+  settings.write(key::MusicRoot, music(u"/Abba/Gold"_s));
+  const auto add = [&] {
+    opens([&](Form& form) {
+      host.onModal(u"frmDirectorys"_s, [](Form& chooser) {
+        tap(chooser, u"File1"_s, u"01-Waterloo.mp3"_s);
+        press(chooser, u"cmdok"_s);
+      });
+      press(form, u"cmdaddfile"_s);
+    });
+  };
+  add();
+  EXPECT_EQ(import.calls, QStringList{u"AddOneSong "_s + music(u"/Abba/Gold/01-Waterloo.mp3"_s) +
+                                      u"|01-Waterloo.mp3"_s});
+  EXPECT_EQ(news.heard, QStringList{u"songs"_s});
+  import.failure = "no such file";
+  messages.texts.clear();
+  add();
+  EXPECT_EQ(messages.texts, QStringList{u"Error in frmsetup,cmdaddfile.click  \nno such file"_s});
+}
+
+TEST_F(MusicSetup, CopiesSongsIntoTheTree) {
+  copies(u"zz top"_s, u"AC/DC"_s, u"Live"_s, [](Form& form) {
+    EXPECT_EQ(textOf(form, u"txtStatus"_s), u"Free space 1,234,567\nFinished !!"_s);
+    press(form, u"cmdCancel"_s);
+    EXPECT_FALSE(form.shown());
+  });
+  const QString folder = music(u"/zz top/AC_DC/Live/"_s);
+  EXPECT_EQ(import.calls,
+            QStringList({u"AC/DC|Live|01-Waterloo.mp3|"_s + folder + u"01-Waterloo.mp3"_s,
+                         u"AC/DC|Live|b.WMA|"_s + folder + u"b.WMA"_s}));
+  EXPECT_EQ(home.get(u"music/zz top/AC_DC/Live/b.WMA"_s), "music/Abba/Gold/b.WMA");
+  EXPECT_FALSE(files.FileExists(folder + u"cover.jpg"_s));
+  EXPECT_EQ(news.heard, QStringList{u"songs"_s});
+}
+
+TEST_F(MusicSetup, AFileThatIsThereStays) {
+  home.put(u"music/zz top/New/Live/b.WMA"_s, "older");
+  copies(u"zz top"_s, u"New"_s, u"Live"_s, [](Form&) {});
+  EXPECT_EQ(home.get(u"music/zz top/New/Live/b.WMA"_s), "older");
+}
+
+TEST_F(MusicSetup, CopyingSaysWhatItMisses) {
+  host.onModal(u"frmSingleSong"_s, [&](Form& form) {
+    const auto refusal = [&] {
+      messages.texts.clear();
+      press(form, u"cmdCopy"_s);
+      return messages.texts.value(0);
+    };
+    EXPECT_EQ(refusal(), u"Select a directory first"_s);
+    form.find(u"lblSource")->caption = home / u"gone"_s;
+    EXPECT_EQ(refusal(), u"That folder does not exist"_s);
+    form.find(u"lblSource")->caption = music(u"/Abba/Gold"_s);
+    form.find(u"lblDestination")->caption = music();
+    EXPECT_EQ(refusal(), u"You must enter a Album and an Artist name "_s);
+    type(form, u"txtArtist"_s, u"Abba"_s);
+    EXPECT_EQ(refusal(), u"You must enter a Album and an Artist name "_s);
+  });
+  single.open();
+  EXPECT_TRUE(import.calls.isEmpty());
+}
+
+}  // namespace
+}  // namespace korvane
