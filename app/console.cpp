@@ -1,6 +1,7 @@
 #include "app/console.h"
 
 #include "app/screens.h"
+#include "library/tags/cover_art.h"
 
 namespace korvane {
 
@@ -24,8 +25,7 @@ Console::Console(System& doors, const MakeHost& makeHost, QString home, std::fun
       connectionML(system.makeWinsock()),
       x10Control(system.makeWinsock()),
       music({frmMain, state, settings, messages, log, system.pump, system.files, system.player,
-             system.mixer, *connectionMP3,
-             [](const QString&) { return std::optional<QByteArray>(); }}),
+             system.mixer, *connectionMP3, coverArtBytes}),
       transport(frmMain, {main, state, screen, tabs, database, music, system.pump, system.chance}),
       browsing(frmMain, {main, state, screen, messages, system.box, log, palette, database},
                transport),

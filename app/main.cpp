@@ -108,8 +108,9 @@ int run(int argc, char** argv) {
   const QString home = chooseHome(line->home, beside, files);
   const bool first = !files.FileExists(home + u"/Morvanta.INI"_s);
   if (!makeHome(home, starterDirectory(beside, files), files, &error)) return complain(error);
-  static_cast<void>(first);
+  if (first) scanStarterSongs(home, files, pump);
   if (!line->list.isEmpty()) return listLibrary(home, line->list);
+  if (!line->scan.isEmpty()) return scanDirectory(home, line->scan, files, pump);
   if (line->checkTheme) return checkTheme(home, files, pump);
   return show(*line, home, files, pump, gate);
 }

@@ -1,4 +1,5 @@
-// The modal screens above the main form: the keyboard, setup with its pages, and the import of songs.
+// The modal screens above the main form: the keyboard, setup with its pages, and the import of
+// songs.
 #pragma once
 
 #include "custom/colour_pick_form.h"
@@ -17,8 +18,8 @@ class Screens : private SetupParts, private ImportNews {
   explicit Screens(Console& console);
 
   void cmdSetup_Click() { access.cmdSetup_Click(); }  // Yields.
-  // The lists of the whole library filled anew, at once from the database and, when the list file is
-  // made, from that.
+  // The lists of the whole library filled anew, at once from the database and, when the list file
+  // is made, from that.
   void songsChanged() override;
 
  private:

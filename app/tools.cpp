@@ -1,8 +1,14 @@
 #include "app/tools.h"
 
+#include <unistd.h>
+
+#include <QDir>
+
 #include <cstdio>
 
-#include "library/database.h"
+#include "core/app_state.h"
+#include "core/settings.h"
+#include "library/scan/scanner.h"
 
 namespace korvane {
 namespace {
@@ -20,7 +26,58 @@ void printRows(const RowSource& rows, std::initializer_list<int> columns) {
   }
 }
 
+// Prints what a scan meets.
+struct PrintedScan : ScanEvents {
+  explicit PrintedScan(bool tellsProgress) : progress(tellsProgress) {}
+  void scanStatus(const ScanProgress& at) override {
+    if (!progress) return;
+    std::fprintf(stderr, "\r%d files, %d new, %.0f a second", at.files, at.added,
+                 at.filesPerSecond);
+    std::fflush(stderr);
+  }
+  void scanError(const QString& text) override {
+    std::fprintf(stderr, "%s%s\n", progress ? "\n" : "", qUtf8Printable(text));
+  }
+  bool progress;
+};
+
+ScanResult scan(const QString& home, const QString& directory, FileSystem& files, Pump& pump,
+                ScanEvents& events) {
+  const AppState state;
+  const Settings settings(files, pump, state, home);
+  Database database(home);
+  const ScanResult result =
+      Scanner(database, pump, events).scanTagged(directory, scanRules(settings));
+  bool listed = false;
+  database.refreshLists(pump, [&] { listed = true; });
+  constexpr int kLongestBuild = 60'000;  // ms
+  pump.wait(kLongestBuild, [&] { return listed; });
+  return result;
+}
+
 }  // namespace
+
+int scanDirectory(const QString& home, const QString& directory, FileSystem& files,
+                  Pump& pump) try {
+  if (!files.FolderExists(directory))
+    return complain(u"korvane: there is no directory "_s + directory);
+  PrintedScan events(isatty(STDERR_FILENO));
+  const ScanResult result = scan(home, QDir(directory).absolutePath(), files, pump, events);
+  std::printf("%s%d files, %d songs added, %d could not be read, %.2f s\n",
+              events.progress ? "\n" : "", result.files, result.added, result.failed,
+              result.seconds);
+  return 0;
+} catch (const std::exception& failure) {
+  return complain(QString::fromUtf8(failure.what()));
+}
+
+void scanStarterSongs(const QString& home, FileSystem& files, Pump& pump) try {
+  PrintedScan events(false);
+  const QString music = home + u"/Music"_s;
+  if (files.FolderExists(music)) scan(home, music, files, pump, events);
+} catch (const std::exception& failure) {
+  complain(QString::fromUtf8(failure.what()));  // the console starts all the same, without songs
+}
 
 int listLibrary(const QString& home, const QString& what) try {
   Database database(home);

@@ -9,20 +9,7 @@ ImportResult told(const ScanResult& result) {
   return {result.files, result.added, result.failed, result.seconds, result.stopped};
 }
 
-// "NO" means that the key is not set.
-QString set(const QString& text) {
-  return text == "NO"_L1 ? QString() : text;
-}
-
 }  // namespace
-
-ScanRules scanRules(const Settings& settings) {
-  ScanRules rules;
-  rules.fullTags = settings.upper(key::Tags) == "FULL"_L1;
-  rules.codePage = set(settings.str(key::TagCodePage));
-  rules.kinds = set(settings.upper(key::FileKinds)).split(u' ', Qt::SkipEmptyParts);
-  return rules;
-}
 
 ScannerImport::ScannerImport(Database& database, Pump& pump, const Settings& settings,
                              const Log& log)

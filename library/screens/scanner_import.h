@@ -35,7 +35,4 @@ class ScannerImport : public SongImport, private ScanEvents {
   ImportWatch* watch_ = nullptr;
 };
 
-// How files become songs by the keys "Tags", "TagCodePage" and "FileKinds".
-ScanRules scanRules(const Settings& settings);
-
 }  // namespace korvane
