@@ -1,0 +1,58 @@
+# Where an installed Korvane stands, and the Debian package. The program finds its starter files at
+# ../share/korvane/starter and the themes at ../themes beside these.
+
+set(data ${CMAKE_INSTALL_DATADIR}/korvane)
+foreach(program korvane korvanectl)
+  if(TARGET ${program})
+    install(TARGETS ${program} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+  endif()
+endforeach()
+install(DIRECTORY starter DESTINATION ${data})
+install(DIRECTORY themes/krvgraphics DESTINATION ${data}/themes)
+install(FILES packaging/korvane.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+install(
+  FILES themes/krvgraphics/MERIDIAN/logo.svg
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps
+  RENAME korvane.svg)
+install(FILES docs/settings.md docs/credits.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+
+find_program(GZIP gzip REQUIRED)
+function(korvane_zip from to)
+  add_custom_command(
+    OUTPUT ${CMAKE_BINARY_DIR}/${to}
+    COMMAND ${GZIP} -9nc ${PROJECT_SOURCE_DIR}/${from} > ${CMAKE_BINARY_DIR}/${to}
+    DEPENDS ${PROJECT_SOURCE_DIR}/${from}
+    VERBATIM)
+endfunction()
+korvane_zip(packaging/korvane.1 korvane.1.gz)
+korvane_zip(packaging/korvanectl.1 korvanectl.1.gz)
+korvane_zip(packaging/changelog changelog.gz)
+add_custom_target(
+  korvane_manuals ALL DEPENDS ${CMAKE_BINARY_DIR}/korvane.1.gz ${CMAKE_BINARY_DIR}/korvanectl.1.gz
+                              ${CMAKE_BINARY_DIR}/changelog.gz)
+install(FILES ${CMAKE_BINARY_DIR}/korvane.1.gz ${CMAKE_BINARY_DIR}/korvanectl.1.gz
+        DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install(FILES ${CMAKE_BINARY_DIR}/changelog.gz packaging/copyright DESTINATION ${CMAKE_INSTALL_DOCDIR})
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME korvane)
+set(CPACK_PACKAGE_CONTACT "Korvane developers <korvane@localhost>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "touch-screen media and cabin control centre")
+set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
+    "A full-screen console for a car, a cabin or a home, worked with a finger:
+ a music library with playlists and cover art, playing here or through
+ Listener services on the cabin's network, and themes drawn to any size.
+ It scans a million songs and opens at once. A control socket lets hardware
+ keys and scripts press what a finger presses.")
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SECTION sound)
+set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_DEPENDS
+    "qt6-qpa-plugins, vlc-plugin-base, vlc-plugin-video-output, libvlc-bin, fonts-inter, fonts-dejavu-core")
+set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
+    OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+set(CMAKE_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS ${CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS})
+include(CPack)
