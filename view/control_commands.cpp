@@ -13,7 +13,7 @@
 namespace korvane {
 namespace {
 
-constexpr int kWaitMs = 5000, kLookMs = 8, kDragMs = 200, kFrameMs = 16;
+constexpr int kWaitMs = 5000, kWaitStepMs = 8, kDragMs = 200, kDragStepMs = 16;
 constexpr int kPatienceMs = 1000;  // for the handlers of a press, then the answer goes out
 
 QJsonObject failed(const QString& error) {
@@ -176,7 +176,7 @@ void ControlCommands::drag(const QJsonObject& command, const Answer& answer) {
   const QPoint by(static_cast<int>(command["dx"_L1].toDouble() * scale),
                   static_cast<int>(command["dy"_L1].toDouble() * scale));
   const QPoint way = pointIn(command["to"_L1], scale, from + by) - from;
-  const int steps = std::max(2, command["ms"_L1].toInt(kDragMs) / kFrameMs);
+  const int steps = std::max(2, command["ms"_L1].toInt(kDragMs) / kDragStepMs);
 
   finger_.press(*found.widget, from);
   auto* frames = new QTimer(&here_);
@@ -192,7 +192,7 @@ void ControlCommands::drag(const QJsonObject& command, const Answer& answer) {
                      const QPoint due = way * step / steps;
                      finger_.move(due - std::exchange(gone, due));
                    });
-  frames->start(kFrameMs);
+  frames->start(kDragStepMs);
 }
 
 void ControlCommands::type(const QJsonObject& command, const Answer& answer) {
@@ -327,7 +327,7 @@ void ControlCommands::wait(const QJsonObject& command, const Answer& answer) {
     looks->stop();
     looks->deleteLater();
   });
-  looks->start(kLookMs);
+  looks->start(kWaitStepMs);
 }
 
 void ControlCommands::messages(const QJsonObject& command, const Answer& answer) {

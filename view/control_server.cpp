@@ -4,11 +4,18 @@
 #include <QJsonDocument>
 #include <QLocalSocket>
 
+#include <sys/stat.h>
+
 namespace korvane {
 namespace {
 
 constexpr qsizetype kLongestLine = 1 << 20;
 constexpr size_t kMostLines = 1000;
+
+bool isSocket(const QString& path) {
+  struct stat status {};
+  return stat(QFile::encodeName(path).constData(), &status) == 0 && S_ISSOCK(status.st_mode);
+}
 
 bool served(const QString& path) {
   QLocalSocket probe;
@@ -20,7 +27,7 @@ QByteArray line(const QJsonObject& object) {
   return QJsonDocument(object).toJson(QJsonDocument::Compact) + '\n';
 }
 
-QJsonObject failed(const QString& error) {
+QJsonObject refused(const QString& error) {
   return {{u"ok"_s, false}, {u"error"_s, error}};
 }
 
@@ -32,7 +39,15 @@ ControlServer::ControlServer(WindowHost& host) : commands_(host) {
 }
 
 bool ControlServer::listen(const QString& path, QString* error) {
-  if (QFile::exists(path) && !served(path)) QLocalServer::removeServer(path);
+  if (QFile::exists(path) && served(path)) {
+    *error = u"the control socket %1 is served by another console"_s.arg(path);
+    return false;
+  }
+  if (QFile::exists(path) && !isSocket(path)) {
+    *error = u"%1 is no socket and stays as it is"_s.arg(path);
+    return false;
+  }
+  QLocalServer::removeServer(path);
   if (!server_.listen(path)) {
     *error = u"cannot open the control socket %1: %2"_s.arg(path, server_.errorString());
     return false;
@@ -57,7 +72,7 @@ void ControlServer::arrived(QLocalSocket* socket, const std::shared_ptr<Client>&
     if (!one.isEmpty()) client->lines.push_back(one);
   }
   if (client->read.size() > kLongestLine || client->lines.size() > kMostLines) {
-    socket->write(line(failed(u"too long"_s)));
+    socket->write(line(refused(u"too long"_s)));
     socket->disconnectFromServer();
     return;
   }
@@ -86,7 +101,7 @@ void ControlServer::runNext(const QPointer<QLocalSocket>& socket,
         QJsonParseError fault;
         const QJsonDocument parsed = QJsonDocument::fromJson(text, &fault);
         if (!parsed.isObject()) {
-          answer(failed(
+          answer(refused(
               u"not a JSON object: %1"_s.arg(fault.error ? fault.errorString() : u"other"_s)));
         } else {
           commands_.run(parsed.object(), answer);

@@ -29,6 +29,7 @@ class Finger {
  private:
   void place(const ControlWidget& target, QPoint at);
   void send(QEvent::Type type);
+  void pressAgain();
 
   WindowHost& host_;
   QPointer<QWidget> window_;

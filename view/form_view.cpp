@@ -17,6 +17,11 @@ FormView::FormView(Form& form, PictureCache& pictures, Touch& touch, QWidget* pa
   form_.observe(this);
 }
 
+void FormView::setRounded(bool on) {
+  rounded_ = on;
+  setAttribute(Qt::WA_OpaquePaintEvent, !on);
+}
+
 void FormView::detach() {
   form_.forget(this);
   qDeleteAll(timers_);

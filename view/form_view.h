@@ -19,7 +19,7 @@ class FormView : public QWidget, private FormObserver {
 
   // Stands at `place` with `scale` pixels a form unit; the form is laid out to fill it.
   void fit(QRect place, double scale);
-  void setRounded(bool on) { rounded_ = on; }
+  void setRounded(bool on);  // a card; otherwise it fills its place
   double scale() const { return face_.scale; }
 
   ControlWidget* widget(const Control& control) const { return widgets_.value(&control); }

@@ -83,13 +83,17 @@ void GridWidget::rowsChanged() {
 
 void GridWidget::activeChanged() {
   measure();
-  if (grid_.topRow() != knownTop_) {
-    knownTop_ = grid_.topRow();
-    scroll_.jumpTo((knownTop_ - 1) * rowHeight());
-  }
-  if (grid_.row() != knownRow_) lastTapRow_ = 0;
+  const bool turned = grid_.topRow() != knownTop_;
+  const bool chosen = grid_.row() != knownRow_;
   knownRow_ = grid_.row();
-  bringIntoView(knownRow_);
+  if (chosen) lastTapRow_ = 0;
+  if (turned) {
+    knownTop_ = grid_.topRow();
+    frame_.stop();
+    scroll_.jumpTo((knownTop_ - 1) * rowHeight());
+    scrolled();
+  }
+  if (chosen || !turned) bringIntoView(knownRow_);
 }
 
 // A near row moves in by the least way, a far one to the upper third.

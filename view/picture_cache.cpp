@@ -27,12 +27,14 @@ QPixmap drawnSvg(const QByteArray& bytes, QSize size, Fit fit) {
   const QSize natural = renderer.defaultSize();
   if (!renderer.isValid() || natural.isEmpty()) return {};
   const QSize target = scaledTo(natural, size, fit == Fit::Cover ? Fit::Stretch : fit);
-  QImage image(target.expandedTo({1, 1}), QImage::Format_ARGB32_Premultiplied);
-  image.fill(Qt::transparent);
+  const bool fills = fit != Fit::Inside;  // what fills its place hides what lies below
+  QImage image(target.expandedTo({1, 1}),
+               fills ? QImage::Format_RGB32 : QImage::Format_ARGB32_Premultiplied);
+  image.fill(fills ? Qt::black : Qt::transparent);
   QPainter painter(&image);
   renderer.render(&painter, QRectF(image.rect()));
   painter.end();
-  return QPixmap::fromImage(std::move(image));
+  return QPixmap::fromImage(std::move(image), Qt::NoOpaqueDetection);
 }
 
 QPixmap decoded(const QByteArray& bytes, QSize size, Fit fit) {

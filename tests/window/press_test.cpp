@@ -144,7 +144,7 @@ TEST_F(Press, WhatIsHiddenCoveredOrOffCannotBeReached) {
   EXPECT_EQ(obstacle("cmdTop", 0), u"it is not enabled"_s);
   control<Frame>("framEdit").rect = Rect{0, 0, 400, 300};
   control<Frame>("framEdit").visible = true;
-  EXPECT_EQ(obstacle("cmdTop", 1), u"it is covered by framEdit"_s);
+  EXPECT_EQ(obstacle("cmdTop", 1), u"it is covered by cmdSave"_s);
   control<Image>("cmdTop", 1).rect = Rect{-9000, 10, 100, 100};
   EXPECT_EQ(obstacle("cmdTop", 1), u"it lies off the screen"_s);
 }

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QCoreApplication>
 #include <QElapsedTimer>
 
 #include "tests/fakes/fake_file_system.h"
@@ -93,10 +94,10 @@ class SmallConsole : public testing::Test {
 
   template <class T>
   T& control(const char* name, int index = -1) {
-    return dynamic_cast<T&>(*form.find(QLatin1StringView(name), index));
+    return dynamic_cast<T&>(*form.find(QString::fromLatin1(name), index));
   }
   ControlWidget& widget(const char* name, int index = -1) {
-    return *host.view(form)->widget(*form.find(QLatin1StringView(name), index));
+    return *host.view(form)->widget(*form.find(QString::fromLatin1(name), index));
   }
   GridWidget& gridWidget() { return dynamic_cast<GridWidget&>(widget("Grid", 0)); }
   void tap(const char* name, int index = -1) {

@@ -6,9 +6,9 @@
 namespace korvane {
 namespace {
 
-class Mirror : public SmallConsole {};
+class Mirrored : public SmallConsole {};
 
-TEST_F(Mirror, WidgetsTakeOverWhatTheFormHoldsAndHowItChanges) {
+TEST_F(Mirrored, WidgetsTakeOverWhatTheFormHoldsAndHowItChanges) {
   EXPECT_EQ(widget("cmdTop", 0).geometry(), QRect(10, 10, 100, 100));
   EXPECT_TRUE(widget("cmdTop", 0).isVisible());
   EXPECT_FALSE(widget("cmdSave").isVisible());
@@ -34,7 +34,7 @@ struct Size {
   int width, height;
   QRect grid, slider;
 };
-TEST_F(Mirror, OneScaleAndAnchorsFillAnyScreen) {
+TEST_F(Mirrored, OneScaleAndAnchorsFillAnyScreen) {
   const Size sizes[] = {
       {1280, 768, {10, 120, 600, 400}, {10, 600, 648, 72}},
       {640, 384, {5, 60, 300, 200}, {5, 300, 324, 36}},
@@ -54,7 +54,7 @@ TEST_F(Mirror, OneScaleAndAnchorsFillAnyScreen) {
   }
 }
 
-TEST_F(Mirror, PicturesFollowAndBrokenOnesStayEmpty) {
+TEST_F(Mirrored, PicturesFollowAndBrokenOnesStayEmpty) {
   Image& play = control<Image>("cmdTop", 0);
   const QColor empty = colourAt("cmdTop", 0);
   play.setPicture(u"MUSIC"_s, u"play"_s);
@@ -75,7 +75,7 @@ TEST_F(Mirror, PicturesFollowAndBrokenOnesStayEmpty) {
   EXPECT_EQ(colourAt("coverArt"), QColor(255, 0, 255));
 }
 
-TEST_F(Mirror, TheBackgroundFillsTheWholeForm) {
+TEST_F(Mirrored, TheBackgroundFillsTheWholeForm) {
   form.picture = Picture{u"MUSIC"_s, u"solo"_s, nullptr};
   host.stage().resize(1000, 768);
   settle();
@@ -84,7 +84,7 @@ TEST_F(Mirror, TheBackgroundFillsTheWholeForm) {
     EXPECT_EQ(shown.pixelColor(corner), QColor(0, 255, 0));
 }
 
-TEST_F(Mirror, TypedTextAndItsCaretGoBothWays) {
+TEST_F(Mirrored, TypedTextAndItsCaretGoBothWays) {
   TextBox& name = control<TextBox>("txtName");
   auto* line = widget("txtName").findChild<QLineEdit*>();
   name.text = u"Abba"_s;
@@ -99,7 +99,7 @@ TEST_F(Mirror, TypedTextAndItsCaretGoBothWays) {
   EXPECT_NE(line->displayText(), name.text());
 }
 
-TEST_F(Mirror, KeysReachTheFormByTheirClassicCodes) {
+TEST_F(Mirrored, KeysReachTheFormByTheirClassicCodes) {
   QStringList keys;
   form.on(Event::KeyDown, [&](Control&, const Event& e) { keys << u"d%1"_s.arg(e.key); });
   form.on(Event::KeyPress, [&](Control&, const Event& e) { keys << u"p"_s + e.text; });
@@ -113,7 +113,7 @@ TEST_F(Mirror, KeysReachTheFormByTheirClassicCodes) {
                                u"p-"_s}));
 }
 
-TEST_F(Mirror, TimersTickOnlyWhileEnabled) {
+TEST_F(Mirrored, TimersTickOnlyWhileEnabled) {
   Timer& ticker = control<Timer>("Ticker");
   settle(30);
   EXPECT_EQ(take(), QStringList());
@@ -127,7 +127,7 @@ TEST_F(Mirror, TimersTickOnlyWhileEnabled) {
   EXPECT_EQ(take(), QStringList());
 }
 
-TEST_F(Mirror, AListAsksForNoMoreThanItShows) {
+TEST_F(Mirrored, AListAsksForNoMoreThanItShows) {
   const auto rows = std::make_shared<CountedRows>(1'000'000);
   Grid& grid = control<Grid>("Grid", 0);
   grid.setRows(rows);
@@ -142,7 +142,7 @@ TEST_F(Mirror, AListAsksForNoMoreThanItShows) {
   EXPECT_TRUE(gridWidget().rect().contains(gridWidget().rowRect(999'999)));
 }
 
-TEST_F(Mirror, AListFollowsItsActiveAndTopRow) {
+TEST_F(Mirrored, AListFollowsItsActiveAndTopRow) {
   Grid& grid = control<Grid>("Grid", 0);
   grid.setRows(std::make_shared<CountedRows>(500));
   grid.topRow = 200;
