@@ -15,7 +15,7 @@ void fontsAndPlaces(Form& form) {
   static constexpr Text texts[] = {
       {"lblCurrentPlay", 28, true, -1}, {"lblCurrentPlayList", 24, false, 1},
       {"TxtTime", 28, true, 0},         {"lblDuration", 28, false, 0},
-      {"lblVolume", 24, false, 0},      {"lblX10", 26, false, -1},
+      {"lblVolume", 22, false, 0},      {"lblX10", 26, false, -1},
   };
   for (const Text& text : texts) {
     auto* label = dynamic_cast<Label*>(form.find(QString::fromLatin1(text.name)));
@@ -23,6 +23,7 @@ void fontsAndPlaces(Form& form) {
     label->bold = text.bold;
     label->align = text.align;
   }
+  dynamic_cast<Label*>(form.find(u"lblVolume"))->wraps = true;
   for (const char* name : {"VscrollAllSongs", "playlistslider", "FMSlider", "AMSlider"})
     dynamic_cast<Slider*>(form.find(QString::fromLatin1(name)))->vertical = true;
 }
@@ -215,8 +216,10 @@ void Startup::removeTabs() {
   for (const auto& [shown, tab] : tabs) {
     Control* image = uses_.main.form().find(u"imgTabs", tab);
     Rect place = image->rect();
-    if (!uses_.settings.flag(shown)) place.left = kOffTheForm;
-    else if (place.left == kOffTheForm) place.left = image->laid.left;
+    if (!uses_.settings.flag(shown))
+      place.left = kOffTheForm;
+    else if (place.left == kOffTheForm)
+      place.left = image->laid.left;
     image->rect = place;
   }
 }

@@ -56,7 +56,7 @@ std::span<const SettingKey* const> allSettingKeys() {
       &Tags,
       &TagCodePage,
       &FileKinds,
-      &SinglePress,
+      &SinglePress, &QuietMixer,
       &ListenerEncoding,
       &MovieListener,
       &MDirectory,

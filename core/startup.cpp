@@ -124,7 +124,9 @@ void Startup::readNetworkSettings() {
 void Startup::openMixer() {
   Mixer& mixer = uses_.system.mixer;
   if (!mixer.open()) {
-    uses_.system.box.show(u"Couldn't open the mixer."_s);
+    const QString trouble = u"Couldn't open the mixer."_s;
+    if (uses_.settings.flag(key::QuietMixer)) uses_.log.logIt(trouble);
+    else uses_.system.box.show(trouble);
     return;
   }
   mixer.setLevel(mixer.maximum() / 2);

@@ -21,8 +21,7 @@ std::vector<RowTable::Row> songRows(const QList<Song>& songs) {
 using Columns = std::vector<Grid::Column>;
 
 Columns columnsOf(int grid) {
-  static const Grid::Column album{u"Album"_s, 0, true}, artist{u"Artist"_s, 0, true},
-      year{u"Year"_s, 0, true}, path{u"Path"_s, 0, true}, title{u"Title"_s};
+  static const Grid::Column hidden{QString(), 0, true}, shown{};
   switch (grid) {
     case 1:
       return {title, album, artist, year, path};
