@@ -24,17 +24,17 @@ Columns columnsOf(int grid) {
   static const Grid::Column hidden{QString(), 0, true}, shown{};
   switch (grid) {
     case 1:
-      return {title, album, artist, year, path};
+      return {shown, hidden, hidden, hidden, hidden};
     case 4:
-      return {{u"Album"_s, 500}, {u"Artist"_s, 0, true}};
+      return {{QString(), 500}, hidden};
     case 5:
-      return {{u"Title"_s, 58}, {u"Artist"_s, 42}, path, album};
+      return {{QString(), 58}, {QString(), 42}, hidden, hidden};
     case 6:
-      return {{u"Playlist"_s}, path, artist, path};
+      return {shown, hidden, hidden, hidden};
     case 8:
-      return {{u"Title"_s, 84}, album, artist, year, path, {QString(), 16, false, true}};
+      return {{QString(), 84}, hidden, hidden, hidden, hidden, {QString(), 16, false, true}};
     default:
-      return {title, path};
+      return {shown, hidden};
   }
 }
 

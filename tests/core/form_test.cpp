@@ -106,11 +106,13 @@ TEST(MainInventory, FitsTheDesignSurfaceAndAFinger) {
     if (control->kind == Kind::Timer || r.left < 0) continue;
     const Rect box = control->container ? control->container->rect() : Rect{0, 0, 1280, 768};
     const QString name = control->name + QString::number(control->index);
-    if (control->name != "MappointControl"_L1)
+    if (control->name != "MappointControl"_L1) {
       EXPECT_TRUE(r.right() <= box.width && r.bottom() <= box.height) << name.toStdString();
+    }
     if (control->kind == Kind::Image || control->kind == Kind::Button ||
-        control->kind == Kind::Slider)
+        control->kind == Kind::Slider) {
       EXPECT_TRUE(r.width >= 72 && r.height >= 72) << name.toStdString();
+    }
     EXPECT_FALSE(control->kind == Kind::Image && control->spokenName.isEmpty() &&
                  control->visible())
         << name.toStdString();

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QRegularExpression>
+
 #include "app/console.h"
 #include "app/screens.h"
 #include "library/schema.h"
@@ -55,7 +57,7 @@ class CabinTest : public testing::Test {
   bool shown(const QString& name, int index = -1) { return control(name, index).visible(); }
   QString caption(const QString& name) { return control(name).caption(); }
   QString picture(const QString& name, int index = -1) {
-    return control(name, index).picture()->name;
+    return control(name, index).picture().name;
   }
 
   void press(const QString& name, int index = -1) {

@@ -6,7 +6,7 @@ namespace {
 class Music : public CabinTest {
  protected:
   Music() {
-    for (const char* title : {"01-Dawn", "02-Noon", "03-Dusk"})
+    for (const char* title : {"001-Dawn", "002-Noon", "003-Dusk"})
       given(u"Ada"_s, u"Days"_s, QString::fromLatin1(title));
     given(u"Ada"_s, u"Nights"_s, u"Moon"_s);
     given(u"Bo"_s, u"Only"_s, u"One"_s);
@@ -31,18 +31,18 @@ TEST_F(Music, FromArtistToAlbumToSongToSound) {
   EXPECT_EQ(grid(1).header(), u"Ada - Days"_s);
   EXPECT_EQ(grid(1).cell(1, 2), u"Noon"_s);
   playRow(1, 2);
-  EXPECT_EQ(playing(), u"02-Noon"_s);
-  EXPECT_EQ(caption(u"lblCurrentPlay"_s), u"Playing: 02-Noon"_s);
+  EXPECT_EQ(playing(), u"002-Noon"_s);
+  EXPECT_EQ(caption(u"lblCurrentPlay"_s), u"Playing: 002-Noon"_s);
   EXPECT_EQ(picture(u"cmdControls"_s, 1), u"playb"_s);
   EXPECT_EQ(console().state.gPlayMode, 2);
-  EXPECT_TRUE(home.get(u"Morvanta.INI"_s).contains("02-Noon.mp3"));
+  EXPECT_TRUE(home.get(u"Morvanta.INI"_s).contains("002-Noon.mp3"));
 }
 
 TEST_F(Music, TheEndOfASongTakesTheNextAndTheLastGoesIdle) {
   start();
   playDays(2);
   songEnds();
-  EXPECT_EQ(playing(), u"03-Dusk"_s);
+  EXPECT_EQ(playing(), u"003-Dusk"_s);
   EXPECT_EQ(grid(1).row(), 3);
   songEnds();
   EXPECT_EQ(caption(u"lblCurrentPlay"_s), u"Status: Idle"_s);
@@ -56,11 +56,11 @@ TEST_F(Music, ModesExcludeEachOtherAndChooseTheNextSong) {
   press(u"cmdControls"_s, 7);
   EXPECT_EQ(picture(u"cmdControls"_s, 7), u"continue on"_s);
   songEnds();
-  EXPECT_EQ(playing(), u"01-Dawn"_s);
+  EXPECT_EQ(playing(), u"001-Dawn"_s);
   press(u"cmdControls"_s, 5);
   EXPECT_EQ(picture(u"cmdControls"_s, 7), u"continue off"_s);
   songEnds();
-  EXPECT_EQ(playing(), u"01-Dawn"_s);
+  EXPECT_EQ(playing(), u"001-Dawn"_s);
   press(u"cmdControls"_s, 6);
   EXPECT_FALSE(control(u"cmdControls"_s, 5).tagged());
   // Without continue a random run plays each song once and ends.
@@ -70,7 +70,7 @@ TEST_F(Music, ModesExcludeEachOtherAndChooseTheNextSong) {
     heard << playing();
   }
   heard.sort();
-  EXPECT_EQ(heard, (QStringList{u"01-Dawn"_s, u"02-Noon"_s, u"03-Dusk"_s}));
+  EXPECT_EQ(heard, (QStringList{u"001-Dawn"_s, u"002-Noon"_s, u"003-Dusk"_s}));
   songEnds();
   EXPECT_EQ(caption(u"lblCurrentPlay"_s), u"Status: Idle"_s);
 }
@@ -79,9 +79,9 @@ TEST_F(Music, PreviousAndNextGoRoundTheEnds) {
   start();
   playDays(3);
   press(u"cmdControls"_s, 4);
-  EXPECT_EQ(playing(), u"01-Dawn"_s);
+  EXPECT_EQ(playing(), u"001-Dawn"_s);
   press(u"cmdControls"_s, 0);
-  EXPECT_EQ(playing(), u"03-Dusk"_s);
+  EXPECT_EQ(playing(), u"003-Dusk"_s);
 }
 
 TEST_F(Music, PauseResumesByPauseOrPlayAndStopIsSentOnce) {
@@ -96,7 +96,7 @@ TEST_F(Music, PauseResumesByPauseOrPlayAndStopIsSentOnce) {
   press(u"cmdControls"_s, 3);
   EXPECT_EQ(player.calls.count(u"stop"_s), 1);
   press(u"cmdControls"_s, 1);
-  EXPECT_EQ(playing(), u"01-Dawn"_s) << "Play starts the list on screen at its active row";
+  EXPECT_EQ(playing(), u"001-Dawn"_s) << "Play starts the list on screen at its active row";
 }
 
 TEST_F(Music, AllSongsPlayOnInTheirOrderAndStopAtTheEnd) {
@@ -160,7 +160,7 @@ TEST_F(Music, BackToTheRunningSong) {
 TEST_F(Music, SongsThatCannotPlayEndAfterOneRound) {
   start();
   for (int row = 1; row <= 3; ++row) {
-    const QString path = home / u"Music/Ada/Days/0%1-%2.mp3"_s.arg(row).arg(
+    const QString path = home / u"Music/Ada/Days/00%1-%2.mp3"_s.arg(row).arg(
                                     QStringList{u"Dawn"_s, u"Noon"_s, u"Dusk"_s}[row - 1]);
     player.errors[path] = u"no decoder"_s;
   }
@@ -194,7 +194,7 @@ TEST_F(Music, TypingFindsARowAndTheBufferForgets) {
 
 TEST_F(Music, TheFirstVisitOpensAtTheSongPlayedLast) {
   home.put(u"Morvanta.INI"_s, "[STARTUP]\nTheme=test\nLOCALLISTENER=1\n[GENERAL]\nLASTSONGPLAYED=" +
-                                  (home / u"Music/Ada/Days/03-Dusk.mp3"_s).toUtf8() + "\n");
+                                  (home / u"Music/Ada/Days/003-Dusk.mp3"_s).toUtf8() + "\n");
   start();
   press(u"imgTabs"_s, kMusicTab);
   EXPECT_TRUE(shown(u"Grid"_s, 1));

@@ -33,8 +33,8 @@ TEST_F(StartStop, ComesUpOnTheMainTabWithTheSplashGone) {
   EXPECT_EQ(up.screen.MousePointer(), Screen::Custom);
   EXPECT_TRUE(shown(u"imgExit"_s));
   EXPECT_FALSE(shown(u"cmdMinimize"_s));
-  EXPECT_LT(control(u"imgTabs"_s, kMapsTab).rect()->left, 0) << "ShowMap is absent";
-  EXPECT_GE(control(u"imgTabs"_s, kPhotosTab).rect()->left, 0);
+  EXPECT_LT(control(u"imgTabs"_s, kMapsTab).rect().left, 0) << "ShowMap is absent";
+  EXPECT_GE(control(u"imgTabs"_s, kPhotosTab).rect().left, 0);
   EXPECT_TRUE(player.calls.contains(u"volume 0"_s));
 }
 

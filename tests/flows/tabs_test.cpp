@@ -52,10 +52,11 @@ TEST_F(Tabs, EachTabShowsItsOwn) {
     for (int tab = 0; tab < 6; ++tab) {
       press(u"imgTabs"_s, before);
       press(u"imgTabs"_s, tab);
-      for (const Seen& seen : table)
-        if (seen.tab == tab)
-          EXPECT_EQ(shown(QString::fromLatin1(seen.control), seen.index), seen.visible)
-              << seen.control << seen.index << " on tab " << tab << " from " << before;
+      for (const Seen& seen : table) {
+        if (seen.tab != tab) continue;
+        EXPECT_EQ(shown(QString::fromLatin1(seen.control), seen.index), seen.visible)
+            << seen.control << seen.index << " on tab " << tab << " from " << before;
+      }
       EXPECT_TRUE(control(u"imgTabs"_s, tab).tagged());
     }
 }
@@ -98,9 +99,9 @@ TEST_F(Tabs, MovedControlsComeBackAndBadLinesAreSkipped) {
   home.put(u"krvgraphics/TEST/positons.txt"_s,
            "Slider1@@#300@@#610\nimgTabs@@#20@@#30@@#2\nnobody@@#1@@#2\nlonely\n\nmute@@#1000\n");
   start();
-  EXPECT_EQ(slider().rect()->left, 300);
-  EXPECT_EQ(control(u"imgTabs"_s, 2).rect()->top, 30);
-  EXPECT_EQ(control(u"mute"_s).rect()->left, 1000);
+  EXPECT_EQ(slider().rect().left, 300);
+  EXPECT_EQ(control(u"imgTabs"_s, 2).rect().top, 30);
+  EXPECT_EQ(control(u"mute"_s).rect().left, 1000);
 }
 
 }  // namespace
