@@ -1,6 +1,7 @@
 // korvane-bench lists HOME: every statement of the lists beside the same query stepped bare.
 #include "bench/bench.h"
 #include "bench/bench_library.h"
+#include "library/database.h"
 #include "library/statements.h"
 
 namespace korvane {

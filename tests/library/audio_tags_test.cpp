@@ -97,8 +97,9 @@ TEST(Genres, KeepTheirNumbers) {
 }
 
 QByteArray size4(quint32 size) {
-  return {{static_cast<char>(size >> 24), static_cast<char>(size >> 16),
-           static_cast<char>(size >> 8), static_cast<char>(size)}};
+  QByteArray bytes;
+  for (int shift = 24; shift >= 0; shift -= 8) bytes += static_cast<char>(size >> shift);
+  return bytes;
 }
 QByteArray frame(const QByteArray& id, const QByteArray& data) {
   return id + size4(static_cast<quint32>(data.size())) + QByteArray(2, '\0') + data;
