@@ -39,15 +39,15 @@ constexpr int kSaveOrder[] = {4, 3, 9, 6, 7, 8, 10, 11, 12, 13, 2, 1, 0};
 
 constexpr InventoryRow kFixed[] = {
     {"lblTitle", -1, Kind::Label, {24, 16, 800, 64}, TL, "General Options"},
-    {"lblPw", -1, Kind::Label, {856, 96, 400, 40}, TL, ""},
-    {"txtsetuppw", -1, Kind::Text, {856, 136, 400, 72}, TL, "Setup password"},
-    {"cmdSetuppw", -1, Kind::Button, {856, 216, 400, 76}, TL, "Setup Password"},
-    {"lblFont", -1, Kind::Label, {856, 312, 190, 40}, TL, ""},
-    {"txtGridFontSize", -1, Kind::Text, {856, 352, 190, 72}, TL, "Grid font size"},
-    {"lblHeight", -1, Kind::Label, {1066, 312, 190, 40}, TL, ""},
-    {"txtGridHeight", -1, Kind::Text, {1066, 352, 190, 72}, TL, "Grid height"},
-    {"lblPage", -1, Kind::Label, {856, 440, 400, 40}, TL, ""},
-    {"txtMainPage", -1, Kind::Text, {856, 480, 400, 72}, TL, "Main page"},
+    {"lblPw", -1, Kind::Label, {856, 88, 400, 40}, TL, ""},
+    {"txtsetuppw", -1, Kind::Text, {856, 128, 400, 72}, TL, "Setup password"},
+    {"cmdSetuppw", -1, Kind::Button, {856, 208, 400, 76}, TL, "Setup Password"},
+    {"lblFont", -1, Kind::Label, {856, 296, 400, 40}, TL, ""},
+    {"txtGridFontSize", -1, Kind::Text, {856, 336, 400, 72}, TL, "Grid font size"},
+    {"lblHeight", -1, Kind::Label, {856, 416, 400, 40}, TL, ""},
+    {"txtGridHeight", -1, Kind::Text, {856, 456, 400, 72}, TL, "Grid height"},
+    {"lblPage", -1, Kind::Label, {856, 536, 400, 40}, TL, ""},
+    {"txtMainPage", -1, Kind::Text, {856, 576, 400, 72}, TL, "Main page"},
     {"cmdOK", -1, Kind::Button, {968, 664, 288, 88}, TL, "OK"},
 };
 
@@ -104,8 +104,8 @@ SetupGeneralForm::SetupGeneralForm(Uses uses)
   panel_.lblTitle->fontUnits = 44;
   panel_.lblTitle->bold = true;
   panel_.lblPw->caption = u"Setup Password"_s;
-  panel_.lblFont->caption = u"Font size 2 - 25"_s;
-  panel_.lblHeight->caption = u"Height 10 - 49"_s;
+  panel_.lblFont->caption = u"Grid font size 2 - 25"_s;
+  panel_.lblHeight->caption = u"Grid height 10 - 49"_s;
   panel_.lblPage->caption = u"Main page, WB or CB"_s;
   panel_.cmdSetuppw->caption = u"Setup Password"_s;
   panel_.cmdOK->caption = u"OK"_s;

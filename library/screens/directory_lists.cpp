@@ -11,7 +11,7 @@ QString parentOf(const QString& path) {
 }
 
 QStringList sorted(QStringList names) {
-  QCollator collator;
+  QCollator collator{QLocale(QLocale::English)};  // the order of the C locale has no numbers
   collator.setCaseSensitivity(Qt::CaseInsensitive);
   collator.setNumericMode(true);
   std::ranges::sort(names, [&](const QString& a, const QString& b) { return collator(a, b); });

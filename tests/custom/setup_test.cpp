@@ -27,11 +27,11 @@ TEST_F(Setup, IsBehindItsPassword) {
     bool opened;
   } cases[] = {
       {u"Sesame"_s, u"sESAME"_s, true},  // in any case
-      {u"\" Sesame \""_s, u"Sesame"_s, true},
+      {u" Sesame "_s, u"Sesame"_s, true},
       {u"Sesame"_s, u"Sesame "_s, false},
       {u"Sesame"_s, u"Ses"_s, false},
       {u"Sesame"_s, u""_s, false},
-      {u"\"  \""_s, u""_s, false},
+      {u"  "_s, u""_s, false},
   };
   for (const auto& it : cases) {
     given(key::Setup, it.stored);
