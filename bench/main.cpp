@@ -5,6 +5,7 @@
 #include <cstdio>
 
 #include "bench/bench_library.h"
+#include "bench/bench_music.h"
 
 namespace {
 
@@ -15,9 +16,9 @@ struct Mode {
 };
 
 constexpr Mode kModes[] = {
-    {"scan", "TREE HOME", korvane::benchScan},
-    {"lists", "HOME", korvane::benchLists},
-    {"find", "HOME", korvane::benchFind},
+    {"scan", "TREE HOME", korvane::benchScan}, {"lists", "HOME", korvane::benchLists},
+    {"find", "HOME", korvane::benchFind},      {"play", "FILE FILE2", korvane::benchPlay},
+    {"records", "", korvane::benchRecords},
 };
 
 int usage() {

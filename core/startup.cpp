@@ -125,8 +125,10 @@ void Startup::openMixer() {
   Mixer& mixer = uses_.system.mixer;
   if (!mixer.open()) {
     const QString trouble = u"Couldn't open the mixer."_s;
-    if (uses_.settings.flag(key::QuietMixer)) uses_.log.logIt(trouble);
-    else uses_.system.box.show(trouble);
+    if (uses_.settings.flag(key::QuietMixer))
+      uses_.log.logIt(trouble);
+    else
+      uses_.system.box.show(trouble);
     return;
   }
   mixer.setLevel(mixer.maximum() / 2);

@@ -3,8 +3,8 @@
 
 #include "core/graphics.h"
 #include "core/palette.h"
-#include "core/settings.h"
 #include "core/screen_doors.h"
+#include "core/settings.h"
 #include "custom/setup_parts.h"
 #include "platform/machine.h"
 

@@ -82,7 +82,7 @@ class Browsing {
   // Shows the album of a song with the song active, and marks the artists' command.
   void showSongInAlbum(const QString& artist, const QString& album, const QString& title);
   bool moveActive(int grid, int rows);  // false at an end
-  void resetPlayListView();  // no list chosen, the artists in front
+  void resetPlayListView();             // no list chosen, the artists in front
 
  private:
   void goBack();

@@ -48,7 +48,16 @@ void Finger::move(QPoint by) {
 }
 
 void Finger::release() {
-  send(QEvent::MouseButtonRelease);
+  if (!again_) {
+    send(QEvent::MouseButtonRelease);
+    return;
+  }
+  QWidget* hit = again_;
+  again_ = nullptr;
+  down_ = false;
+  QMouseEvent event(QEvent::MouseButtonRelease, hit->mapFrom(window_, at_),
+                    window_->mapToGlobal(at_), Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
+  QCoreApplication::sendEvent(hit, &event);
 }
 
 void Finger::tap(const ControlWidget& target, QPoint at) {
@@ -67,6 +76,7 @@ void Finger::pressAgain() {
   QWidget* hit = window_ ? window_->childAt(at_) : nullptr;
   if (!hit || host_.gate().refusing()) return;
   down_ = true;
+  again_ = hit;
   QMouseEvent event(QEvent::MouseButtonDblClick, hit->mapFrom(window_, at_),
                     window_->mapToGlobal(at_), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
   QCoreApplication::sendEvent(hit, &event);

@@ -33,7 +33,8 @@ class Finger {
 
   WindowHost& host_;
   QPointer<QWidget> window_;
-  QPoint at_;  // in the window
+  QPointer<QWidget> again_;  // the widget that holds the second press of a double tap
+  QPoint at_;                // in the window
   bool down_ = false;
 };
 

@@ -28,7 +28,7 @@ constexpr InventoryRow kSingleSong[] = {
 
 // "###,###,###,###,###": groups of three, and no digit at all for zero.
 QString grouped(qint64 number) {
-  return number == 0 ? QString() : QLocale::c().toString(number);
+  return number == 0 ? QString() : QLocale(QLocale::English).toString(number);
 }
 
 }  // namespace

@@ -1,3 +1,4 @@
+// A music connection with its doors in hand, for the tests of both roles.
 #pragma once
 
 #include <gtest/gtest.h>
