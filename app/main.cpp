@@ -68,7 +68,7 @@ int show(const CommandLine& line, const QString& home, DiskFileSystem& files, Qt
         window = made.get();
         return made;
       },
-      home, [] { QCoreApplication::quit(); });
+      home, [] { QCoreApplication::exit(0); });
   window->closeAsked = [&] { pump.later([&] { console.window.imgExit_Click(); }); };
   window->setSinglePress(console.settings.flag(key::SinglePress));
   ScreenPointer pointer(console.screen);
@@ -79,6 +79,7 @@ int show(const CommandLine& line, const QString& home, DiskFileSystem& files, Qt
   }
   if (!console.SubMain()) return 1;
   const int result = QCoreApplication::exec();
+  console.startup.closeit();
   window->close();
   return result;
 }

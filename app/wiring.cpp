@@ -49,7 +49,9 @@ void Console::wireWindow() {
       handler(control.index);
     });
   };
-  press(u"imgTabs", [this](int i) { tabs.imgTabs_Click(i); });
+  press(u"imgTabs", [this](int i) {
+    if (!state.loadingForm) tabs.imgTabs_Click(i);
+  });
   press(u"lblMoviesPlay", [this](int i) { moviesTab.lblMoviesPlay_Click(i); });
   press(u"cmdSetup", [this](int) { screens->cmdSetup_Click(); });
   press(u"imgExit", [this](int) { window.imgExit_Click(); });

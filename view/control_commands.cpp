@@ -54,7 +54,7 @@ const ControlCommands::Row ControlCommands::kCommands[] = {
 };
 
 ControlCommands::ControlCommands(WindowHost& host) : host_(host), finger_(host) {
-  quit = [] { QCoreApplication::quit(); };
+  quit = [] { QCoreApplication::exit(0); };  // quit() would ask the window, and so the user
   host_.modalOpened = [this](Form&) {
     for (const auto& answer : std::exchange(answerOnModal_, {})) answer();
   };

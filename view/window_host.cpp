@@ -1,5 +1,7 @@
 #include "view/window_host.h"
 
+#include <QScreen>
+
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QKeyEvent>
@@ -94,6 +96,7 @@ WindowHost::Layer& WindowHost::open(Form& form, Role role) {
 void WindowHost::present() {
   if (stage_->isVisible()) return;
   if (windowed_.isEmpty()) {
+    stage_->setGeometry(stage_->screen()->geometry());  // where no window manager does it
     stage_->showFullScreen();
     return;
   }
