@@ -3,6 +3,8 @@
 #include <sys/stat.h>
 
 #include <QLocale>
+#include <cerrno>
+#include <cstring>
 
 #include "library/mapped_rows.h"
 #include "library/schema.h"
@@ -15,7 +17,7 @@ namespace {
 
 // A count in the format "###,###": nothing for zero.
 QString counted(qint64 count) {
-  return count == 0 ? QString() : QLocale::c().toString(count);
+  return count == 0 ? QString() : QLocale(QLocale::English).toString(count);
 }
 
 std::shared_ptr<RowTable> table(sql::Run run, int columns) {
@@ -44,9 +46,13 @@ std::optional<Database::FileId> Database::fileId() const {
 void Database::DbOpen() {
   if (connection_ && held_ > 0) return;
   const auto file = fileId();
+  const int error = errno;
   if (connection_ && file == opened_) return;
   connection_.reset();
-  if (!file) throw DatabaseError(DatabaseError::Missing, path_);
+  if (!file) {
+    throw DatabaseError(error == ENOENT ? DatabaseError::Missing : DatabaseError::NoAccess, path_,
+                        QString::fromLocal8Bit(std::strerror(error)));
+  }
   auto fresh = std::make_unique<sql::Connection>(path_, sql::Connection::ReadWrite);
   fresh->onLocked = [this] { index_.giveWay(); };
   fresh->script("PRAGMA journal_mode = TRUNCATE");

@@ -65,6 +65,18 @@ bool isAscii(std::string_view text, size_t at) {
   return at >= text.size() || static_cast<Byte>(text[at]) < 0x80;
 }
 
+size_t commonPrefix(std::string_view a, std::string_view b) {
+  const size_t size = std::min(a.size(), b.size());
+  size_t at = 0;
+  for (uint64_t left, right; at + 8 <= size; at += 8) {
+    std::memcpy(&left, a.data() + at, 8);
+    std::memcpy(&right, b.data() + at, 8);
+    if (left != right) break;
+  }
+  while (at < size && a[at] == b[at]) ++at;
+  return at;
+}
+
 Key packed(const std::array<Byte, 16>& bytes) {
   Key key;
   std::memcpy(&key.high, bytes.data(), 8);
@@ -91,7 +103,8 @@ Key keyByCollator(std::string_view text) {
 
 int compare(std::string_view a, std::string_view b) {
   const auto& weight = ascii().weight;
-  size_t i = 0, j = 0;
+  // What both begin with decides nothing, unless the collation must see it whole.
+  size_t i = commonPrefix(a, b), j = i;
   for (;;) {
     uint16_t left = 0, right = 0;
     for (; left == 0 && i < a.size(); ++i) {

@@ -51,6 +51,7 @@ FileReader::FileReader(const ScanPlan& plan, const ScanMemory& memory)
 }
 
 void FileReader::read(Batch& batch, const std::atomic<bool>& stop) const {
+  if (batch.names.empty()) return;
   const Descriptor directory(::open(batch.directory.constData(), O_PATH | O_DIRECTORY | O_CLOEXEC));
   const Stamps* known = memory_.find(batch.directory);
   batch.files.reserve(batch.names.size());

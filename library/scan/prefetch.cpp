@@ -10,10 +10,17 @@
 namespace korvane {
 namespace {
 
-constexpr size_t kQueued = 64, kBatchFiles = 64;
+// A job is worth more than the waking of a thread, which costs as much as several files.
+constexpr size_t kJobFiles = 64, kQueued = 32, kRefill = kQueued / 2;
 constexpr int kReaders = 6;  // several in flight hide the time of a disk's arm
 
 }  // namespace
+
+// Directories in a row, read together by one thread.
+struct Job {
+  std::vector<Batch> batches;
+  bool ready = false;
+};
 
 struct Prefetch::Shared {
   Shared(ScanPlan planned, ScanMemory remembered)
@@ -26,38 +33,46 @@ struct Prefetch::Shared {
 
   std::mutex lock;
   std::condition_variable room, work, ready;
-  std::deque<std::shared_ptr<Batch>> queue;  // in the order of the walk
-  std::deque<std::shared_ptr<Batch>> unread;
+  std::deque<std::shared_ptr<Job>> queue;  // in the order of the walk
+  std::deque<std::shared_ptr<Job>> unread;
   bool walked = false;
 
+  // Of the walking thread alone: what the next job will be.
+  std::vector<Batch> gathered;
+  size_t gatheredFiles = 0;
+
   bool add(Batch batch);
+  bool addJob();
   bool addFolder(Folder folder);
   void walk();
   void read();
 };
 
 bool Prefetch::Shared::add(Batch batch) {
-  auto shared = std::make_shared<Batch>(std::move(batch));
+  gatheredFiles += batch.names.size();
+  gathered.push_back(std::move(batch));
+  return gatheredFiles < kJobFiles || addJob();
+}
+
+bool Prefetch::Shared::addJob() {
+  gatheredFiles = 0;
+  auto job = std::make_shared<Job>(Job{std::exchange(gathered, {})});
   std::unique_lock hold(lock);
-  room.wait(hold, [this] { return queue.size() < kQueued || stop; });
-  if (stop) return false;
-  queue.push_back(shared);
-  if (shared->ready)
-    ready.notify_one();
-  else
-    unread.push_back(std::move(shared));
+  if (queue.size() >= kQueued) room.wait(hold, [this] { return queue.size() <= kRefill || stop; });
+  queue.push_back(job);
+  unread.push_back(std::move(job));
   hold.unlock();
   work.notify_one();
-  return true;
+  return !stop;
 }
 
 bool Prefetch::Shared::addFolder(Folder folder) {
   std::erase_if(folder.files, [this](const QByteArray& name) {
     return !plan.rules.isSong(QString::fromLatin1(name));
   });
-  for (size_t from = 0; from < folder.files.size(); from += kBatchFiles) {
-    const size_t to = std::min(from + kBatchFiles, folder.files.size());
-    Batch batch{folder.path, {}, {}, to == folder.files.size(), {}, false};
+  for (size_t from = 0; from < folder.files.size(); from += kJobFiles) {
+    const size_t to = std::min(from + kJobFiles, folder.files.size());
+    Batch batch{folder.path, {}, {}, to == folder.files.size(), {}};
     batch.names.assign(std::make_move_iterator(folder.files.begin() + static_cast<long>(from)),
                        std::make_move_iterator(folder.files.begin() + static_cast<long>(to)));
     if (!add(std::move(batch))) return false;
@@ -68,11 +83,12 @@ bool Prefetch::Shared::addFolder(Folder folder) {
 void Prefetch::Shared::walk() {
   const auto failed = [this](const QByteArray& path, int error) {
     const QString reason = QString::fromLocal8Bit(std::strerror(error));
-    add({path, {}, {}, false, u"%1: %2"_s.arg(toPath(path), reason), true});
+    add({path, {}, {}, false, u"%1: %2"_s.arg(toPath(path), reason)});
   };
   FolderWalk walk(
       plan.byFolders ? 2 : 0, 2, [this](Folder f) { return addFolder(std::move(f)); }, failed);
   walk.run(plan.root);
+  if (!gathered.empty()) addJob();
   const std::lock_guard hold(lock);
   walked = true;
   ready.notify_one();
@@ -84,13 +100,13 @@ void Prefetch::Shared::read() {
     std::unique_lock hold(lock);
     work.wait(hold, [this] { return !unread.empty() || walked || stop; });
     if (stop || unread.empty()) return;
-    const auto batch = std::move(unread.front());
+    const auto job = std::move(unread.front());
     unread.pop_front();
     hold.unlock();
-    reader.read(*batch, stop);
+    for (Batch& batch : job->batches) reader.read(batch, stop);
     hold.lock();
-    batch->ready = true;
-    if (!queue.empty() && queue.front() == batch) ready.notify_one();
+    job->ready = true;
+    if (!queue.empty() && queue.front() == job) ready.notify_one();
   }
 }
 
@@ -107,16 +123,16 @@ Prefetch::~Prefetch() {
   shared_->work.notify_all();
 }
 
-Prefetch::Answer Prefetch::next(Batch& batch, int milliseconds) {
+Prefetch::Answer Prefetch::next(std::vector<Batch>& batches, int milliseconds) {
   std::unique_lock hold(shared_->lock);
   auto& queue = shared_->queue;
   const auto settled = [&] { return queue.empty() ? shared_->walked : queue.front()->ready; };
   if (!shared_->ready.wait_for(hold, std::chrono::milliseconds(milliseconds), settled))
     return NotYet;
   if (queue.empty()) return End;
-  batch = std::move(*queue.front());
+  batches = std::move(queue.front()->batches);
   queue.pop_front();
-  shared_->room.notify_one();
+  if (queue.size() == kRefill) shared_->room.notify_one();
   return Ready;
 }
 

@@ -27,7 +27,6 @@ struct Batch {
   std::vector<ScannedFile> files;
   bool endsDirectory = false;
   QString failure;  // of the directory itself
-  bool ready = false;
 };
 
 // What a scan looks for: three levels by tags, or artist and album folders by their names.
@@ -47,8 +46,8 @@ class Prefetch {
   Prefetch(const Prefetch&) = delete;
 
   enum Answer { Ready, NotYet, End };
-  // The next batch of the walk; waits at most `milliseconds` for it.
-  Answer next(Batch& batch, int milliseconds);
+  // The next batches of the walk; waits at most `milliseconds` for them.
+  Answer next(std::vector<Batch>& batches, int milliseconds);
 
   const ScanMemory& memory() const;
 

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QTemporaryDir>
+#include <filesystem>
 
 #include "library/database.h"
 #include "library/schema.h"
@@ -14,6 +15,7 @@ namespace korvane {
 class LibraryTest : public testing::Test {
  protected:
   LibraryTest() { createEmptyDatabase(db.path()); }
+  ~LibraryTest() override { std::filesystem::remove_all(home.path().toStdString()); }
 
   void given(const QString& artist, const QString& album, const QString& title,
              const QString& year = {}) {
