@@ -58,6 +58,7 @@ std::span<const SettingKey* const> allSettingKeys() {
       &FileKinds,
       &SinglePress,
       &QuietMixer,
+      &MusicListener,
       &ListenerEncoding,
       &MovieListener,
       &MDirectory,

@@ -80,6 +80,7 @@ inline constexpr SettingKey TagCodePage{"STARTUP", "TagCodePage", Rule::Str};  /
 inline constexpr SettingKey FileKinds{"STARTUP", "FileKinds", Rule::UStr};     // "FLAC OGG ..."
 inline constexpr SettingKey SinglePress{"STARTUP", "SinglePress",
                                         Rule::FlagYes};  // one tap activates
+inline constexpr SettingKey MusicListener{"STARTUP", "MusicListener", Rule::Str};  // "host:port"
 inline constexpr SettingKey QuietMixer{"STARTUP", "QuietMixer", Rule::FlagYes};  // no box at start
 inline constexpr SettingKey ListenerEncoding{"STARTUP", "ListenerEncoding", Rule::UStr};
 

@@ -99,6 +99,12 @@ void Startup::readNetworkSettings() {
   state.gX10 = settings.upper(key::X10);
   state.gPremise = settings.flag(key::Premise);
 
+  // A cabin without a Master Listener may name its one Music Listener here.
+  if (const QStringList place = settings.str(key::MusicListener).split(u':'); place.size() == 2) {
+    state.gMusicListenerIP = place[0];
+    state.gMusicListenerPort = place[1];
+  }
+
   status(u"Loading settings....33"_s);
   state.gX10IP = settings.upper(key::X10IP);
   state.gX10Port = settings.upper(key::X10Port);

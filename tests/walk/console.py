@@ -1,0 +1,90 @@
+"""A console in a real window, worked through its control socket as a finger would."""
+import json
+import os
+import pathlib
+import shutil
+import socket
+import subprocess
+import tempfile
+import time
+
+
+class Console:
+    """Starts `program` in a program directory of its own; `settings` are lines for [STARTUP]."""
+
+    def __init__(self, program, settings=(), user_values="", vlc="--aout=adummy", size="1280x800"):
+        self.home = pathlib.Path(tempfile.mkdtemp(prefix="korvane-walk-"))
+        self.program = program
+        subprocess.run([program, "--home", self.home, "--list", "artists"], check=True,
+                       stdout=subprocess.DEVNULL, timeout=120)
+        ini = self.home / "Morvanta.INI"
+        text = ini.read_text()
+        for line in settings:
+            key = line.split("=")[0]
+            kept = [old for old in text.splitlines() if not old.startswith(key + "=")]
+            text = "\n".join(kept).replace("[STARTUP]", "[STARTUP]\n" + line, 1) + "\n"
+        ini.write_text(text)
+        (self.home / "user.ini").write_text(user_values)
+        path = str(self.home / "control")
+        environment = dict(os.environ, KORVANE_VLC_ARGS=vlc)
+        self.process = subprocess.Popen(
+            [program, "--home", self.home, "--control", path, f"--windowed={size}"], env=environment)
+        self.socket = socket.socket(socket.AF_UNIX)
+        for _ in range(600):
+            try:
+                self.socket.connect(path)
+                break
+            except OSError:
+                time.sleep(0.1)
+        self.lines = self.socket.makefile("rw")
+        self.wait_until(lambda: self.get("imgTabs", 3)["picture"] == "main/mainb", "the Main tab")
+        self.wait_until(lambda: not self.get("Grid", 0)["visible"], "the end of the start")
+        time.sleep(1.2)  # the splash fades
+
+    def ask(self, **command):
+        self.lines.write(json.dumps(command) + "\n")
+        self.lines.flush()
+        return json.loads(self.lines.readline())
+
+    def must(self, **command):
+        answer = self.ask(**command)
+        assert answer["ok"], f"{command}: {answer}"
+        return answer
+
+    @staticmethod
+    def place(name, index):
+        return {"name": name} if index is None else {"name": name, "index": index}
+
+    def press(self, name, index=None, **more):
+        self.must(cmd="press", **self.place(name, index), **more)
+
+    def get(self, name, index=None):
+        answer = self.ask(cmd="get", **self.place(name, index))
+        return answer if answer["ok"] else {"picture": "", "caption": "", "visible": True}
+
+    def rows(self, index):
+        return [row["cells"][0] for row in self.must(cmd="rows", name="Grid", index=index)["rows"]]
+
+    def wait_until(self, condition, what, seconds=30):
+        end = time.monotonic() + seconds
+        while not condition():
+            assert time.monotonic() < end, f"{what} did not come in {seconds} s"
+            time.sleep(0.05)
+
+    def screenshot(self, name):
+        folder = pathlib.Path(os.environ.get("KORVANE_WALK_PICTURES", self.home))
+        folder.mkdir(parents=True, exist_ok=True)
+        self.must(cmd="screenshot", file=str(folder / f"{name}.png"))
+        assert (folder / f"{name}.png").stat().st_size > 10_000
+
+    def title(self):
+        return self.get("lblCurrentPlay")["caption"].removeprefix("Playing: ")
+
+    def position(self):
+        return self.get("Slider1")["value"]
+
+    def end(self):
+        self.ask(cmd="quit")
+        code = self.process.wait(timeout=20)
+        shutil.rmtree(self.home)
+        assert code == 0, f"the console ended with {code}"
