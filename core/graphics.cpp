@@ -2,8 +2,8 @@
 
 namespace korvane {
 
-Graphics::Graphics(const FileSystem& files, const AppState& state, QString home)
-    : files_(files), state_(state), root_(std::move(home) + u"/krvgraphics"_s) {}
+Graphics::Graphics(const FileSystem& files, const AppState& state, const QString& home)
+    : files_(files), state_(state), root_(home + u"/krvgraphics"_s) {}
 
 void Graphics::initGraphicsCache() {
   graphicsIndex_.clear();

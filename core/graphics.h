@@ -19,7 +19,7 @@ using PicturePtr = std::shared_ptr<const PictureFile>;
 
 class Graphics {
  public:
-  Graphics(const FileSystem& files, const AppState& state, QString home);
+  Graphics(const FileSystem& files, const AppState& state, const QString& home);
 
   void initGraphicsCache();
 

@@ -7,8 +7,8 @@ namespace {
 constexpr qint64 kLargestLog = 5'000'000;
 }
 
-Log::Log(FileSystem& files, const Clock& clock, QString home)
-    : files_(files), clock_(clock), path_(std::move(home) + u"/log.txt"_s) {}
+Log::Log(FileSystem& files, const Clock& clock, const QString& home)
+    : files_(files), clock_(clock), path_(home + u"/log.txt"_s) {}
 
 void Log::logIt(const QString& text) const {
   if (QFileInfo(path_).size() > kLargestLog) files_.DeleteFile(path_);

@@ -10,7 +10,7 @@ namespace korvane {
 
 class Log {
  public:
-  Log(FileSystem& files, const Clock& clock, QString home);
+  Log(FileSystem& files, const Clock& clock, const QString& home);
 
   // Never fails visibly. A log over 5,000,000 bytes starts anew.
   void logIt(const QString& text) const;

@@ -71,6 +71,7 @@ bool MediaPlayerVlc::Engine::make() {
   std::vector<QByteArray> words(std::begin(kArguments), std::end(kArguments));
   for (const QString& argument : arguments_) words.push_back(argument.toLocal8Bit());
   std::vector<const char*> pointers;
+  pointers.reserve(words.size());
   for (const QByteArray& word : words) pointers.push_back(word.constData());
   instance_ = vlc_->libvlc_new(static_cast<int>(pointers.size()), pointers.data());
   if (instance_) player_ = vlc_->libvlc_media_player_new(instance_);

@@ -150,10 +150,10 @@ class WinsockQt::Body : public QObject {
   }
 
   void fail(const QString& description) {
-    const QString words = description;
+    QString words = description;  // it may be the socket's own, which goes now
     close();
     error_ = true;
-    later([this, words] {
+    later([this, words = std::move(words)] {
       if (events) events->Error(words);
     });
   }

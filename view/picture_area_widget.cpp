@@ -14,7 +14,7 @@ void PictureAreaWidget::paintEvent(QPaintEvent*) {
   }
   const QPixmap picture = face().pictures.pixmap(control().picture(), size());
   if (picture.isNull()) return;
-  const QRectF at(QPointF((width() - picture.width()) / 2, (height() - picture.height()) / 2),
+  const QRectF at(QPointF((width() - picture.width()) / 2.0, (height() - picture.height()) / 2.0),
                   picture.size());
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(Qt::NoPen);
