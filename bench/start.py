@@ -1,0 +1,95 @@
+#!/usr/bin/env python3
+"""start.py BUILD [SONGS...]: from the start of the program to the first answered press, beside an empty
+Qt window, and what the console costs when it then rests. One JSON line for each library size; needs a
+display. Memory is the proportional set size; wake-ups are voluntary context switches of all threads."""
+import json
+import os
+import pathlib
+import shutil
+import socket
+import statistics
+import subprocess
+import sys
+import tempfile
+import time
+
+BUILD = pathlib.Path(sys.argv[1])
+SIZES = [int(size) for size in sys.argv[2:]] or [20_000, 1_000_000]
+RUNS, REST = 5, 10
+
+
+def timed(command):
+    begun = time.perf_counter()
+    subprocess.run(command, check=True, stderr=subprocess.DEVNULL)
+    return time.perf_counter() - begun
+
+
+def first_answer(home):
+    """The running console and the seconds until a press was answered."""
+    path = home / "control"
+    path.unlink(missing_ok=True)
+    begun = time.perf_counter()
+    process = subprocess.Popen([BUILD / "app/korvane", "--home", home, "--control", path,
+                                "--windowed=1280x800"], stderr=subprocess.DEVNULL)
+    link = socket.socket(socket.AF_UNIX)
+    while link.connect_ex(str(path)) != 0:
+        time.sleep(0.0005)
+    stream = link.makefile("rw")
+
+    def ask(**command):
+        stream.write(json.dumps(command) + "\n")
+        stream.flush()
+        return json.loads(stream.readline())
+
+    while not (ask(cmd="press", name="imgTabs", index=0)["ok"]
+               and ask(cmd="get", name="imgTabs", index=0).get("picture") == "music/musicb"):
+        time.sleep(0.001)
+    return process, ask, time.perf_counter() - begun
+
+
+def switches(pid):
+    total = 0
+    for status in pathlib.Path(f"/proc/{pid}/task").glob("*/status"):
+        for line in status.read_text().splitlines():
+            if line.startswith("voluntary_ctxt_switches"):
+                total += int(line.split()[1])
+    return total
+
+
+def cpu(pid):
+    fields = pathlib.Path(f"/proc/{pid}/stat").read_text().rsplit(")", 1)[1].split()
+    return (int(fields[11]) + int(fields[12])) / os.sysconf("SC_CLK_TCK")
+
+
+def pss(pid):
+    for line in pathlib.Path(f"/proc/{pid}/smaps_rollup").read_text().splitlines():
+        if line.startswith("Pss:"):
+            return int(line.split()[1]) / 1024
+
+
+for songs in SIZES:
+    home = pathlib.Path(tempfile.mkdtemp(prefix="korvane-start-"))
+    subprocess.run([BUILD / "app/korvane", "--home", home, "--list", "artists"], check=True,
+                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+    (home / "Morvanta.mdb").unlink()
+    subprocess.run([BUILD / "bench/make_library", "db", home, str(songs)], check=True,
+                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+    bare, ready = [], []
+    for run in range(RUNS):
+        bare.append(timed([BUILD / "bench/empty_window"]))
+        process, ask, seconds = first_answer(home)
+        ready.append(seconds)
+        if run == RUNS - 1:
+            time.sleep(3)  # the splash has faded
+            memory, before, woken = pss(process.pid), cpu(process.pid), switches(process.pid)
+            time.sleep(REST)
+            load = (cpu(process.pid) - before) / REST
+            woken = (switches(process.pid) - woken) / REST
+        ask(cmd="quit")
+        process.wait(20)
+    print(json.dumps({
+        "bench": "start", "songs": songs, "empty_window_s": round(statistics.median(bare), 3),
+        "ready_s": round(statistics.median(ready), 3),
+        "ratio": round(statistics.median(ready) / statistics.median(bare), 2),
+        "pss_mib": round(memory, 1), "idle_core": round(load, 4), "idle_wakeups_s": round(woken, 1)}))
+    shutil.rmtree(home)
