@@ -44,6 +44,7 @@ std::optional<Database::FileId> Database::fileId() const {
 }
 
 void Database::DbOpen() {
+  if (writing_.valid()) writing_.wait();
   if (connection_ && held_ > 0) return;
   const auto file = fileId();
   const int error = errno;

@@ -5,6 +5,7 @@
 // DatabaseError, whose text is made for the user.
 #pragma once
 
+#include <future>
 #include <memory>
 #include <optional>
 
@@ -59,6 +60,10 @@ class Database : public PlaySongs {
 
   void erase();  // every row of songs, movies and scans; the play list stays
 
+  // Another thread uses the connection until `writing` is ready: whoever opens the database waits
+  // for it. An empty one ends that.
+  void setWriting(std::shared_future<void> writing) { writing_ = std::move(writing); }
+
   // Makes the list file anew in the background when it does not stand for the database as it is, as
   // after a scan; then the lists come from it again. `done` comes from the event loop.
   void refreshLists(Pump& pump, std::function<void()> done);
@@ -80,6 +85,7 @@ class Database : public PlaySongs {
   LibraryIndex index_;
   std::shared_ptr<AllSongs> rsMain_;
   int held_ = 0;  // by OpenedDatabase
+  std::shared_future<void> writing_;
 };
 
 // The connection for one operation, or for the whole run of a scan: while one lives, no file is

@@ -1,6 +1,7 @@
 #include "library/scan/scanner.h"
 
 #include <QElapsedTimer>
+#include <future>
 
 #include "library/statements.h"
 #include "library/tags/full_tags.h"
@@ -11,20 +12,7 @@ namespace korvane {
 namespace {
 
 constexpr qint64 kStatusMs = 16, kTransactionMs = 1000;
-
-// How many rows one commit may carry: as many as it writes without a gap that a finger would feel.
-// Few large commits are the faster ones, as each writes the indexes' pages again.
-class CommitSize {
- public:
-  int rows() const { return rows_; }
-  void took(qint64 milliseconds) {
-    if (milliseconds > 35) rows_ = std::max(rows_ / 2, 500);
-    if (milliseconds < 15) rows_ = std::min(rows_ * 2, 40000);
-  }
-
- private:
-  int rows_ = 20000;
-};
+constexpr int kTransactionRows = 40000;  // its pages stay in memory until it is written
 
 }  // namespace
 
@@ -112,16 +100,19 @@ class Scanner::Pass {
   }
 
   void commitWhenDue() {
-    if (transaction_ && (rows_ >= size_.rows() || open_.elapsed() >= kTransactionMs)) commit();
+    if (transaction_ && (rows_ >= kTransactionRows || open_.elapsed() >= kTransactionMs)) commit();
   }
 
+  // The disk takes its time on another thread, and the window goes on meanwhile.
   void commit() {
     if (!transaction_) return;
-    QElapsedTimer took;
-    took.start();
-    transaction_->commit();
+    const auto written = std::async(std::launch::async, [this] { transaction_->commit(); }).share();
+    scanner_.database_.setWriting(written);
+    while (written.wait_for(std::chrono::milliseconds(2)) != std::future_status::ready)
+      scanner_.pump_.breathe();
+    scanner_.database_.setWriting({});
+    written.get();
     transaction_.reset();
-    size_.took(took.elapsed());
   }
 
   void fail(const QString& reason) {
@@ -145,7 +136,6 @@ class Scanner::Pass {
   Prefetch prefetch_;
   std::optional<sql::Transaction> transaction_;
   QElapsedTimer total_, status_, open_;
-  CommitSize size_;
   int rows_ = 0;   // of the transaction
   Stamps stamps_;  // of the directory at hand
   ScanResult result_;
