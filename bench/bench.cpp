@@ -28,6 +28,13 @@ Cost measure(const std::function<void()>& work) {
           static_cast<double>(after.ru_maxrss) / 1024};
 }
 
+double median(int runs, const std::function<void()>& work) {
+  std::vector<double> times;
+  for (int i = 0; i < runs; ++i) times.push_back(fastest(1, work));
+  std::nth_element(times.begin(), times.begin() + runs / 2, times.end());
+  return times[static_cast<size_t>(runs / 2)];
+}
+
 double fastest(int runs, const std::function<void()>& work) {
   double best = 1e9;
   for (int i = 0; i < runs; ++i) {

@@ -18,6 +18,8 @@ Cost measure(const std::function<void()>& work);
 
 // Seconds of the fastest of `runs` runs.
 double fastest(int runs, const std::function<void()>& work);
+// Seconds of the one in the middle.
+double median(int runs, const std::function<void()>& work);
 
 // One line of JSON, built field by field.
 class Json {

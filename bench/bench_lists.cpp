@@ -66,25 +66,31 @@ int benchLists(const QStringList& arguments) {
   };
   Json json("lists");
   json.add("songs", all->rowCount());
-  bool right = true;
+  bool right = true, within = true;
   for (const Line& line : lines) {
     int ours = 0, bare = 0;
     const double oursMs = 1000 * fastest(5, [&] { ours = line.ours(); });
     const double bareMs = 1000 * fastest(5, [&] { bare = line.bare(); });
-    right = right && ours == bare && ours > 0 && oursMs <= 1.5 * bareMs + kAllowedMs;
+    right = right && ours == bare && ours > 0;
+    within = within && oursMs <= 1.5 * bareMs + kAllowedMs;
     const QByteArray name(line.name);
     json.add((name + "_rows").constData(), ours).add((name + "_ms").constData(), oursMs);
     json.add((name + "_bare_ms").constData(), bareMs);
   }
-  const double firstMs = 1000 * fastest(5, [&] {
-                           Database fresh(arguments[0]);
-                           const auto songs = fresh.getAllSongs();
-                           for (int row = 1; row <= 20; ++row)
-                             for (int column = 1; column <= 4; ++column) songs->cell(column, row);
-                         });
+  int screen = 0;  // each run shows another place of the list, not read before
+  const double screenMs = 1000 * median(7, [&] {
+                            AllSongs rows(all->image(), [&db]() -> sql::Connection& {
+                              db.DbOpen();
+                              return db.connection();
+                            });
+                            const int first = 1 + all->rowCount() / 224 * 32 * screen++;
+                            for (int row = first; row < first + 20; ++row)
+                              for (int column = 1; column <= 4; ++column) rows.cell(column, row);
+                          });
+  const double openMs = 1000 * fastest(5, [&] { Database(arguments[0]).getAllSongs(); });
   const double countsMs = 1000 * fastest(5, [&] { db.getLibraryCounts(); });
-  json.add("first_screen_ms", firstMs).add("counts_ms", countsMs);
-  json.add("peak_mib", measure([] {}).peakMib).add("right", right);
+  json.add("screen_ms", screenMs).add("open_ms", openMs).add("counts_ms", countsMs);
+  json.add("peak_mib", measure([] {}).peakMib).add("right", right).add("within", within);
   json.print();
   return right ? 0 : 1;
 }

@@ -34,12 +34,14 @@ const AllSongs::Block& AllSongs::block(int number) const {
   }
   Block fresh;
   sql::Connection& connection = open_();
+  sql::Transaction locked(connection, sql::Transaction::Reading);  // one lock, not one a row
   for (int i = 0; i < kBlock && number * kBlock + i < rowCount(); ++i) {
     auto run = connection.run(kRow, qint64{image_->songId(number * kBlock + i)});
     if (!run.step()) continue;
     for (int column = 0; column < kColumns; ++column)
       fresh.rows[static_cast<size_t>(i)][static_cast<size_t>(column)] = run.text(column);
   }
+  locked.commit();
   fresh.number = number;
   if (blocks_.size() == kBlocks) blocks_.pop_back();
   blocks_.push_front(std::move(fresh));
