@@ -1,8 +1,8 @@
 // frmGuiSetup: the advanced page of setup. Nothing is stored before Save.
 #pragma once
 
-#include "custom/gui_setup_fields.h"
 #include "core/screen_doors.h"
+#include "custom/gui_setup_fields.h"
 #include "custom/setup_general_form.h"
 
 namespace korvane {

@@ -3,8 +3,8 @@
 
 #include "core/graphics.h"
 #include "core/palette.h"
-#include "core/settings.h"
 #include "core/screen_doors.h"
+#include "core/settings.h"
 #include "custom/setup_parts.h"
 #include "platform/machine.h"
 
@@ -38,7 +38,7 @@ class SetupForm {
 
  private:
   struct Panel {
-    Label *lblTitle, *lblThemes, *lblPhoto, *Label2, *lblStat;
+    Label *lblTitle, *lblPhoto, *Label2, *lblStat;
     Grid* LstThemes;
     Button *cmdThemes, *cmdErase, *cmdOK;
     std::array<Button*, 6> cmdAddDir;

@@ -67,6 +67,7 @@ TEST_F(GuiSetup, ShowsWhatIsStored) {
 TEST_F(GuiSetup, MapsAndRadioTogetherRefuseTheWholeSave) {
   const QByteArray before = home.get(u"Morvanta.INI"_s);
   opens([&](Form& form) {
+    press(form, u"cmdPage"_s, 4);
     tick(form, u"ckRadio"_s, true);
     tick(form, u"chkMap"_s, true);
     type(form, u"txtNIC"_s, u"eth1"_s);
@@ -255,7 +256,8 @@ TEST_F(GuiSetup, PagesHaveRoomForAFinger) {
           one->kind == Kind::Button || one->kind == Kind::Check || one->kind == Kind::Text;
       EXPECT_TRUE(!pressed || rect.height >= 72) << qUtf8Printable(one->name);
       for (const auto& other : form.controls()) {
-        if (other == one || other->container != one->container || one->kind == Kind::Frame) continue;
+        if (other == one || other->container != one->container || one->kind == Kind::Frame)
+          continue;
         EXPECT_TRUE(other->kind == Kind::Frame || apart(rect, other->rect()))
             << qUtf8Printable(one->name) << one->index << ' ' << qUtf8Printable(other->name);
       }
