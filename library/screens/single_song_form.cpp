@@ -28,7 +28,7 @@ constexpr InventoryRow kSingleSong[] = {
 
 // "###,###,###,###,###": groups of three, and no digit at all for zero.
 QString grouped(qint64 number) {
-  return number == 0 ? QString() : QLocale::c().toString(number);
+  return number == 0 ? QString() : QLocale(QLocale::English).toString(number);
 }
 
 }  // namespace
@@ -119,15 +119,17 @@ void SingleSongForm::cmdCopy_Click() {
   stopped_ = false;
   panel_.cmdCancel->caption = u"Stop"_s;
   try {
-    const Busy busy(uses_.screen);
-    copySongs();
+    {
+      const Busy busy(uses_.screen);
+      copySongs();
+    }
+    uses_.news.songsChanged();
   } catch (const std::exception& failure) {
     panel_.txtStatus->caption = QString();
     uses_.messages.say(QString::fromUtf8(failure.what()));
   }
   panel_.cmdCancel->caption = u"Cancel"_s;
   copying_ = false;
-  uses_.news.songsChanged();
 }
 
 void SingleSongForm::cmdCancel_Click() {
