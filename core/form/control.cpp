@@ -71,7 +71,9 @@ void Grid::deleteRow(int ofRow) {
 
 void Grid::SetActiveCell(int, int toRow) {
   if (maxRows() == 0) return;
+  const int before = row();
   row = std::clamp(toRow, 1, maxRows());
+  if (row() == before) changed(Aspect::Active);  // a list that was scrolled away comes back
 }
 
 int Grid::SearchCol(int column, int from, const QString& text) const {

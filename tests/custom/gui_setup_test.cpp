@@ -67,10 +67,10 @@ TEST_F(GuiSetup, ShowsWhatIsStored) {
 TEST_F(GuiSetup, MapsAndRadioTogetherRefuseTheWholeSave) {
   const QByteArray before = home.get(u"Morvanta.INI"_s);
   opens([&](Form& form) {
-    type(form, u"txtNIC"_s, u"eth1"_s);
     press(form, u"cmdPage"_s, 4);
     tick(form, u"ckRadio"_s, true);
     tick(form, u"chkMap"_s, true);
+    type(form, u"txtNIC"_s, u"eth1"_s);
     press(form, u"cmdCmd"_s, 0);
     EXPECT_TRUE(form.shown());
     press(form, u"cmdCmd"_s, 1);
