@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QWindow>
 
+#include "view/drag_mover.h"
 #include "view/fade_layer.h"
 #include "view/key_codes.h"
 #include "view/surface_widget.h"
@@ -87,6 +88,8 @@ WindowHost::Layer& WindowHost::open(Form& form, Role role) {
     made->setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
   made->setRounded(modal &&
                    (form.design.width < kDesignWidth || form.design.height < kDesignHeight));
+  if (role == Role::Strip || (role == Role::Main && movable_))
+    new DragMover(made, role == Role::Strip);
   Layer layer{made, role, dim};
   if (modal) layer.focusBefore = stage_->focusWidget();
   layers_.push_back(layer);

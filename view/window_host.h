@@ -29,6 +29,9 @@ class WindowHost : public FormHost {
   void close();  // takes the window down; no form is mirrored any more
 
   void setSinglePress(bool on) { touch_.singlePress = on; }
+  void setMovable(bool on) {
+    movable_ = on;
+  }  // the window, by the ground of a main form shown later
   // Native area of a Surface for players and browsers; 0 when its form is not shown.
   WId nativeWindow(Control& surface);
 
@@ -65,6 +68,7 @@ class WindowHost : public FormHost {
   PressGate& gate_;
   QSize windowed_;
   Touch touch_;
+  bool movable_ = false;
   std::unique_ptr<Stage> stage_;
   std::vector<Layer> layers_;
 };

@@ -102,6 +102,26 @@ TEST_F(Modal, WorkInTheBackgroundEndsOnTheWindowsThread) {
   EXPECT_EQ(ended, here);
 }
 
+TEST_F(Modal, TheStripMovesWithTheFingerAndATapClicks) {
+  Form strip{u"frmAlwaysOnTop"_s, kBoxForm, {0, 0, 400, 200}};
+  int clicks = 0;
+  strip.on(u"cmdControls", Event::Click, [&](Control&, const Event&) { ++clicks; });
+  host.show(strip);
+  settle();
+  FormView* shown = host.view(strip);
+  EXPECT_EQ(shown->pos(), QPoint(1, 1));
+  ControlWidget& key = *shown->widget(*strip.find(u"cmdControls", 0));
+  finger.press(key, QPoint(20, 20));
+  finger.move(QPoint(40, 30));
+  EXPECT_EQ(shown->pos(), QPoint(41, 31));
+  finger.release();
+  EXPECT_EQ(clicks, 0);
+  finger.tap(key, QPoint(20, 20));
+  EXPECT_EQ(clicks, 1);
+  EXPECT_EQ(host.topForm(), &form);
+  host.hide(strip);
+}
+
 TEST_F(Modal, TheFormAnswersWhileTheSplashFadesAboveIt) {
   Form splash{u"frmSplash"_s, kBoxForm, {0, 0, 400, 200}};
   host.show(splash);
