@@ -70,6 +70,7 @@ int show(const CommandLine& line, const QString& home, DiskFileSystem& files, Qt
       },
       home, [] { QCoreApplication::exit(0); });
   window->closeAsked = [&] { pump.later([&] { console.window.imgExit_Click(); }); };
+  window->setMovable(console.settings.flag(key::MOVEMAIN));
   window->setSinglePress(console.settings.flag(key::SinglePress));
   ScreenPointer pointer(console.screen);
   ControlServer control(*window);
