@@ -27,7 +27,12 @@ void deleteAtCaret(KeyState& state) {
   const int to = after(state.text, state.selStart);
   state.text.replace(state.selStart, to - state.selStart, u"^"_s);
   state.text.remove(u'^');
-  state.selStart = std::min(state.selStart, static_cast<int>(state.text.size()));
+  int& at = state.selStart;
+  at = std::min(at, static_cast<int>(state.text.size()));
+  // The marks that went before the caret may have drawn a pair under it.
+  const bool within = at > 0 && at < state.text.size() && state.text[at].isLowSurrogate() &&
+                      state.text[at - 1].isHighSurrogate();
+  if (within) --at;
 }
 
 void insert(KeyState& state, const QString& character) {

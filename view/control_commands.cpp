@@ -335,9 +335,9 @@ void ControlCommands::messages(const QJsonObject& command, const Answer& answer)
   const QString wanted = command["answer"_L1].toString();
   if (!wanted.isEmpty()) {
     if (open.empty()) return answer(failed(u"no box is open"_s));
-    for (const auto& [name, choose] : open.back().answers)
+    for (const auto& [name, choice] : open.back().answers)
       if (name.compare(wanted, Qt::CaseInsensitive) == 0)
-        return acted([&] { choose(finger_); }, answer);
+        return acted([this, &choose = choice] { choose(finger_); }, answer);
     return answer(failed(u"the box has no answer \"%1\""_s.arg(wanted)));
   }
   QJsonArray boxes;

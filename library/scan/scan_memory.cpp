@@ -15,7 +15,7 @@ ScanMemory ScanMemory::load(sql::Connection& connection, const QByteArray& root)
     const QByteArrayView blob = run.bytes(1);
     Stamps stamps(static_cast<size_t>(blob.size()) / sizeof(quint64));
     if (!stamps.empty()) std::memcpy(stamps.data(), blob.data(), stamps.size() * sizeof(quint64));
-    memory.directories_.insert(run.bytes(0).toByteArray(), std::move(stamps));
+    memory.directories_.insert(run.bytes(0).toByteArray(), stamps);
   }
   return memory;
 }
