@@ -10,14 +10,14 @@ constexpr SetupPage kPages[] = {
     {"Network"}, {"Air Show"}, {"Music and movies"}, {"X10"}, {"Maps and camera"}};
 
 constexpr SetupFrame kFrames[] = {
-    {Nic, "fraNic", "Multi NIC Card Setup", 0, 96, 1},
-    {Master, "fraMaster", "Master Listener", 0, 268, 3},
-    {AirShow, "fraAirShow", "Air Show Server", 1, 96, 5},
-    {Music, "fraMusic", "Music", 2, 96, 2},
-    {Movies, "fraMovies", "Movies", 2, 352, 1},
-    {X10, "fraX10", "X10", 3, 96, 3},
-    {Maps, "fraMaps", "Maps", 4, 96, 1},
-    {Camera, "fraCamera", "Camera", 4, 268, 3},
+    {Nic, "fraNic", "Multi NIC Card Setup", 0},
+    {Master, "fraMaster", "Master Listener", 0},
+    {AirShow, "fraAirShow", "Air Show Server", 1},
+    {Music, "fraMusic", "Music", 2},
+    {Movies, "fraMovies", "Movies", 2},
+    {X10, "fraX10", "X10", 3},
+    {Maps, "fraMaps", "Maps", 4},
+    {Camera, "fraCamera", "Camera", 4},
 };
 
 constexpr SetupField kFields[] = {
@@ -67,12 +67,8 @@ constexpr SetupText kTexts[] = {
 };
 
 constexpr int kLeft = 344, kWidth = 912, kPad = 24;  // of a frame
-constexpr int kFirstRow = 64, kRow = 84, kHeight = 72, kGap = 16;
+constexpr int kFirstTop = 96, kFirstRow = 64, kRow = 84, kHeight = 72, kGap = 16;
 constexpr int kCaption = 240;  // width of a text's label
-
-int frameHeight(int rows) {
-  return kFirstRow + rows * kRow + 8;
-}
 
 // Cell of a field within its frame: three to a row, or two where a field spans none.
 Rect cell(const SetupField& field) {
@@ -133,15 +129,27 @@ std::vector<InventoryRow> guiSetupInventory() {
     rows.push_back(
         {"cmdPage", i, Kind::Button, {kRail, top, kRailWidth, 80}, TL, kPages[i].caption});
   for (const SetupFrame& frame : kFrames)
-    rows.push_back({frame.control,
-                    -1,
-                    Kind::Frame,
-                    {kLeft, frame.top, kWidth, frameHeight(frame.rows)},
-                    TL,
-                    frame.caption});
+    rows.push_back(
+        {frame.control, -1, Kind::Frame, {kLeft, kFirstTop, kWidth, kFirstRow}, TL, frame.caption});
   int label = 0;
   for (const SetupField& field : kFields) addField(rows, field, label++);
   return rows;
+}
+
+void stackSetupFrames(const Form& form) {
+  std::array<int, std::size(kPages)> tops;
+  tops.fill(kFirstTop);
+  for (const SetupFrame& frame : kFrames) {
+    int rows = 0;
+    for (const SetupField& field : kFields) {
+      const Control* control = form.find(QString::fromLatin1(field.control), field.index);
+      if (field.group == frame.group && control->visible()) rows = std::max(rows, field.row + 1);
+    }
+    Control* box = form.find(QString::fromLatin1(frame.control));
+    int& top = tops[static_cast<size_t>(frame.page)];
+    box->rect = Rect{kLeft, top, kWidth, kFirstRow + rows * kRow + 8};
+    top = box->rect().bottom() + kGap;
+  }
 }
 
 }  // namespace korvane

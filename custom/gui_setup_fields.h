@@ -1,7 +1,7 @@
 // What frmGuiSetup is made of: its groups, the fields of each, and the pages that show them.
 #pragma once
 
-#include "core/form/inventory.h"
+#include "core/form/form.h"
 #include "core/settings_keys.h"
 
 namespace korvane {
@@ -12,7 +12,6 @@ struct SetupFrame {
   SetupGroup group;
   const char *control, *caption;
   int page;  // of the array cmdPage
-  int top, rows;
 };
 std::span<const SetupFrame> setupFrames();
 
@@ -43,5 +42,8 @@ struct SetupText {
 std::span<const SetupText> setupTexts();
 
 std::vector<InventoryRow> guiSetupInventory();
+
+// Lays the frames of each page below one another, each as high as what is visible in it.
+void stackSetupFrames(const Form& form);
 
 }  // namespace korvane

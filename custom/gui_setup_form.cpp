@@ -43,6 +43,7 @@ GuiSetupForm::GuiSetupForm(SetupGeneralForm::Uses uses)
     : uses_(uses), general_(uses), form_(u"frmGuiSetup"_s, guiSetupInventory()), panel_(form_) {
   captions();
   handlers();
+  stackSetupFrames(form_);
 }
 
 void GuiSetupForm::captions() {
@@ -132,6 +133,7 @@ void GuiSetupForm::showDoors() {
   for (Control* door : {panel_.cmdMulti, panel_.cmdColor, panel_.cmdCamera, panel_.cmdSync,
                         panel_.cmdExportFavoriates[0], panel_.cmdExportFavoriates[1]})
     door->visible = doors_.find(*door) != nullptr;
+  stackSetupFrames(form_);
 }
 
 void GuiSetupForm::cmdPage_Click(int index) {

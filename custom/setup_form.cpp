@@ -8,12 +8,12 @@ namespace {
 
 constexpr unsigned TL = Left | Top;
 constexpr Rect kDoors{440, 96, 816, 440};
-constexpr int kDoorColumns = 2, kDoorHeight = 96, kDoorGap = 16;
+constexpr int kDoorHeight = 96, kDoorGap = 16;
+constexpr int kFewDoors = 8;  // as many fit in two columns
 
 constexpr InventoryRow kSetup[] = {
     {"lblTitle", -1, Kind::Label, {24, 16, 800, 64}, TL, "Setup"},
-    {"lblThemes", -1, Kind::Label, {24, 96, 392, 44}, TL, "Themes"},
-    {"LstThemes", -1, Kind::Grid, {24, 144, 392, 296}, TL, "Themes"},
+    {"LstThemes", -1, Kind::Grid, {24, 96, 392, 344}, TL, "Themes"},
     {"cmdThemes", -1, Kind::Button, {24, 456, 392, 96}, TL, "Change Theme"},
     {"cmdAddDir", 0, Kind::Button, kDoors, TL, "Setup Photos Directory"},
     {"cmdAddDir", 1, Kind::Button, kDoors, TL, "Movies Setup"},
@@ -42,7 +42,6 @@ constexpr const char* kAddDir[] = {
 SetupForm::Panel::Panel(Form& form) {
   Binder bind(form, "setup");
   bind(lblTitle, "lblTitle");
-  bind(lblThemes, "lblThemes");
   bind(lblPhoto, "lblPhoto");
   bind(Label2, "Label2");
   bind(lblStat, "lblStat");
@@ -69,7 +68,6 @@ SetupForm::SetupForm(Uses uses) : uses_(uses), form_(u"frmSetup"_s, kSetup), pan
   panel_.lblTitle->caption = u"Setup"_s;
   panel_.lblTitle->fontUnits = 44;
   panel_.lblTitle->bold = true;
-  panel_.lblThemes->caption = u"Themes"_s;
   panel_.lblStat->wraps = true;
   panel_.cmdThemes->caption = u"Change Theme"_s;
   for (size_t i = 0; i < panel_.cmdAddDir.size(); ++i)
@@ -123,7 +121,11 @@ void SetupForm::Form_Load() {
 void SetupForm::Form_Activate() {
   panel_.lblPhoto->caption = u"Current Photo Dir = "_s + uses_.settings.raw(key::PDirectory);
   panel_.Label2->caption = u"Current Playlist Dir = "_s + uses_.settings.raw(key::PLDirectory);
-  panel_.lblStat->caption = uses_.parts.getLibraryCounts();
+  try {
+    panel_.lblStat->caption = uses_.parts.getLibraryCounts();
+  } catch (const std::exception& failure) {
+    panel_.lblStat->caption = QString::fromUtf8(failure.what());
+  }
   showDoors();
 }
 
@@ -136,7 +138,9 @@ void SetupForm::showDoors() {
   for (Control* door : doors) door->visible = doors_.find(*door) != nullptr;
   if (uses_.state.gX10 != "YES"_L1) panel_.cmdAddDir[4]->visible = false;
   if (uses_.state.gMainPage != "CB"_L1) panel_.cmdButtons->visible = false;
-  flow(doors, kDoors, kDoorColumns, kDoorHeight, kDoorGap);
+  const auto shown =
+      std::ranges::count_if(doors, [](const Control* door) { return door->visible(); });
+  flow(doors, kDoors, shown > kFewDoors ? 3 : 2, kDoorHeight, kDoorGap);
 }
 
 void SetupForm::fillThemes() {
@@ -163,7 +167,11 @@ void SetupForm::cmdThemes_Click() {
 void SetupForm::cmdErase_Click() {
   const QString question = u"Are you sure???\n All settings and will be perminantly erased! "_s;
   if (uses_.box.show(question, true) != SystemBox::Yes) return;
-  uses_.parts.eraseLibrary();
+  try {
+    uses_.parts.eraseLibrary();
+  } catch (const std::exception& failure) {
+    uses_.box.show(QString::fromUtf8(failure.what()));
+  }
   Form_Activate();
 }
 

@@ -38,7 +38,7 @@ class SetupForm {
 
  private:
   struct Panel {
-    Label *lblTitle, *lblThemes, *lblPhoto, *Label2, *lblStat;
+    Label *lblTitle, *lblPhoto, *Label2, *lblStat;
     Grid* LstThemes;
     Button *cmdThemes, *cmdErase, *cmdOK;
     std::array<Button*, 6> cmdAddDir;

@@ -13,54 +13,55 @@ struct Box {
   const char* caption;
   const SettingKey& key;
   const char *on, *off;
-  bool written = true;
 };
 
 // In the order of the screen.
 constexpr Box kOptions[kBoxes] = {
     {"Show Controls TAB", key::ShowControl, "1", "0"},
-    {"Show Maps TAB", key::ShowMap, "1", "0"},
-    {"Show Photos TAB", key::ShowPhoto, "1", "0"},
     {"Show Volume Controls ( +/-)", key::DisplayVolume, "1", "0"},
-    {"Debug ON", key::debug, "1", "0"},
-    {"Show Misc Control buttons", key::ControlButtons, "YES", "NO", false},
-    {"Minimize to task bar", key::ShowInTheTaskBar, "YES", "NO"},
-    {"Allow Drag of Main form", key::MOVEMAIN, "1", "0"},
-    {"Show Cabin/Seat Buttons", key::LocalServer, "1", "0"},
+    {"Show Maps TAB", key::ShowMap, "1", "0"},
+    {"Show Misc Control buttons", key::ControlButtons, "YES", "NO"},
+    {"Show Photos TAB", key::ShowPhoto, "1", "0"},
     {"Misc Controls on Main Tab only", key::ControlButtonsmain, "1", "0"},
     {"Show Exit button", key::ShowExit, "1", "0"},
-    {"Show Setup Button", key::ShowSetup, "1", "0"},
-    {"Show Minimize button", key::ShowMin, "1", "0"},
+    {"Show Cabin/Seat Buttons", key::LocalServer, "1", "0"},
     {"Show Mute Button", key::ShowMute, "1", "0"},
+    {"Allow Drag of Main form", key::MOVEMAIN, "1", "0"},
+    {"Minimize to task bar", key::ShowInTheTaskBar, "YES", "NO"},
+    {"Show Setup Button", key::ShowSetup, "1", "0"},
+    {"Debug ON", key::debug, "1", "0"},
+    {"Show Minimize button", key::ShowMin, "1", "0"},
 };
 
-// The order in which the boxes are written.
-constexpr int kSaveOrder[] = {4, 3, 9, 6, 7, 8, 10, 11, 12, 13, 2, 1, 0};
+// The order in which the boxes are written. The box of "ControlButtons" is not.
+constexpr const SettingKey* kSaveOrder[] = {
+    &key::debug,       &key::DisplayVolume, &key::ControlButtonsmain, &key::ShowInTheTaskBar,
+    &key::MOVEMAIN,    &key::LocalServer,   &key::ShowExit,           &key::ShowSetup,
+    &key::ShowMin,     &key::ShowMute,      &key::ShowPhoto,          &key::ShowMap,
+    &key::ShowControl,
+};
 
 constexpr InventoryRow kFixed[] = {
     {"lblTitle", -1, Kind::Label, {24, 16, 800, 64}, TL, "General Options"},
-    {"lblPw", -1, Kind::Label, {856, 88, 400, 40}, TL, ""},
-    {"txtsetuppw", -1, Kind::Text, {856, 128, 400, 72}, TL, "Setup password"},
-    {"cmdSetuppw", -1, Kind::Button, {856, 208, 400, 76}, TL, "Setup Password"},
-    {"lblFont", -1, Kind::Label, {856, 296, 400, 40}, TL, ""},
-    {"txtGridFontSize", -1, Kind::Text, {856, 336, 400, 72}, TL, "Grid font size"},
-    {"lblHeight", -1, Kind::Label, {856, 416, 400, 40}, TL, ""},
-    {"txtGridHeight", -1, Kind::Text, {856, 456, 400, 72}, TL, "Grid height"},
-    {"lblPage", -1, Kind::Label, {856, 536, 400, 40}, TL, ""},
-    {"txtMainPage", -1, Kind::Text, {856, 576, 400, 72}, TL, "Main page"},
+    {"lblPw", -1, Kind::Label, {904, 88, 352, 40}, TL, ""},
+    {"txtsetuppw", -1, Kind::Text, {904, 128, 352, 72}, TL, "Setup password"},
+    {"cmdSetuppw", -1, Kind::Button, {904, 208, 352, 76}, TL, "Setup Password"},
+    {"lblFont", -1, Kind::Label, {904, 296, 352, 40}, TL, ""},
+    {"txtGridFontSize", -1, Kind::Text, {904, 336, 352, 72}, TL, "Grid font size"},
+    {"lblHeight", -1, Kind::Label, {904, 416, 352, 40}, TL, ""},
+    {"txtGridHeight", -1, Kind::Text, {904, 456, 352, 72}, TL, "Grid height"},
+    {"lblPage", -1, Kind::Label, {904, 536, 352, 40}, TL, ""},
+    {"txtMainPage", -1, Kind::Text, {904, 576, 352, 72}, TL, "Main page"},
     {"cmdOK", -1, Kind::Button, {968, 664, 288, 88}, TL, "OK"},
 };
 
 std::vector<InventoryRow> inventory() {
-  constexpr int kColumns = 2, kWidth = 400, kPitch = 92;
+  constexpr int kLefts[] = {24, 372}, kWidths[] = {348, 524}, kPitch = 92;
   std::vector<InventoryRow> rows(std::begin(kFixed), std::end(kFixed));
-  for (int i = 0; i < kBoxes; ++i)
-    rows.push_back({"chkGeneral",
-                    i,
-                    Kind::Check,
-                    {24 + i % kColumns * (kWidth + 8), 96 + i / kColumns * kPitch, kWidth, 80},
-                    TL,
-                    kOptions[i].caption});
+  for (int i = 0; i < kBoxes; ++i) {
+    const Rect place{kLefts[i % 2], 96 + i / 2 * kPitch, kWidths[i % 2], 80};
+    rows.push_back({"chkGeneral", i, Kind::Check, place, TL, kOptions[i].caption});
+  }
   return rows;
 }
 
@@ -148,10 +149,10 @@ void SetupGeneralForm::load() {
 }
 
 void SetupGeneralForm::save() {
-  for (const int i : kSaveOrder) {
-    const bool on = panel_.chkGeneral[static_cast<size_t>(i)]->checked();
-    uses_.settings.write(kOptions[i].key,
-                         QString::fromLatin1(on ? kOptions[i].on : kOptions[i].off));
+  for (const SettingKey* key : kSaveOrder) {
+    const Box* box = std::ranges::find(kOptions, key, [](const Box& each) { return &each.key; });
+    const bool on = panel_.chkGeneral[static_cast<size_t>(box - kOptions)]->checked();
+    uses_.settings.write(*key, QString::fromLatin1(on ? box->on : box->off));
   }
   saveGrid();
   saveMainPage();

@@ -1,4 +1,5 @@
-// What setup asks of the units above it.
+// What setup asks of the units above it. What the library cannot do is thrown as std::exception
+// with a text for the user.
 #pragma once
 
 #include "platform/text.h"
