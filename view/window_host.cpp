@@ -165,6 +165,7 @@ void WindowHost::showModal(Form& form) {
   QEventLoop loop;
   layer(form)->loop = &loop;
   stage_->setFocus();
+  if (Control* focus = form.focus()) layer(form)->view->widget(*focus)->setFocus();
   const PressGate::Allow allow(gate_);
   if (modalOpened) modalOpened(form);
   if (form.shown()) loop.exec();
