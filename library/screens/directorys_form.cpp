@@ -181,14 +181,20 @@ void DirectorysForm::run(Scan scan) {
   uses_.settings.write(key::MusicRoot, path_);
   watched_ = form_.shown();
   lookScanning(true);
-  try {
+  guarded([&] {
     const Busy busy(uses_.screen);
     finished(scan());
+  });
+  lookScanning(false);
+  guarded([this] { uses_.news.songsChanged(); });
+}
+
+void DirectorysForm::guarded(const std::function<void()>& work) {
+  try {
+    work();
   } catch (const std::exception& failure) {
     uses_.messages.say(QString::fromUtf8(failure.what()));
   }
-  lookScanning(false);
-  uses_.news.songsChanged();
 }
 
 void DirectorysForm::lookScanning(bool scanning) {
@@ -211,8 +217,8 @@ void DirectorysForm::finished(const ImportResult& result) {
   const double rate = result.seconds > 0 ? result.files / result.seconds : result.files;
   importProgress({result.stopped ? u"Stopped"_s : u"Finished"_s, result.files, result.added, rate});
   if (result.failed > 0)
-    panel_.lblRate->caption =
-        panel_.lblRate->caption() + u", %1 could not be read (see log.txt)"_s.arg(result.failed);
+    panel_.txtStatus->caption = u"%1, %2 could not be read (see log.txt)"_s.arg(
+        panel_.txtStatus->caption(), QString::number(result.failed));
 }
 
 void DirectorysForm::takeFile() {

@@ -64,7 +64,8 @@ class DirectorysForm : private ImportWatch {
   QString beginning() const;
   void scanTagged();
   template <class Scan>
-  void run(Scan scan);  // Yields.
+  void run(Scan scan);                              // Yields.
+  void guarded(const std::function<void()>& work);  // a failure is said
   void lookScanning(bool scanning);
   void finished(const ImportResult& result);
   void takeFile();

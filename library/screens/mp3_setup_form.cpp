@@ -16,10 +16,9 @@ constexpr InventoryRow kMp3Setup[] = {
     {"cmdMp3", 2, Kind::Button, kCommands, TL, "Scan Existing Directories"},
     {"cmdMp3", 3, Kind::Button, kCommands, TL, "Add Misc Songs"},
     {"cmdaddfile", -1, Kind::Button, kCommands, TL, "Add One File"},
-    {"lblHow", -1, Kind::Label, {24, 456, 200, 80}, TL, ""},
-    {"optScan", 0, Kind::Check, {232, 456, 232, 80}, TL, "Scan by tags"},
-    {"optScan", 1, Kind::Check, {480, 456, 356, 80}, TL, "Scan by folder names"},
-    {"cmdOK", -1, Kind::Button, {572, 552, 264, 88}, TL, "Exit"},
+    {"optScan", 0, Kind::Check, {440, 92, 176, 104}, TL, "Scan by tags"},
+    {"optScan", 1, Kind::Check, {616, 92, 220, 104}, TL, "Scan by folder names"},
+    {"cmdOK", -1, Kind::Button, {572, 476, 264, 88}, TL, "Exit"},
 };
 
 constexpr const char* kCaptions[] = {"Delete", "Copy Directories", "Scan Existing Directories",
@@ -30,7 +29,6 @@ constexpr const char* kCaptions[] = {"Delete", "Copy Directories", "Scan Existin
 Mp3SetupForm::Panel::Panel(Form& form) {
   Binder bind(form, "digital music setup");
   bind(lblTitle, "lblTitle");
-  bind(lblHow, "lblHow");
   bind(cmdMp3, "cmdMp3");
   bind(optScan, "optScan");
   bind(cmdaddfile, "cmdaddfile");
@@ -38,13 +36,12 @@ Mp3SetupForm::Panel::Panel(Form& form) {
 }
 
 Mp3SetupForm::Mp3SetupForm(Uses uses)
-    : uses_(uses), form_(u"frmMp3Setup"_s, kMp3Setup, {0, 0, 860, 656}), panel_(form_) {
+    : uses_(uses), form_(u"frmMp3Setup"_s, kMp3Setup, {0, 0, 860, 588}), panel_(form_) {
   panel_.lblTitle->caption = u"Digital Music Setup"_s;
   panel_.lblTitle->fontUnits = 44;
   panel_.lblTitle->bold = true;
-  panel_.lblHow->caption = u"Scan by"_s;
-  panel_.optScan[0]->caption = u"tags"_s;
-  panel_.optScan[1]->caption = u"folder names"_s;
+  panel_.optScan[0]->caption = u"by tags"_s;
+  panel_.optScan[1]->caption = u"by folders"_s;
   for (size_t i = 0; i < panel_.cmdMp3.size(); ++i)
     panel_.cmdMp3[i]->caption = QString::fromLatin1(kCaptions[i]);
   panel_.cmdaddfile->caption = u"Add One File"_s;
@@ -74,9 +71,28 @@ void Mp3SetupForm::open() {
 void Mp3SetupForm::showCommands() {
   for (const Command later : {Delete, CopyDirectories})
     panel_.cmdMp3[later]->visible = doors_.find(*panel_.cmdMp3[later]) != nullptr;
-  std::vector<Control*> commands{panel_.cmdMp3[Scan], panel_.cmdMp3[AddMisc], panel_.cmdaddfile,
-                                 panel_.cmdMp3[CopyDirectories], panel_.cmdMp3[Delete]};
-  flow(commands, kCommands, 2, 104, 16);
+  const std::vector<Control*> commands{panel_.cmdMp3[AddMisc], panel_.cmdaddfile,
+                                       panel_.cmdMp3[CopyDirectories], panel_.cmdMp3[Delete]};
+  layOut(commands);
+}
+
+// The ways of a scan stand beside its button, the other commands below it, two to a row.
+void Mp3SetupForm::layOut(std::span<Control* const> commands) {
+  const auto shown =
+      std::ranges::count_if(commands, [](const Control* command) { return command->visible(); });
+  const int rows = 1 + static_cast<int>(shown + 1) / 2, gap = 16;
+  const int height = (kCommands.height - gap * (rows - 1)) / rows;
+  Rect first = kCommands, below = kCommands;
+  first.width = (kCommands.width - gap) / 2;
+  first.height = height;
+  panel_.cmdMp3[Scan]->rect = first;
+  for (Check* way : panel_.optScan) {
+    Rect place = way->design;
+    place.height = height;
+    way->rect = place;
+  }
+  below.top += height + gap;
+  flow(commands, below, 2, height, gap);
 }
 
 void Mp3SetupForm::chooseScan(int index) {

@@ -29,7 +29,7 @@ class Mp3SetupForm {
 
  private:
   struct Panel {
-    Label *lblTitle, *lblHow;
+    Label* lblTitle;
     std::array<Button*, 4> cmdMp3;
     std::array<Check*, 2> optScan;
     Button *cmdaddfile, *cmdOK;
@@ -41,6 +41,7 @@ class Mp3SetupForm {
   void cmdaddfile_Click();
   void chooseScan(int index);
   void showCommands();
+  void layOut(std::span<Control* const> commands);
 
   Uses uses_;
   Form form_;

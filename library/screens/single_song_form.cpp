@@ -119,15 +119,17 @@ void SingleSongForm::cmdCopy_Click() {
   stopped_ = false;
   panel_.cmdCancel->caption = u"Stop"_s;
   try {
-    const Busy busy(uses_.screen);
-    copySongs();
+    {
+      const Busy busy(uses_.screen);
+      copySongs();
+    }
+    uses_.news.songsChanged();
   } catch (const std::exception& failure) {
     panel_.txtStatus->caption = QString();
     uses_.messages.say(QString::fromUtf8(failure.what()));
   }
   panel_.cmdCancel->caption = u"Cancel"_s;
   copying_ = false;
-  uses_.news.songsChanged();
 }
 
 void SingleSongForm::cmdCancel_Click() {

@@ -40,9 +40,8 @@ TEST_F(Directorys, ScansByItsMode) {
     messages.typed = {u"M"_s};
     press(form, u"txtListenerDrive"_s);
     press(form, u"cmdok"_s);
-    EXPECT_EQ(textOf(form, u"txtStatus"_s), u"Finished"_s);
-    EXPECT_EQ(textOf(form, u"lblRate"_s),
-              u"10 songs, 8 new, 20 songs a second, 1 could not be read (see log.txt)"_s);
+    EXPECT_EQ(textOf(form, u"txtStatus"_s), u"Finished, 1 could not be read (see log.txt)"_s);
+    EXPECT_EQ(textOf(form, u"lblRate"_s), u"10 songs, 8 new, 20 songs a second"_s);
     EXPECT_TRUE(form.shown());
   }));
   EXPECT_FALSE(opens(at(u"MP3"_s), [&](Form& form) {
@@ -70,7 +69,7 @@ TEST_F(Directorys, AScanShowsItsProgressAndCanBeStopped) {
     press(form, u"cmdok"_s);
     EXPECT_TRUE(import.stopped);
     EXPECT_TRUE(form.shown());  // what was found until then is told
-    EXPECT_EQ(textOf(form, u"txtStatus"_s), u"Stopped"_s);
+    EXPECT_TRUE(textOf(form, u"txtStatus"_s).startsWith("Stopped"_L1));
     EXPECT_FALSE(screen.busy());
     EXPECT_EQ(textOf(form, u"cmdCancel"_s), u"Cancel"_s);
     press(form, u"cmdCancel"_s);
