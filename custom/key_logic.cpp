@@ -10,6 +10,14 @@ int after(const QString& text, int at) {
   return std::min(at + (pair ? 2 : 1), static_cast<int>(text.size()));
 }
 
+// The caret nearest to `at` that the text has.
+int caretAt(const QString& text, int at) {
+  at = std::clamp(at, 0, static_cast<int>(text.size()));
+  const bool within =
+      at > 0 && at < text.size() && text[at - 1].isHighSurrogate() && text[at].isLowSurrogate();
+  return within ? at - 1 : at;
+}
+
 int before(const QString& text, int at) {
   const bool pair = at >= 2 && text[at - 1].isLowSurrogate() && text[at - 2].isHighSurrogate();
   return std::max(at - (pair ? 2 : 1), 0);
@@ -27,12 +35,7 @@ void deleteAtCaret(KeyState& state) {
   const int to = after(state.text, state.selStart);
   state.text.replace(state.selStart, to - state.selStart, u"^"_s);
   state.text.remove(u'^');
-  int& at = state.selStart;
-  at = std::min(at, static_cast<int>(state.text.size()));
-  // The marks that went before the caret may have drawn a pair under it.
-  const bool within = at > 0 && at < state.text.size() && state.text[at].isLowSurrogate() &&
-                      state.text[at - 1].isHighSurrogate();
-  if (within) --at;
+  state.selStart = caretAt(state.text, state.selStart);
 }
 
 void insert(KeyState& state, const QString& character) {
@@ -49,8 +52,7 @@ QString typed(const Key& key, bool shifted) {
 }
 
 KeyResult pressKey(const KeyboardLayout& layout, int code, KeyState state) {
-  const int length = static_cast<int>(state.text.size());
-  state.selStart = std::clamp(state.selStart, 0, length);
+  state.selStart = caretAt(state.text, state.selStart);
   const Key* key = layout.key(code);
   if (!key) return {state};
   switch (code) {
@@ -72,7 +74,7 @@ KeyResult pressKey(const KeyboardLayout& layout, int code, KeyState state) {
       state.selStart = 0;
       break;
     case scan::End:
-      state.selStart = length;
+      state.selStart = static_cast<int>(state.text.size());
       break;
     case scan::Left:
       state.selStart = before(state.text, state.selStart);

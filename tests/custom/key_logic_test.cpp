@@ -52,6 +52,8 @@ TEST(KeyLogic, EditsAtTheCaret) {
       {"delete at the end", u"abc"_s, 3, scan::Delete, u"abc"_s, 3},
       {"delete takes every ^", u"^a^b^"_s, 1, scan::Delete, u"b"_s, 1},
       {"delete moves no caret beyond", u"^^^a"_s, 3, scan::Delete, u""_s, 0},
+      {"delete leaves the caret beside a pair", u"^a^"_s + pair.mid(1, 2), 1, scan::Delete,
+       pair.mid(1, 2), 0},
       {"home", u"abc"_s, 2, scan::Home, u"abc"_s, 0},
       {"end", u"abc"_s, 1, scan::End, u"abc"_s, 3},
       {"left", u"abc"_s, 2, scan::Left, u"abc"_s, 1},
