@@ -60,6 +60,11 @@ int show(const CommandLine& line, const QString& home, DiskFileSystem& files, Qt
                 player, screenPower, session, mixer,
                 tray,   box,         lock,    [] { return std::make_unique<WinsockQt>(); }};
   WindowHost* window = nullptr;
+  bool ended = false;  // also while the start still runs its own turns of the event loop
+  const auto end = [&ended] {
+    ended = true;
+    QCoreApplication::exit(0);
+  };
   Console console(
       system,
       [&](Graphics& graphics) {
@@ -68,18 +73,19 @@ int show(const CommandLine& line, const QString& home, DiskFileSystem& files, Qt
         window = made.get();
         return made;
       },
-      home, [] { QCoreApplication::exit(0); });
+      home, end);
   window->closeAsked = [&] { pump.later([&] { console.window.imgExit_Click(); }); };
   window->setMovable(console.settings.flag(key::MOVEMAIN));
   window->setSinglePress(console.settings.flag(key::SinglePress));
   ScreenPointer pointer(console.screen);
   ControlServer control(*window);
+  control.commands().quit = end;
   if (!line.control.isEmpty()) {
     QString error;
     if (!control.listen(line.control, &error)) return complain(error);
   }
   if (!console.SubMain()) return 1;
-  const int result = QCoreApplication::exec();
+  const int result = ended ? 0 : QCoreApplication::exec();
   console.startup.closeit();
   window->close();
   return result;
