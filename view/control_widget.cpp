@@ -1,5 +1,7 @@
 #include "view/control_widget.h"
 
+#include <QTimer>
+
 #include "view/button_widget.h"
 #include "view/check_widget.h"
 #include "view/frame_widget.h"
@@ -37,7 +39,10 @@ void ControlWidget::mirror(Aspect aspect) {
       break;
     case Aspect::Caption:
       setToolTip(control_.toolTip());
-      update();
+      if (face_.captionDelayMs > 0)
+        QTimer::singleShot(face_.captionDelayMs, this, [this] { update(); });
+      else
+        update();
       break;
     case Aspect::Picture:
     case Aspect::Colours:

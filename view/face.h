@@ -21,6 +21,7 @@ struct Face {
   PictureCache& pictures;
   Touch& touch;
   double scale = 1;  // device pixels of one form unit
+  int captionDelayMs = 0;  // a caption that changes again sooner is not painted
   Bubble* bubble = nullptr;
 
   double px(double units) const { return units * scale; }

@@ -4,6 +4,7 @@
 #include <QPaintEvent>
 #include <QPainter>
 
+#include "view/fresh_image.h"
 #include "view/style.h"
 
 namespace korvane {
@@ -92,6 +93,7 @@ void FormView::fit(QRect place, double scale) {
 void FormView::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
   if (!form_.picture().empty() && background_.isNull()) {
+    readyBackingStore(*this);
     const bool covers = !rounded_;
     background_ =
         face_.pictures.render(form_.picture(), size(), covers ? Fit::Cover : Fit::Stretch);

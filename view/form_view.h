@@ -20,6 +20,8 @@ class FormView : public QWidget, private FormObserver {
   // Stands at `place` with `scale` pixels a form unit; the form is laid out to fill it.
   void fit(QRect place, double scale);
   void setRounded(bool on);  // a card; otherwise it fills its place
+  // Captions of a form that tells of progress are painted once a frame.
+  void setCaptionDelay(int milliseconds) { face_.captionDelayMs = milliseconds; }
   double scale() const { return face_.scale; }
 
   ControlWidget* widget(const Control& control) const { return widgets_.value(&control); }

@@ -5,6 +5,8 @@
 #include <QPainter>
 #include <QSvgRenderer>
 
+#include "view/fresh_image.h"
+
 namespace korvane {
 namespace {
 
@@ -28,8 +30,9 @@ QPixmap drawnSvg(const QByteArray& bytes, QSize size, Fit fit) {
   if (!renderer.isValid() || natural.isEmpty()) return {};
   const QSize target = scaledTo(natural, size, fit == Fit::Cover ? Fit::Stretch : fit);
   const bool fills = fit != Fit::Inside;  // what fills its place hides what lies below
-  QImage image(target.expandedTo({1, 1}),
-               fills ? QImage::Format_RGB32 : QImage::Format_ARGB32_Premultiplied);
+  QImage image =
+      freshImage(target.expandedTo({1, 1}),
+                 fills ? QImage::Format_RGB32 : QImage::Format_ARGB32_Premultiplied);
   image.fill(fills ? Qt::black : Qt::transparent);
   QPainter painter(&image);
   renderer.render(&painter, QRectF(image.rect()));
@@ -50,8 +53,10 @@ QPixmap decoded(const QByteArray& bytes, QSize size, Fit fit) {
     if (turned) target.transpose();
     reader.setScaledSize(target);
   }
-  QImage image = reader.read();
-  if (image.isNull()) return {};
+  QImage image;
+  if (natural.isValid() && reader.imageFormat() == QImage::Format_RGB32)
+    image = freshImage(reader.scaledSize(), QImage::Format_RGB32);  // the reader draws into it
+  if (!reader.read(&image)) return {};
   if (!natural.isValid()) {
     image = image.scaled(scaledTo(image.size(), size, fit), Qt::IgnoreAspectRatio,
                          Qt::SmoothTransformation);

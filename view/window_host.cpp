@@ -9,6 +9,7 @@
 
 #include "view/drag_mover.h"
 #include "view/fade_layer.h"
+#include "view/fresh_image.h"
 #include "view/key_codes.h"
 #include "view/surface_widget.h"
 
@@ -17,6 +18,7 @@ namespace {
 
 constexpr int kDesignWidth = 1280, kDesignHeight = 768;
 constexpr int kExposeMs = 250;
+constexpr int kFrameMs = 16;
 
 }  // namespace
 
@@ -88,6 +90,7 @@ WindowHost::Layer& WindowHost::open(Form& form, Role role) {
     made->setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
   made->setRounded(modal &&
                    (form.design.width < kDesignWidth || form.design.height < kDesignHeight));
+  if (role == Role::Splash) made->setCaptionDelay(kFrameMs);
   if (role == Role::Strip || (role == Role::Main && movable_))
     new DragMover(made, role == Role::Strip);
   Layer layer{made, role, dim};
@@ -208,7 +211,9 @@ void WindowHost::close(Form& form) {
 void WindowHost::fadeOut(Form& form, int milliseconds) {
   Layer* fading = layer(form);
   if (fading && milliseconds > 0 && stage_->isVisible() && fading->role != Role::Strip) {
-    FadeLayer layer(fading->view->grab(), fading->view->geometry(), stage_.get());
+    QImage seen = freshImage(fading->view->size(), QImage::Format_RGB32);
+    fading->view->render(&seen);
+    FadeLayer layer(QPixmap::fromImage(std::move(seen)), fading->view->geometry(), stage_.get());
     fading->view->hide();
     layer.run(milliseconds);
   }
