@@ -1,5 +1,5 @@
-// Image memory made ready in one request to the system: the first touch of a page costs more than drawing on
-// it, and a picture of a screen has a thousand of them.
+// Image memory made ready in one request to the system: the first touch of a page costs more than
+// drawing on it, and a picture of a screen has a thousand of them.
 #pragma once
 
 #include <QImage>

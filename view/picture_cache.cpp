@@ -30,9 +30,8 @@ QPixmap drawnSvg(const QByteArray& bytes, QSize size, Fit fit) {
   if (!renderer.isValid() || natural.isEmpty()) return {};
   const QSize target = scaledTo(natural, size, fit == Fit::Cover ? Fit::Stretch : fit);
   const bool fills = fit != Fit::Inside;  // what fills its place hides what lies below
-  QImage image =
-      freshImage(target.expandedTo({1, 1}),
-                 fills ? QImage::Format_RGB32 : QImage::Format_ARGB32_Premultiplied);
+  QImage image = freshImage(target.expandedTo({1, 1}),
+                            fills ? QImage::Format_RGB32 : QImage::Format_ARGB32_Premultiplied);
   image.fill(fills ? Qt::black : Qt::transparent);
   QPainter painter(&image);
   renderer.render(&painter, QRectF(image.rect()));
@@ -40,32 +39,40 @@ QPixmap drawnSvg(const QByteArray& bytes, QSize size, Fit fit) {
   return QPixmap::fromImage(std::move(image), Qt::NoOpaqueDetection);
 }
 
+// As large as `size` asks, what Fit::Cover hangs over cut off.
+QImage fitted(const QImage& image, QSize size, Fit fit) {
+  const QSize target = scaledTo(image.size(), size, fit).expandedTo({1, 1});
+  const QSize seen = fit == Fit::Cover ? size : target;
+  if (seen == image.size()) return image;
+  QImage drawn = freshImage(
+      seen, image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32);
+  QPainter painter(&drawn);
+  painter.setCompositionMode(QPainter::CompositionMode_Source);
+  painter.setRenderHint(QPainter::SmoothPixmapTransform);
+  const QPoint corner((seen.width() - target.width()) / 2, (seen.height() - target.height()) / 2);
+  painter.drawImage(QRect(corner, target), image);
+  return drawn;
+}
+
+// A picture much larger than its place is made smaller while it is read.
 QPixmap decoded(const QByteArray& bytes, QSize size, Fit fit) {
   QBuffer buffer;
   buffer.setData(bytes);
   QImageReader reader(&buffer);
   reader.setAutoTransform(true);
-  QSize natural = reader.size();
+  const QSize natural = reader.size();
+  QImage image;
   if (natural.isValid() && !natural.isEmpty()) {
     const bool turned = reader.transformation() & QImageIOHandler::TransformationRotate90;
-    if (turned) natural.transpose();
-    QSize target = scaledTo(natural, size, fit).expandedTo({1, 1});
-    if (turned) target.transpose();
-    reader.setScaledSize(target);
+    const QSize target = scaledTo(turned ? natural.transposed() : natural, size, fit);
+    const QSize stored = turned ? target.transposed() : target;
+    if (stored.width() * 2 <= natural.width())
+      reader.setScaledSize(stored.expandedTo({1, 1}));
+    else if (reader.imageFormat() == QImage::Format_RGB32)
+      image = freshImage(natural, QImage::Format_RGB32);  // the reader draws into it
   }
-  QImage image;
-  if (natural.isValid() && reader.imageFormat() == QImage::Format_RGB32)
-    image = freshImage(reader.scaledSize(), QImage::Format_RGB32);  // the reader draws into it
   if (!reader.read(&image)) return {};
-  if (!natural.isValid()) {
-    image = image.scaled(scaledTo(image.size(), size, fit), Qt::IgnoreAspectRatio,
-                         Qt::SmoothTransformation);
-  }
-  if (fit == Fit::Cover && image.size() != size) {
-    const QPoint corner((image.width() - size.width()) / 2, (image.height() - size.height()) / 2);
-    image = image.copy(QRect(corner, size));
-  }
-  return QPixmap::fromImage(std::move(image));
+  return QPixmap::fromImage(fitted(image, size, fit));
 }
 
 }  // namespace
