@@ -9,5 +9,6 @@ namespace korvane {
 int benchScan(const QStringList& arguments);   // TREE HOME: the database is made anew
 int benchLists(const QStringList& arguments);  // HOME
 int benchFind(const QStringList& arguments);   // HOME
+int benchPage(const QStringList& arguments);   // GRID HOME: of a whole console
 
 }  // namespace korvane
