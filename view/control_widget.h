@@ -18,6 +18,8 @@ class ControlWidget : public QWidget {
   virtual void mirror(Aspect aspect);
   // Takes the place of the control's rectangle at the present scale.
   virtual void place();
+  // Draws ahead, out of sight, what the next paint would have to draw first.
+  virtual void prepare() {}
   // The finger's press is taken back: nothing fires at its release.
   virtual void cancelPress() {}
 

@@ -20,7 +20,7 @@ struct Touch {
 struct Face {
   PictureCache& pictures;
   Touch& touch;
-  double scale = 1;  // device pixels of one form unit
+  double scale = 1;        // device pixels of one form unit
   int captionDelayMs = 0;  // a caption that changes again sooner is not painted
   Bubble* bubble = nullptr;
 

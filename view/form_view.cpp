@@ -8,6 +8,11 @@
 #include "view/style.h"
 
 namespace korvane {
+namespace {
+
+constexpr int kPrepareMs = 2;  // a turn; the finger comes between
+
+}  // namespace
 
 FormView::FormView(Form& form, PictureCache& pictures, Touch& touch, QWidget* parent)
     : QWidget(parent), form_(form), face_{pictures, touch}, touch_(touch) {
@@ -76,6 +81,22 @@ void FormView::formChanged(Form&, Aspect aspect) {
     default:
       break;
   }
+}
+
+void FormView::prepareControls() {
+  const auto next = std::make_shared<size_t>(0);
+  auto* turns = new QTimer(this);
+  connect(turns, &QTimer::timeout, this, [this, next, turns] {
+    const auto& controls = form_.controls();
+    while (*next < controls.size()) {
+      ControlWidget* each = widget(*controls[(*next)++]);
+      if (!each) continue;
+      each->prepare();
+      return;
+    }
+    turns->deleteLater();
+  });
+  turns->start(kPrepareMs);
 }
 
 void FormView::fit(QRect place, double scale) {

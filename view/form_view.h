@@ -22,6 +22,9 @@ class FormView : public QWidget, private FormObserver {
   void setRounded(bool on);  // a card; otherwise it fills its place
   // Captions of a form that tells of progress are painted once a frame.
   void setCaptionDelay(int milliseconds) { face_.captionDelayMs = milliseconds; }
+  // Has every control prepare, one each turn of the event loop, so that no first visit waits for
+  // it.
+  void prepareControls();
   double scale() const { return face_.scale; }
 
   ControlWidget* widget(const Control& control) const { return widgets_.value(&control); }

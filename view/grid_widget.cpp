@@ -249,6 +249,10 @@ void GridWidget::hideEvent(QHideEvent* event) {
   ControlWidget::hideEvent(event);
 }
 
+void GridWidget::prepare() {
+  if (grid_.maxRows() > 0) grab(QRect(0, 0, width(), 2 * rowHeight()).intersected(rect()));
+}
+
 void GridWidget::paintEvent(QPaintEvent* event) {
   GridView view;
   view.header = rowRect(0);

@@ -14,6 +14,7 @@ namespace korvane {
 class GridWidget : public ControlWidget {
  public:
   GridWidget(Grid& grid, Face& face, QWidget* parent);
+  void prepare() override;  // its letters and cards
   void mirror(Aspect aspect) override;
   void place() override;
   void cancelPress() override;

@@ -15,6 +15,11 @@ QPixmap darkened(QPixmap picture) {
 
 }  // namespace
 
+void ImageWidget::prepare() {
+  if (!control().picture().empty())
+    face().pictures.pixmap(control().picture(), size() * devicePixelRatio());
+}
+
 void ImageWidget::paintEvent(QPaintEvent*) {
   const Picture& normal = control().picture();
   if (normal.empty()) return;

@@ -8,6 +8,7 @@ namespace korvane {
 class ImageWidget : public PressWidget {
  public:
   using PressWidget::PressWidget;
+  void prepare() override;
 
  protected:
   void paintEvent(QPaintEvent* event) override;

@@ -217,7 +217,11 @@ void WindowHost::fadeOut(Form& form, int milliseconds) {
     fading->view->hide();
     layer.run(milliseconds);
   }
+  const bool starts = fading && fading->role == Role::Splash;
   form.shown = false;
+  if (!starts) return;
+  for (const Layer& each : layers_)
+    if (each.role == Role::Main) each.view->prepareControls();
 }
 
 void WindowHost::close() {
