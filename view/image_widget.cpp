@@ -15,9 +15,19 @@ QPixmap darkened(QPixmap picture) {
 
 }  // namespace
 
-void ImageWidget::prepare() {
+void ImageWidget::mirror(Aspect aspect) {
+  PressWidget::mirror(aspect);
+  if (aspect == Aspect::Picture) drawAhead();
+}
+
+void ImageWidget::place() {
+  PressWidget::place();
+  drawAhead();
+}
+
+void ImageWidget::drawAhead() {
   if (!control().picture().empty())
-    face().pictures.pixmap(control().picture(), size() * devicePixelRatio());
+    face().pictures.prepare(control().picture(), size() * devicePixelRatio());
 }
 
 void ImageWidget::paintEvent(QPaintEvent*) {

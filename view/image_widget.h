@@ -8,10 +8,14 @@ namespace korvane {
 class ImageWidget : public PressWidget {
  public:
   using PressWidget::PressWidget;
-  void prepare() override;
+  void mirror(Aspect aspect) override;
+  void place() override;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+
+ private:
+  void drawAhead();
 };
 
 }  // namespace korvane

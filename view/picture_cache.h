@@ -6,14 +6,9 @@
 #include <QPixmap>
 
 #include "core/graphics.h"
+#include "view/draw_ahead.h"
 
 namespace korvane {
-
-enum class Fit {
-  Inside,   // whole and undistorted, centred by the one who paints it
-  Cover,    // fills the size, undistorted, what stands over cut off
-  Stretch,  // fills the size
-};
 
 class PictureCache {
  public:
@@ -23,6 +18,9 @@ class PictureCache {
   // empty, missing or broken picture.
   QPixmap pixmap(const Picture& picture, QSize size, Fit fit = Fit::Inside);
 
+  // Begins to draw what pixmap() will soon be asked for.
+  void prepare(const Picture& picture, QSize size);
+
   // The same without keeping it, for what is as large as the screen.
   QPixmap render(const Picture& picture, QSize size, Fit fit) const;
 
@@ -30,30 +28,16 @@ class PictureCache {
   std::optional<Picture> pressedPartner(const Picture& picture);
 
  private:
-  struct Source {
-    std::shared_ptr<const void> owner;  // keeps the bytes, and with them the key, alive
-    QByteArray bytes;
-    bool svg = false;
-  };
-  struct Key {
-    const void* source;
-    int width, height;
-    Fit fit;
-    bool operator==(const Key&) const = default;
-    friend size_t qHash(const Key& key, size_t seed) {
-      return qHashMulti(seed, key.source, key.width, key.height, static_cast<int>(key.fit));
-    }
-  };
   struct Kept {
     std::shared_ptr<const void> owner;
     QPixmap pixmap;
   };
 
-  Source source(const Picture& picture) const;
-  static QPixmap drawn(const Source& source, QSize size, Fit fit);
+  PictureSource source(const Picture& picture) const;
 
   Graphics& graphics_;
-  QCache<Key, Kept> kept_;
+  QCache<PictureKey, Kept> kept_;
+  DrawAhead ahead_;
 };
 
 }  // namespace korvane
