@@ -44,6 +44,7 @@ class Console : private StartupParts {
   TabController tabs;
   TabParts parts;
   Database database;
+  Playlists playlists;
   std::unique_ptr<Winsock> connectionMP3, connectionMovie, connectionML, x10Control;
   MusicConnection music;
   Transport transport;

@@ -57,6 +57,7 @@ void Browsing::cmdTop_Click(int index) {
       break;
     case kPlaylists:
       uses_.main.ResetSelections();
+      if (!uses_.state.jukeboxMode) uses_.playlists.PlayListSetupFiles(*panel_.grid[6]);
       showGrid(6);
       break;
     case kAllSongs:
@@ -145,6 +146,9 @@ void Browsing::Grid_Click(int index, int, int row) {
     case 4:
       openAlbum(grid.cell(2, row), grid.cell(1, row), 4);
       break;
+    case 6:
+      if (!uses_.state.jukeboxMode) openPlaylist(grid.cell(1, row), grid.cell(2, row));
+      break;
     default:
       panel_.VscrollAllSongs->value = row;
   }
@@ -159,10 +163,7 @@ PlaySong Browsing::songAt(int index, int row) const {
             {},
             {},
             grid.cell(3, row)};
-  if (index == 3) {
-    const PlaySong& song = uses_.database.rsPlaySongs.at(row);
-    return song;
-  }
+  if (index == 3) return uses_.playlists.openedSong(row);
   return {grid.cell(1, row), grid.cell(3, row), grid.cell(2, row), {}, {}, grid.cell(5, row)};
 }
 
@@ -196,6 +197,7 @@ void Browsing::play(int index, int row) {
       break;
     case 3:
       songs_.startFrom(index);
+      uses_.playlists.useOpened();
       break;
     case 5:
       panel_.VscrollAllSongs->value = row;

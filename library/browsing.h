@@ -9,6 +9,7 @@
 #include "core/prompt.h"
 #include "core/screen.h"
 #include "library/database.h"
+#include "library/playlists.h"
 #include "platform/machine.h"
 #include "platform/pump.h"
 
@@ -49,6 +50,7 @@ class Browsing {
     const Log& log;
     const Palette& palette;
     Database& database;
+    Playlists& playlists;
   };
   Browsing(Form& form, Uses uses, SongActivation& songs);
 
@@ -60,6 +62,9 @@ class Browsing {
   void getFavorites(bool fill);
   // Fills Grid(1) with an album, without touching the play list.
   void getArtistOrAlbumSongs(const QString& artist, const QString& album);
+
+  // Opens a list: its songs, with the caption that names it. Says so when it has none. Yields.
+  void openPlaylist(const QString& name, const QString& path);
 
   void cmdTop_Click(int index);
   void Grid_Click(int index, int column, int row);

@@ -130,6 +130,22 @@ void Browsing::openArtist(int row) {
   showGrid(2);
 }
 
+void Browsing::openPlaylist(const QString& name, const QString& path) {
+  QString error;
+  Grid& grid = *panel_.grid[3];
+  const bool read = uses_.playlists.getPlayListSongs(path, &grid, &error);
+  const int songs = uses_.playlists.openedCount();
+  if (songs == 0) {
+    panel_.lblCurrentPlayList->caption = QString();
+    uses_.messages.say(read ? u"No songs in the playlist to use!! "_s : error);
+    return;
+  }
+  grid.header = name;
+  showGrid(3);
+  panel_.lblCurrentPlayList->caption =
+      u"Play List = "_s + name + u"  ("_s + QString::number(songs) + u')';
+}
+
 void Browsing::openAlbum(const QString& artist, const QString& album, int from) {
   getArtistOrAlbumSongs(artist, album);
   backGrid_ = from;
