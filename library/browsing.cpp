@@ -31,18 +31,29 @@ void Browsing::showGrid(int index) {
   panel_.VscrollAllSongs->value = std::max(grid.row(), 1);
   panel_.VscrollAllSongs->visible = true;
   panel_.cmdOneSong[0]->visible = panel_.cmdOneSong[1]->visible = true;
+  if (uses_.state.playListEditing && editor_) editor_->listShown(index);
 }
 
-bool Browsing::leaveEditing() {
+// The lists that songs are taken from stay open to the editor; the others end it.
+bool Browsing::leaveEditing(int command) {
   if (!uses_.state.playListEditing) return true;
-  return uses_.messages.confirm(
-      u" This will cancel any play list changes, do you want to continue? "_s);
+  if (command != kPlaylists && command != kFavourites) return true;
+  if (!uses_.messages.confirm(
+          u" This will cancel any play list changes, do you want to continue? "_s))
+    return false;
+  if (editor_) editor_->cancel();
+  return true;
 }
 
 void Browsing::cmdTop_Click(int index) {
   if (uses_.screen.busy()) return;
   const Busy busy(uses_.screen, Screen::Custom);
-  if (!leaveEditing()) return;
+  if (!leaveEditing(index)) return;
+  if (uses_.state.playListEditing && editor_ &&
+      (index == kSearch || (index == kBack && editor_->searching()))) {
+    editor_->search();
+    return;
+  }
   const bool keepsMarks = index == kBack || index == kSearch || index == kPlaylists;
   if (!keepsMarks || (index == kPlaylists && uses_.state.jukeboxMode)) uses_.main.ResetSelections();
   if (lastTop_ == kPlaylists && uses_.state.jukeboxMode) panel_.cmdControls[5]->visible = true;
@@ -217,14 +228,18 @@ void Browsing::play(int index, int row) {
 void Browsing::Grid_ButtonClicked(int index, int column, int row) {
   if (index != 8 || column != 6 || uses_.screen.busy()) return;
   const Busy busy(uses_.screen, Screen::Custom);
-  Grid& grid = *panel_.grid[8];
-  uses_.database.clearFavorite(grid.cell(3, row), grid.cell(2, row), grid.cell(1, row));
-  grid.deleteRow(row);
+  if (row < 1 || row > favouriteSongs_.size()) return;
+  const Song song = favouriteSongs_.takeAt(row - 1);
+  uses_.database.clearFavorite(song.Artist, song.album, song.SongTitle);
+  forgetMarks();
+  panel_.grid[8]->deleteRow(row);
   Recordset<PlaySong>& list = uses_.database.rsPlaySongs;
-  const int playing = list.AbsolutePosition();
-  list.setAbsolutePosition(row);
-  list.Delete();
-  list.setAbsolutePosition(playing > row ? playing - 1 : playing);
+  if (list.at(row).Path == song.SongPath) {
+    const int playing = list.AbsolutePosition();
+    list.setAbsolutePosition(row);
+    list.Delete();
+    list.setAbsolutePosition(playing > row ? playing - 1 : playing);
+  }
   showGrid(8);
 }
 

@@ -26,6 +26,16 @@ class SongActivation {
   virtual void playFailed() = 0;  // the transport's pictures go back to stopped
 };
 
+// The playlist editor, as the lists see it.
+class ListEditor {
+ public:
+  virtual ~ListEditor() = default;
+  virtual void cancel() = 0;             // what was not saved is dropped
+  virtual void listShown(int grid) = 0;  // another list of the library is in front
+  virtual void search() = 0;             // shows or hides its search panel
+  virtual bool searching() const = 0;
+};
+
 struct BrowsingPanel {
   explicit BrowsingPanel(Form& form);
   std::array<Grid*, 11> grid;
@@ -53,6 +63,8 @@ class Browsing {
     Playlists& playlists;
   };
   Browsing(Form& form, Uses uses, SongActivation& songs);
+
+  void setEditor(ListEditor& editor) { editor_ = &editor; }
 
   // Columns, font, row height and colours of every list.
   void setUpGrids();
@@ -86,6 +98,12 @@ class Browsing {
   bool openAt(const QString& path);
   // Shows the album of a song with the song active, and marks the artists' command.
   void showSongInAlbum(const QString& artist, const QString& album, const QString& title);
+  // The selected song of the list on screen, with its own title; nothing where no song is shown.
+  std::optional<PlaySong> selectedSong() const;
+  void showMarked();  // the selected song has become a favourite
+  // Shows a list that runs, its song active: an album, a playlist with its caption, all songs or
+  // the favourites.
+  void showRunning(int grid, int row, const QList<PlaySong>& songs, const QString& caption);
   bool moveActive(int grid, int rows);  // false at an end
   void resetPlayListView();             // no list chosen, the artists in front
 
@@ -100,14 +118,16 @@ class Browsing {
   void addToJukebox(int index, int row);
   PlaySong songAt(int index, int row) const;
   void fillPlaySongs(const QList<Song>& songs);
-  bool leaveEditing();
+  bool leaveEditing(int command);
+  void forgetMarks();
 
   Uses uses_;
   SongActivation& songs_;
+  ListEditor* editor_ = nullptr;
   BrowsingPanel panel_;
   std::shared_ptr<AllSongs> rsMain_;
-  QList<Song> albumSongs_;  // of Grid(1)
-  QString artist_;          // of Grid(2)
+  QList<Song> albumSongs_, favouriteSongs_;  // of Grid(1) and Grid(8)
+  QString artist_;                           // of Grid(2)
   QString typed_;
   int lastTop_ = 0;
   int backGrid_ = 0;    // where Grid(1) was entered from: 4 all albums, 0 artists

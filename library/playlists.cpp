@@ -133,6 +133,11 @@ bool Playlists::getPlayListSongs(const QString& path, Grid* grid, QString* error
   return songs.has_value();
 }
 
+void Playlists::reopen(const QList<PlaySong>& songs, Grid& grid) {
+  opened_ = std::make_shared<PlaySongRows>(songs);
+  grid.setRows(std::shared_ptr<const RowSource>(opened_));
+}
+
 void Playlists::useOpened() {
   if (!opened_ || uses_.database.rsPlaySongs.rows().isSharedWith(opened_->songs)) return;
   uses_.database.resetPlaySongs();

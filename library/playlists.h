@@ -49,6 +49,8 @@ class Playlists {
   // The songs alone; nothing when the file cannot be read. Yields.
   std::optional<QList<PlaySong>> read(const QString& path, QString* error = nullptr);
 
+  void reopen(const QList<PlaySong>& songs, Grid& grid);  // shows a list that was opened before
+
   // The play list becomes the one that was opened last, when another has taken its place since.
   void useOpened();
   const PlaySong& openedSong(int row) const;  // of the list opened last
@@ -59,6 +61,7 @@ class Playlists {
   bool save(const QString& path, const QStringList& paths, QString* error);
   bool rename(const QString& path, const QString& name, QString* error);
   bool remove(const QString& path) { return uses_.files.DeleteFile(path); }
+  bool taken(const QString& path) const { return uses_.files.FileExists(path); }
   QString pathOf(const QString& name) { return directory() + u'/' + name + u".m3u"_s; }
 
   static bool goodName(QStringView name);  // holds none of \ / : * ? < > | and no line's end
