@@ -5,9 +5,7 @@
 namespace korvane {
 namespace {
 
-// Where the library's list, its slider and its buttons stand while a list is edited.
-constexpr Rect kList{256, 8, 350, 560}, kSlider{612, 104, 88, 368};
-constexpr Rect kUp{612, 8, 88, 88}, kDown{612, 480, 88, 88};
+constexpr int kGap = 6;  // form units
 constexpr int kOffTheForm = -9000;
 
 bool givesSongs(int grid) {
@@ -41,6 +39,7 @@ PlaylistEditor::PlaylistEditor(Form& form, Uses uses)
               [this](const QString& title, const QString& path) { addSong(title, path); }) {
   panel_.cmdPlayListChoices[0]->caption = u"Cancel"_s;
   panel_.cmdPlayListChoices[1]->caption = u"Save"_s;
+  for (Button* choice : panel_.cmdPlayListChoices) choice->fontUnits = 24;
 }
 
 void PlaylistEditor::create() {
@@ -102,22 +101,40 @@ void PlaylistEditor::setOwn(bool visible) {
   panel_.cmdOneSong[2]->visible = panel_.cmdOneSong[3]->visible = visible;
 }
 
-void PlaylistEditor::show() {
-  if (moved_.empty()) {
-    const auto move = [this](Control* control, Rect to) {
-      moved_.emplace_back(control, control->rect());
-      control->rect = to;
-    };
-    for (Control* control : covered()) {
-      Rect away = control->rect();
-      away.left = kOffTheForm;
-      move(control, away);
-    }
-    for (const size_t list : {0, 1, 2, 3, 4, 5, 6, 8}) move(panel_.grid[list], kList);
-    panel_.VscrollAllSongs->rect = kSlider;
-    panel_.cmdOneSong[0]->rect = kUp;
-    panel_.cmdOneSong[1]->rect = kDown;
+// The library's list shares the room with the one being edited; what stands elsewhere on the tab
+// leaves the form.
+void PlaylistEditor::makeRoom() {
+  const auto move = [this](Control* control, Rect to) {
+    moved_.emplace_back(control, control->rect());
+    control->rect = to;
+  };
+  for (Control* control : covered()) {
+    Rect away = control->rect();
+    away.left = kOffTheForm;
+    move(control, away);
   }
+  const Rect own = panel_.gridPlayListSongs->rect();
+  const auto beside = [&](Rect place) {
+    place.left = own.left - kGap - place.width;
+    return place;
+  };
+  const Rect slider = beside(panel_.playlistslider->rect());
+  for (const size_t list : {0, 1, 2, 3, 4, 5, 6, 8}) {
+    Rect narrow = panel_.grid[list]->rect();
+    narrow.width = slider.left - kGap - narrow.left;
+    move(panel_.grid[list], narrow);
+  }
+  panel_.VscrollAllSongs->rect = slider;
+  panel_.cmdOneSong[0]->rect = beside(panel_.cmdOneSong[2]->rect());
+  panel_.cmdOneSong[1]->rect = beside(panel_.cmdOneSong[3]->rect());
+  wideColumns_ = panel_.grid[5]->columns();
+  std::vector<Grid::Column> narrow = wideColumns_;
+  for (size_t column = 1; column < narrow.size(); ++column) narrow[column].hidden = true;
+  panel_.grid[5]->columns = narrow;
+}
+
+void PlaylistEditor::show() {
+  if (moved_.empty()) makeRoom();
   for (Image* mode : panel_.optMode) mode->visible = false;
   setOwn(true);
   showCommands(uses_.state.gridMode);
@@ -127,6 +144,7 @@ void PlaylistEditor::hide() {
   search_.close();
   setOwn(false);
   for (const auto& [control, place] : moved_) control->rect = place;
+  if (!moved_.empty()) panel_.grid[5]->columns = wideColumns_;
   moved_.clear();
   uses_.main.positionControl(*panel_.VscrollAllSongs);
   uses_.main.positionControl(*panel_.cmdOneSong[0]);

@@ -65,6 +65,7 @@ class PlaylistEditor : public ListEditor {
   void open(const QString& name);
   void close();
   std::vector<Control*> covered();
+  void makeRoom();
   void setOwn(bool visible);
   void showCommands(int grid);
   void removeRow();
@@ -80,7 +81,8 @@ class PlaylistEditor : public ListEditor {
   Panel panel_;
   SearchPanel search_;
   QString name_;
-  std::vector<std::pair<Control*, Rect>> moved_;
+  std::vector<std::pair<Control*, Rect>> moved_;  // and where they stood
+  std::vector<Grid::Column> wideColumns_;         // of Grid(5)
 };
 
 }  // namespace korvane

@@ -64,8 +64,11 @@ void SearchPanel::txtSearch_Change() {
 void SearchPanel::txtSearch_Click() {
   if (showKeyboard) return;
   const QString typed = uses_.messages.ask(u"Enter search value and hit enter"_s);
+  form_.setFocus(nullptr);
+  form_.setFocus(panel_.txtSearch);
   if (typed.isEmpty()) return;
   panel_.txtSearch->text = typed;
+  panel_.txtSearch->selStart = static_cast<int>(typed.size());
   find();
 }
 
