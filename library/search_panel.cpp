@@ -34,7 +34,7 @@ void SearchPanel::open() {
   for (Button* kind : panel_.cmdSearchKind) kind->visible = true;
   panel_.txtSearch->visible = panel_.gridSearch->visible = true;
   choose(kind_);
-  form_.setFocus(panel_.txtSearch);
+  focusField();
   if (showKeyboard) showKeyboard(true);
 }
 
@@ -53,6 +53,12 @@ void SearchPanel::choose(int kind) {
   find();
 }
 
+// Also where the form holds it for focused already, though a button has taken the keys.
+void SearchPanel::focusField() {
+  form_.setFocus(nullptr);
+  form_.setFocus(panel_.txtSearch);
+}
+
 void SearchPanel::find() {
   search_.Search(QString::fromLatin1(kKinds[kind_]), panel_.txtSearch->text());
 }
@@ -64,8 +70,7 @@ void SearchPanel::txtSearch_Change() {
 void SearchPanel::txtSearch_Click() {
   if (showKeyboard) return;
   const QString typed = uses_.messages.ask(u"Enter search value and hit enter"_s);
-  form_.setFocus(nullptr);
-  form_.setFocus(panel_.txtSearch);
+  focusField();
   if (typed.isEmpty()) return;
   panel_.txtSearch->text = typed;
   panel_.txtSearch->selStart = static_cast<int>(typed.size());
@@ -73,7 +78,9 @@ void SearchPanel::txtSearch_Click() {
 }
 
 void SearchPanel::cmdSearchKind_Click(int index) {
-  if (!uses_.screen.busy()) choose(index);
+  if (uses_.screen.busy()) return;
+  choose(index);
+  focusField();
 }
 
 void SearchPanel::gridSearch_Click(int row) {

@@ -43,6 +43,7 @@ class SearchPanel {
   };
   void choose(int kind);
   void find();
+  void focusField();
 
   Form& form_;
   Uses uses_;
