@@ -20,6 +20,7 @@ Console::Console(System& doors, const MakeHost& makeHost, QString home, std::fun
       tabs({frmMain, state, screen, messages, log}),
       parts(main, state, settings),
       database(home),
+      playlists({state, settings, system.files, system.pump, log, database}),
       connectionMP3(system.makeWinsock()),
       connectionMovie(system.makeWinsock()),
       connectionML(system.makeWinsock()),
@@ -27,9 +28,15 @@ Console::Console(System& doors, const MakeHost& makeHost, QString home, std::fun
       music({frmMain, state, settings, messages, log, system.pump, system.files, system.player,
              system.mixer, *connectionMP3, coverArtBytes}),
       transport(frmMain, {main, state, screen, tabs, database, music, system.pump, system.chance}),
-      browsing(frmMain, {main, state, screen, messages, system.box, log, palette, database},
+      browsing(frmMain,
+               {main, state, screen, messages, system.box, log, palette, database, playlists},
                transport),
-      musicTab(parts, browsing, transport, music, system.player),
+      editor(frmMain,
+             {main, state, screen, messages, palette, system.pump, database, playlists, browsing}),
+      favourites(frmMain, {state, settings, system.files, system.pump, screen, messages, database,
+                           playlists, browsing}),
+      listUndo(frmMain, {state, settings, music, transport, browsing, system.pump}),
+      musicTab(parts, browsing, editor, transport, music, system.player),
       moviesTab(parts),
       photosTab(parts, system, messages),
       mainTab(parts, tabs, musicTab),
@@ -39,6 +46,7 @@ Console::Console(System& doors, const MakeHost& makeHost, QString home, std::fun
                *this}),
       window({frmMain, state, host, messages, startup, system.tray, system.session},
              std::move(end)) {
+  browsing.setEditor(editor);
   transport.setBrowsing(browsing);
   music.setNews(&transport);
   Tab* const byIndex[] = {&musicTab, &moviesTab, &photosTab, &mainTab, &mapsTab, &moreTab};

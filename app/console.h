@@ -8,10 +8,13 @@
 #include "custom/main_tab.h"
 #include "library/browsing.h"
 #include "library/database.h"
+#include "library/favourites.h"
+#include "library/playlist_editor.h"
 #include "listener/music_connection.h"
 #include "movies/movies_tab.h"
 #include "photos/photos_tab.h"
 #include "platform/system.h"
+#include "playback/list_undo.h"
 #include "playback/music_tab.h"
 #include "playback/transport.h"
 
@@ -44,10 +47,14 @@ class Console : private StartupParts {
   TabController tabs;
   TabParts parts;
   Database database;
+  Playlists playlists;
   std::unique_ptr<Winsock> connectionMP3, connectionMovie, connectionML, x10Control;
   MusicConnection music;
   Transport transport;
   Browsing browsing;
+  PlaylistEditor editor;
+  Favourites favourites;
+  ListUndo listUndo;
   MusicTab musicTab;
   MoviesTab moviesTab;
   PhotosTab photosTab;
@@ -63,6 +70,7 @@ class Console : private StartupParts {
  private:
   void wire();
   void wireMusic();
+  void wirePlaylists();
   void wireWindow();
 
   // StartupParts

@@ -13,6 +13,7 @@ Screens::Screens(Console& c)
       singleSong({c.host, c.palette, c.system.files, c.system.pump, c.screen, c.messages, import,
                   *this, directorys}),
       mp3Setup({c.host, c.palette, c.settings, c.messages, import, *this, directorys, singleSong}),
+      playList({c.host, c.palette, c.state, c.log, c.messages, c.playlists, *this}),
       colours({c.host, c.palette, c.settings, c.messages}),
       guiSetup({c.host, c.palette, c.state, c.settings, c.messages, c.frmMain, *this}),
       setup({c.host, c.palette, c.state, c.settings, c.system.files, c.graphics, c.system.box,
@@ -25,9 +26,17 @@ Screens::Screens(Console& c)
       {"cmdAddDir", 2, [this] { mp3Setup.open(); }},
       {"cmdAddDir", 3,
        [this] { chooseDirectory(u"Select Playlist Directory"_s, DirectoryRequest::Playlist); }},
+      {"cmdPlayLists", -1,
+       [this] {
+         if (playList.open()) console_.host.hide(setup.form());
+       }},
       {"cmdOther", -1, [this] { guiSetup.open(); }},
   }});
-  guiSetup.setDoors({{{"cmdColor", -1, [this] { colours.open(); }}}});
+  guiSetup.setDoors({{
+      {"cmdColor", -1, [this] { colours.open(); }},
+      {"cmdExportFavoriates", 0, [this] { console_.favourites.exportFavorites(); }},
+      {"cmdExportFavoriates", 1, [this] { console_.favourites.importFavorites(); }},
+  }});
 }
 
 void Screens::chooseDirectory(const QString& caption, DirectoryRequest::Store store) {
@@ -82,6 +91,26 @@ void Screens::closeMovieConnection() {
 
 void Screens::gridLookChanged() {
   console_.browsing.setUpGrids();
+}
+
+void Screens::usePlayList(const QString& name, const QString& path) {
+  openMusic();
+  console_.browsing.cmdTop_Click(2);
+  console_.browsing.openPlaylist(name, path);
+}
+
+void Screens::editPlayList(const QString& name, const QString& path) {
+  openMusic();
+  console_.editor.edit(name, path);
+}
+
+void Screens::createPlayList() {
+  openMusic();
+  console_.editor.create();
+}
+
+void Screens::openMusic() {
+  if (!console_.tabs.open(kMusicTab)) console_.tabs.imgTabs_Click(kMusicTab);
 }
 
 void Screens::movieDirectoryChanged() {

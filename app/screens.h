@@ -7,16 +7,18 @@
 #include "custom/keyboard_form.h"
 #include "custom/setup_access.h"
 #include "library/screens/mp3_setup_form.h"
+#include "library/screens/play_list_form.h"
 #include "library/screens/scanner_import.h"
 
 namespace korvane {
 
 class Console;
 
-class Screens : private SetupParts, private ImportNews {
+class Screens : private SetupParts, private ImportNews, private PlayListViews {
  public:
   explicit Screens(Console& console);
 
+  void cmdPlayLists_Click() { playList.open(); }      // Yields.
   void cmdSetup_Click() { access.cmdSetup_Click(); }  // Yields.
   // The lists of the whole library filled anew, at once from the database and, when the list file
   // is made, from that.
@@ -31,12 +33,14 @@ class Screens : private SetupParts, private ImportNews {
   DirectorysForm directorys;
   SingleSongForm singleSong;
   Mp3SetupForm mp3Setup;
+  PlayListForm playList;
   ColourPickForm colours;
   GuiSetupForm guiSetup;
   SetupForm setup;
   SetupAccess access;
 
  private:
+  void openMusic();
   void chooseDirectory(const QString& caption, DirectoryRequest::Store store);
 
   // SetupParts
@@ -48,6 +52,11 @@ class Screens : private SetupParts, private ImportNews {
   void restartMasterListener() override;
   void closeMovieConnection() override;
   void gridLookChanged() override;
+
+  // PlayListViews
+  void usePlayList(const QString& name, const QString& path) override;
+  void editPlayList(const QString& name, const QString& path) override;
+  void createPlayList() override;
 
   // ImportNews
   void movieDirectoryChanged() override;

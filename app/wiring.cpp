@@ -6,6 +6,7 @@ namespace korvane {
 
 void Console::wire() {
   wireMusic();
+  wirePlaylists();
   wireWindow();
 }
 
@@ -14,7 +15,8 @@ void Console::wireMusic() {
   const auto onIndex = [&form](QStringView name, Event::Type type, auto handler) {
     form.on(name, type, [handler](Control& control, const Event&) { handler(control.index); });
   };
-  onIndex(u"cmdTop", Event::Click, [this](int i) { browsing.cmdTop_Click(i); });
+  onIndex(u"cmdTop", Event::Click,
+          [this](int i) { listUndo.around([&] { browsing.cmdTop_Click(i); }); });
   onIndex(u"cmdControls", Event::Click, [this](int i) { transport.cmdControls_Click(i); });
   onIndex(u"cmdOneSong", Event::Press, [this](int i) { browsing.cmdOneSong_Press(i); });
   onIndex(u"cmdOneSong", Event::Release, [this](int) { browsing.cmdOneSong_Release(); });
@@ -29,10 +31,12 @@ void Console::wireMusic() {
   onIndex(u"KeyboardTimer", Event::Tick, [this](int) { browsing.KeyboardTimer_Tick(); });
 
   form.on(u"Grid", Event::Click, [this](Control& grid, const Event& event) {
-    browsing.Grid_Click(grid.index, event.column, event.row);
+    listUndo.around([&] { browsing.Grid_Click(grid.index, event.column, event.row); });
   });
   form.on(u"Grid", Event::DblClick, [this](Control& grid, const Event& event) {
-    browsing.Grid_DblClick(grid.index, event.column, event.row);
+    // Where one tap plays, a tap that chooses a song for the list being edited must not.
+    if (state.playListEditing && settings.flag(key::SinglePress)) return;
+    listUndo.around([&] { browsing.Grid_DblClick(grid.index, event.column, event.row); });
   });
   form.on(u"Grid", Event::ButtonClicked, [this](Control& grid, const Event& event) {
     browsing.Grid_ButtonClicked(grid.index, event.column, event.row);
@@ -43,6 +47,33 @@ void Console::wireMusic() {
           [this](Control&, const Event& event) { browsing.Form_KeyPress(event.text); });
 }
 
+void Console::wirePlaylists() {
+  Form& form = frmMain;
+  const auto on = [&form](QStringView name, Event::Type type, auto handler) {
+    form.on(name, type,
+            [handler](Control& control, const Event& event) { handler(control.index, event.row); });
+  };
+  on(u"cmdFavoriateAdd", Event::Click, [this](int, int) { favourites.cmdFavoriateAdd_Click(); });
+  on(u"cmdPlayLists", Event::Click, [this](int, int) { screens->cmdPlayLists_Click(); });
+  on(u"cmdPlayListCommands", Event::Click,
+     [this](int i, int) { editor.cmdPlayListCommands_Click(i); });
+  on(u"cmdPlayListChoices", Event::Click,
+     [this](int i, int) { editor.cmdPlayListChoices_Click(i); });
+  on(u"cmdOneSong", Event::Press, [this](int i, int) { editor.cmdOneSong_Press(i); });
+  on(u"playlistslider", Event::Change, [this](int, int) { editor.playlistslider_Change(); });
+  on(u"playlistslider", Event::Scroll, [this](int, int) { editor.playlistslider_Change(); });
+  on(u"gridPlayListSongs", Event::Click,
+     [this](int, int row) { editor.gridPlayListSongs_Click(row); });
+  on(u"txtSearch", Event::Change, [this](int, int) { editor.searchPanel().txtSearch_Change(); });
+  on(u"txtSearch", Event::Click, [this](int, int) { editor.searchPanel().txtSearch_Click(); });
+  on(u"cmdSearchKind", Event::Click,
+     [this](int i, int) { editor.searchPanel().cmdSearchKind_Click(i); });
+  on(u"gridSearch", Event::Click,
+     [this](int, int row) { editor.searchPanel().gridSearch_Click(row); });
+  on(u"cmdListUndo", Event::Click, [this](int, int) { listUndo.cmdListUndo_Click(); });
+  on(u"ListUndoTimer", Event::Tick, [this](int, int) { listUndo.hide(); });
+}
+
 void Console::wireWindow() {
   const auto press = [this](QStringView name, std::function<void(int)> handler) {
     frmMain.on(name, Event::Click, [handler = std::move(handler)](Control& control, const Event&) {
@@ -50,6 +81,7 @@ void Console::wireWindow() {
     });
   };
   press(u"imgTabs", [this](int i) {
+    listUndo.hide();
     if (!state.loadingForm) tabs.imgTabs_Click(i);
   });
   press(u"lblMoviesPlay", [this](int i) { moviesTab.lblMoviesPlay_Click(i); });

@@ -57,6 +57,7 @@ std::span<const SettingKey* const> allSettingKeys() {
       &TagCodePage,
       &FileKinds,
       &SinglePress,
+      &ListUndo,
       &QuietMixer,
       &MusicListener,
       &ListenerEncoding,

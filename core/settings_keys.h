@@ -82,6 +82,7 @@ inline constexpr SettingKey SinglePress{"STARTUP", "SinglePress",
                                         Rule::FlagYes};  // one tap activates
 inline constexpr SettingKey MusicListener{"STARTUP", "MusicListener", Rule::Str};  // "host:port"
 inline constexpr SettingKey QuietMixer{"STARTUP", "QuietMixer", Rule::FlagYes};  // no box at start
+inline constexpr SettingKey ListUndo{"STARTUP", "ListUndo", Rule::FlagYes};      // a way back
 inline constexpr SettingKey ListenerEncoding{"STARTUP", "ListenerEncoding", Rule::UStr};
 
 // Other sections

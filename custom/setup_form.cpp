@@ -21,6 +21,7 @@ constexpr InventoryRow kSetup[] = {
     {"cmdAddDir", 3, Kind::Button, kDoors, TL, "Setup Playlist Directory"},
     {"cmdAddDir", 4, Kind::Button, kDoors, TL, "X10 Setup"},
     {"cmdAddDir", 5, Kind::Button, kDoors, TL, "Ads and screen saver"},
+    {"cmdPlayLists", -1, Kind::Button, kDoors, TL, "Playlists"},
     {"cmdButtons", -1, Kind::Button, kDoors, TL, "Custom Buttons"},
     {"cmdMoveControls", -1, Kind::Button, kDoors, TL, "Move Controls"},
     {"cmdListener", -1, Kind::Button, kDoors, TL, "Listeners test"},
@@ -50,6 +51,7 @@ SetupForm::Panel::Panel(Form& form) {
   bind(cmdErase, "cmdErase");
   bind(cmdOK, "cmdOK");
   bind(cmdAddDir, "cmdAddDir");
+  bind(cmdPlayLists, "cmdPlayLists");
   bind(cmdButtons, "cmdButtons");
   bind(cmdMoveControls, "cmdMoveControls");
   bind(cmdOther, "cmdOther");
@@ -59,7 +61,7 @@ SetupForm::Panel::Panel(Form& form) {
 
 std::vector<Control*> SetupForm::Panel::doors() const {
   std::vector<Control*> all(cmdAddDir.begin(), cmdAddDir.end());
-  for (Control* one : {cmdButtons, cmdMoveControls, cmdListener, cmdFtp, cmdOther})
+  for (Control* one : {cmdPlayLists, cmdButtons, cmdMoveControls, cmdListener, cmdFtp, cmdOther})
     all.push_back(one);
   return all;
 }
@@ -72,6 +74,7 @@ SetupForm::SetupForm(Uses uses) : uses_(uses), form_(u"frmSetup"_s, kSetup), pan
   panel_.cmdThemes->caption = u"Change Theme"_s;
   for (size_t i = 0; i < panel_.cmdAddDir.size(); ++i)
     panel_.cmdAddDir[i]->caption = QString::fromLatin1(kAddDir[i]);
+  panel_.cmdPlayLists->caption = u"Playlists"_s;
   panel_.cmdButtons->caption = u"Custom Buttons"_s;
   panel_.cmdMoveControls->caption = u"Move Controls"_s;
   panel_.cmdOther->caption = u"Advanced"_s;

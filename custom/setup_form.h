@@ -25,8 +25,8 @@ class SetupForm {
   };
   explicit SetupForm(Uses uses);
 
-  // Which buttons lead somewhere: cmdAddDir(0 to 5), cmdButtons, cmdMoveControls, cmdOther,
-  // cmdListener, cmdFtp.
+  // Which buttons lead somewhere: cmdAddDir(0 to 5), cmdPlayLists, cmdButtons, cmdMoveControls,
+  // cmdOther, cmdListener, cmdFtp.
   void setDoors(ScreenDoors doors) { doors_ = std::move(doors); }
 
   void open();   // Yields.
@@ -42,7 +42,7 @@ class SetupForm {
     Grid* LstThemes;
     Button *cmdThemes, *cmdErase, *cmdOK;
     std::array<Button*, 6> cmdAddDir;
-    Button *cmdButtons, *cmdMoveControls, *cmdOther, *cmdListener, *cmdFtp;
+    Button *cmdPlayLists, *cmdButtons, *cmdMoveControls, *cmdOther, *cmdListener, *cmdFtp;
     explicit Panel(Form& form);
     std::vector<Control*> doors() const;
   };

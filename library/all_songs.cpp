@@ -7,7 +7,7 @@ namespace korvane {
 namespace {
 constexpr char kRow[] =
     "SELECT trim(iif(mid(songTitle,4,1) = '-', mid(songTitle,5),SongTitle)), artist, songpath, "
-    "album "
+    "album, year "
     "FROM Songs WHERE SongID = ?1";
 }
 
@@ -22,6 +22,15 @@ QString AllSongs::cell(int column, int row) const {
         .rows[static_cast<size_t>(at % kBlock)][static_cast<size_t>(column - 1)];
   } catch (const DatabaseError&) {
     return {};
+  }
+}
+
+bool AllSongs::emphasised(int row) const {
+  if (row < 1 || row > rowCount()) return false;
+  try {
+    return block((row - 1) / kBlock).favourite[static_cast<size_t>((row - 1) % kBlock)];
+  } catch (const DatabaseError&) {
+    return false;
   }
 }
 
@@ -40,6 +49,7 @@ const AllSongs::Block& AllSongs::block(int number) const {
     if (!run.step()) continue;
     for (int column = 0; column < kColumns; ++column)
       fresh.rows[static_cast<size_t>(i)][static_cast<size_t>(column)] = run.text(column);
+    fresh.favourite[static_cast<size_t>(i)] = run.bytes(kColumns) == "-1";
   }
   locked.commit();
   fresh.number = number;

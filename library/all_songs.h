@@ -22,6 +22,8 @@ class AllSongs : public RowSource {
 
   int rowCount() const override { return image_->songs(); }
   QString cell(int column, int row) const override;
+  bool emphasised(int row) const override;  // a favourite
+  void forget() { blocks_.clear(); }        // rows are read anew: marks have changed
 
   // The first row whose tsongTitle is not before `text`; rowCount() + 1 when all are. The current
   // row follows.
@@ -39,6 +41,7 @@ class AllSongs : public RowSource {
   struct Block {
     int number = -1;
     std::array<std::array<QString, kColumns>, kBlock> rows;
+    std::array<bool, kBlock> favourite{};
   };
   const Block& block(int number) const;
   int resolve(int first, int last, const QByteArray& text);

@@ -31,18 +31,29 @@ void Browsing::showGrid(int index) {
   panel_.VscrollAllSongs->value = std::max(grid.row(), 1);
   panel_.VscrollAllSongs->visible = true;
   panel_.cmdOneSong[0]->visible = panel_.cmdOneSong[1]->visible = true;
+  if (uses_.state.playListEditing && editor_) editor_->listShown(index);
 }
 
-bool Browsing::leaveEditing() {
+// The lists that songs are taken from stay open to the editor; the others end it.
+bool Browsing::leaveEditing(int command) {
   if (!uses_.state.playListEditing) return true;
-  return uses_.messages.confirm(
-      u" This will cancel any play list changes, do you want to continue? "_s);
+  if (command != kPlaylists && command != kFavourites) return true;
+  if (!uses_.messages.confirm(
+          u" This will cancel any play list changes, do you want to continue? "_s))
+    return false;
+  if (editor_) editor_->cancel();
+  return true;
 }
 
 void Browsing::cmdTop_Click(int index) {
   if (uses_.screen.busy()) return;
   const Busy busy(uses_.screen, Screen::Custom);
-  if (!leaveEditing()) return;
+  if (!leaveEditing(index)) return;
+  if (uses_.state.playListEditing && editor_ &&
+      (index == kSearch || (index == kBack && editor_->searching()))) {
+    editor_->search();
+    return;
+  }
   const bool keepsMarks = index == kBack || index == kSearch || index == kPlaylists;
   if (!keepsMarks || (index == kPlaylists && uses_.state.jukeboxMode)) uses_.main.ResetSelections();
   if (lastTop_ == kPlaylists && uses_.state.jukeboxMode) panel_.cmdControls[5]->visible = true;
@@ -57,6 +68,7 @@ void Browsing::cmdTop_Click(int index) {
       break;
     case kPlaylists:
       uses_.main.ResetSelections();
+      if (!uses_.state.jukeboxMode) uses_.playlists.PlayListSetupFiles(*panel_.grid[6]);
       showGrid(6);
       break;
     case kAllSongs:
@@ -145,6 +157,9 @@ void Browsing::Grid_Click(int index, int, int row) {
     case 4:
       openAlbum(grid.cell(2, row), grid.cell(1, row), 4);
       break;
+    case 6:
+      if (!uses_.state.jukeboxMode) openPlaylist(grid.cell(1, row), grid.cell(2, row));
+      break;
     default:
       panel_.VscrollAllSongs->value = row;
   }
@@ -159,10 +174,7 @@ PlaySong Browsing::songAt(int index, int row) const {
             {},
             {},
             grid.cell(3, row)};
-  if (index == 3) {
-    const PlaySong& song = uses_.database.rsPlaySongs.at(row);
-    return song;
-  }
+  if (index == 3) return uses_.playlists.openedSong(row);
   return {grid.cell(1, row), grid.cell(3, row), grid.cell(2, row), {}, {}, grid.cell(5, row)};
 }
 
@@ -196,6 +208,7 @@ void Browsing::play(int index, int row) {
       break;
     case 3:
       songs_.startFrom(index);
+      uses_.playlists.useOpened();
       break;
     case 5:
       panel_.VscrollAllSongs->value = row;
@@ -215,14 +228,18 @@ void Browsing::play(int index, int row) {
 void Browsing::Grid_ButtonClicked(int index, int column, int row) {
   if (index != 8 || column != 6 || uses_.screen.busy()) return;
   const Busy busy(uses_.screen, Screen::Custom);
-  Grid& grid = *panel_.grid[8];
-  uses_.database.clearFavorite(grid.cell(3, row), grid.cell(2, row), grid.cell(1, row));
-  grid.deleteRow(row);
+  if (row < 1 || row > favouriteSongs_.size()) return;
+  const Song song = favouriteSongs_.takeAt(row - 1);
+  uses_.database.clearFavorite(song.Artist, song.album, song.SongTitle);
+  forgetMarks();
+  panel_.grid[8]->deleteRow(row);
   Recordset<PlaySong>& list = uses_.database.rsPlaySongs;
-  const int playing = list.AbsolutePosition();
-  list.setAbsolutePosition(row);
-  list.Delete();
-  list.setAbsolutePosition(playing > row ? playing - 1 : playing);
+  if (list.at(row).Path == song.SongPath) {
+    const int playing = list.AbsolutePosition();
+    list.setAbsolutePosition(row);
+    list.Delete();
+    list.setAbsolutePosition(playing > row ? playing - 1 : playing);
+  }
   showGrid(8);
 }
 

@@ -9,6 +9,7 @@
 #include "core/prompt.h"
 #include "core/screen.h"
 #include "library/database.h"
+#include "library/playlists.h"
 #include "platform/machine.h"
 #include "platform/pump.h"
 
@@ -23,6 +24,16 @@ class SongActivation {
   virtual void playSongRecord(int record) = 0;  // of rsPlaySongs; 0 keeps the cursor. Yields.
   virtual void jukeboxAdd(const PlaySong& song) = 0;
   virtual void playFailed() = 0;  // the transport's pictures go back to stopped
+};
+
+// The playlist editor, as the lists see it.
+class ListEditor {
+ public:
+  virtual ~ListEditor() = default;
+  virtual void cancel() = 0;             // what was not saved is dropped
+  virtual void listShown(int grid) = 0;  // another list of the library is in front
+  virtual void search() = 0;             // shows or hides its search panel
+  virtual bool searching() const = 0;
 };
 
 struct BrowsingPanel {
@@ -49,8 +60,11 @@ class Browsing {
     const Log& log;
     const Palette& palette;
     Database& database;
+    Playlists& playlists;
   };
   Browsing(Form& form, Uses uses, SongActivation& songs);
+
+  void setEditor(ListEditor& editor) { editor_ = &editor; }
 
   // Columns, font, row height and colours of every list.
   void setUpGrids();
@@ -60,6 +74,9 @@ class Browsing {
   void getFavorites(bool fill);
   // Fills Grid(1) with an album, without touching the play list.
   void getArtistOrAlbumSongs(const QString& artist, const QString& album);
+
+  // Opens a list: its songs, with the caption that names it. Says so when it has none. Yields.
+  void openPlaylist(const QString& name, const QString& path);
 
   void cmdTop_Click(int index);
   void Grid_Click(int index, int column, int row);
@@ -81,6 +98,12 @@ class Browsing {
   bool openAt(const QString& path);
   // Shows the album of a song with the song active, and marks the artists' command.
   void showSongInAlbum(const QString& artist, const QString& album, const QString& title);
+  // The selected song of the list on screen, with its own title; nothing where no song is shown.
+  std::optional<PlaySong> selectedSong() const;
+  void showMarked();  // the selected song has become a favourite
+  // Shows a list that runs, its song active: an album, a playlist with its caption, all songs or
+  // the favourites.
+  void showRunning(int grid, int row, const QList<PlaySong>& songs, const QString& caption);
   bool moveActive(int grid, int rows);  // false at an end
   void resetPlayListView();             // no list chosen, the artists in front
 
@@ -95,14 +118,16 @@ class Browsing {
   void addToJukebox(int index, int row);
   PlaySong songAt(int index, int row) const;
   void fillPlaySongs(const QList<Song>& songs);
-  bool leaveEditing();
+  bool leaveEditing(int command);
+  void forgetMarks();
 
   Uses uses_;
   SongActivation& songs_;
+  ListEditor* editor_ = nullptr;
   BrowsingPanel panel_;
   std::shared_ptr<AllSongs> rsMain_;
-  QList<Song> albumSongs_;  // of Grid(1)
-  QString artist_;          // of Grid(2)
+  QList<Song> albumSongs_, favouriteSongs_;  // of Grid(1) and Grid(8)
+  QString artist_;                           // of Grid(2)
   QString typed_;
   int lastTop_ = 0;
   int backGrid_ = 0;    // where Grid(1) was entered from: 4 all albums, 0 artists

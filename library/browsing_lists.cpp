@@ -61,7 +61,7 @@ void Browsing::setUpGrids() {
       "No songs in the playlist",
       "No albums yet. Setup, Digital Music Setup brings music in.",
       "No songs yet. Setup, Digital Music Setup brings music in.",
-      "No playlists yet",
+      "No playlists yet. Press Lists, then Create.",
       "No CD in the drive",
       "No favourites yet",
       "No stations",
@@ -97,6 +97,7 @@ void Browsing::getFavorites(bool fill) {
   const QList<Song> songs = uses_.database.getFavorites();
   fillPlaySongs(songs);
   if (!fill) return;
+  favouriteSongs_ = songs;
   std::vector<RowTable::Row> rows = songRows(songs);
   for (RowTable::Row& row : rows) {
     row.cells.append(u"DEL"_s);
@@ -128,6 +129,66 @@ void Browsing::openArtist(int row) {
   panel_.grid[2]->setRows(std::move(rows));
   panel_.cmdTop[0]->tag = u"1"_s;
   showGrid(2);
+}
+
+std::optional<PlaySong> Browsing::selectedSong() const {
+  const int list = uses_.state.gridMode;
+  const Grid& grid = *panel_.grid[static_cast<size_t>(list)];
+  const int row = grid.row();
+  if (!grid.visible() || row < 1 || row > grid.maxRows()) return {};
+  if (list == 3 || list == 5) return songAt(list, row);
+  if (list != 1 && list != 8) return {};
+  const Song song = (list == 1 ? albumSongs_ : favouriteSongs_).value(row - 1);
+  return PlaySong{song.SongTitle, song.Artist, song.album, song.Comment, song.year, song.SongPath};
+}
+
+void Browsing::showRunning(int list, int row, const QList<PlaySong>& songs,
+                           const QString& caption) {
+  const PlaySong song = songs.value(std::max(row, 1) - 1);
+  if (list == 1) {
+    showSongInAlbum(song.Artist, song.Album, song.Title);
+    return;
+  }
+  uses_.main.ResetSelections();
+  if (list == 3) {
+    uses_.playlists.reopen(songs, *panel_.grid[3]);
+    panel_.grid[3]->header = caption.section(u" = "_s, 1).section(u"  ("_s, 0, -2);
+  }
+  if (list == 8) getFavorites(true);
+  showGrid(list);
+  setActive(list, row);
+  uses_.main.markTop(list == 3 ? 2 : list == 5 ? 3 : 6);
+}
+
+void Browsing::showMarked() {
+  uses_.state.gFavoritesLoaded = false;
+  forgetMarks();
+  Grid& grid = *panel_.grid[1];
+  if (uses_.state.gridMode != 1 || !grid.table() || !grid.table()->has(grid.row())) return;
+  grid.table()->at(grid.row()).emphasised = true;
+  grid.setCell(4, grid.row(), u"-1"_s);
+}
+
+void Browsing::forgetMarks() {
+  if (!rsMain_) return;
+  rsMain_->forget();
+  panel_.grid[5]->rowsChanged();
+}
+
+void Browsing::openPlaylist(const QString& name, const QString& path) {
+  QString error;
+  Grid& grid = *panel_.grid[3];
+  const bool read = uses_.playlists.getPlayListSongs(path, &grid, &error);
+  const int songs = uses_.playlists.openedCount();
+  if (songs == 0) {
+    panel_.lblCurrentPlayList->caption = QString();
+    uses_.messages.say(read ? u"No songs in the playlist to use!! "_s : error);
+    return;
+  }
+  grid.header = name;
+  showGrid(3);
+  panel_.lblCurrentPlayList->caption =
+      u"Play List = "_s + name + u"  ("_s + QString::number(songs) + u')';
 }
 
 void Browsing::openAlbum(const QString& artist, const QString& album, int from) {

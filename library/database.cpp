@@ -8,6 +8,7 @@
 
 #include "library/mapped_rows.h"
 #include "library/schema.h"
+#include "library/sql_functions.h"
 #include "library/statements.h"
 #include "library/vb_text.h"
 #include "platform/path_text.h"
@@ -115,6 +116,36 @@ void Database::refreshLists(Pump& pump, std::function<void()> done) {
   index_.refresh(*db, pump, std::move(done));
 }
 
+QStringList Database::findArtists(const QString& text, int most) {
+  OpenedDatabase db(*this);
+  QStringList found;
+  if (const auto image = index_.valid(*db)) {
+    const sql::Containing wanted(text.toUtf8().toStdString());
+    for (int i = 0; i < image->artists() && found.size() < most; ++i)
+      if (wanted.in(image->artist(i))) found << QString::fromUtf8(image->artist(i));
+    return found;
+  }
+  auto run = db->run(statement::kFindArtists, text, qint64{most});
+  while (run.step()) found << run.text(0);
+  return found;
+}
+
+QList<std::pair<QString, QString>> Database::findAlbums(const QString& text, int most) {
+  OpenedDatabase db(*this);
+  QList<std::pair<QString, QString>> found;
+  if (const auto image = index_.valid(*db)) {
+    const sql::Containing wanted(text.toUtf8().toStdString());
+    for (int i = 0; i < image->albums() && found.size() < most; ++i)
+      if (wanted.in(image->album(i)))
+        found.emplaceBack(QString::fromUtf8(image->album(i)),
+                          QString::fromUtf8(image->albumArtist(i)));
+    return found;
+  }
+  auto run = db->run(statement::kFindAlbums, text, qint64{most});
+  while (run.step()) found.emplaceBack(run.text(0), run.text(1));
+  return found;
+}
+
 QStringList Database::getArtistAlbums(const QString& artist) {
   OpenedDatabase db(*this);
   QStringList albums;
@@ -179,6 +210,13 @@ int Database::setFavorite(const QString& artist, const QString& album, const QSt
     if (path.isEmpty()) return db.execute(statement::kMarkByTitle, artist, album, title);
     return db.execute(statement::kMarkByPath, artist, album, QString(u'*' + path.mid(1) + u'*'));
   });
+}
+
+int Database::markAtPath(const QString& path) {
+  const auto song = getSongAtPath(path);
+  if (!song) return 0;
+  return changeMark(
+      [&](sql::Connection& db) { return db.execute(statement::kMarkById, song->SongID); });
 }
 
 int Database::clearFavorite(const QString& artist, const QString& album, const QString& title) {

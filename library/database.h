@@ -41,6 +41,10 @@ class Database : public PlaySongs {
   std::shared_ptr<const RowSource> getAllAlbums();  // album, artist
   std::shared_ptr<AllSongs> getAllSongs();          // rsMain; the same until songs change
 
+  // The first `most` whose name is like "%<text>%", in their order.
+  QStringList findArtists(const QString& text, int most);
+  QList<std::pair<QString, QString>> findAlbums(const QString& text, int most);  // album, artist
+
   QStringList getArtistAlbums(const QString& artist);
   QList<Song> getArtistOrAlbumSongs(const QString& artist, const QString& album);
   QList<Song> getFavorites();
@@ -51,6 +55,7 @@ class Database : public PlaySongs {
   // With a path the mark goes by path, else by title. The rows marked.
   int setFavorite(const QString& artist, const QString& album, const QString& title,
                   const QString& path);
+  int markAtPath(const QString& path);  // the song of exactly that path
   int clearFavorite(const QString& artist, const QString& album, const QString& title);
   int importFavorite(const QString& line);  // a line of Favorites.m3u
 

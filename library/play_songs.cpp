@@ -1,5 +1,7 @@
 #include "library/play_songs.h"
 
+#include <numeric>
+
 #include "library/song.h"
 #include "library/vb_text.h"
 
@@ -10,11 +12,30 @@ void PlaySongs::resetPlaySongs() {
   rsRandomPool = {};
 }
 
+PlaySong PlaySongs::fitted(PlaySong song) {
+  const auto fit = [](QString& text, int width) {
+    if (text.size() > width) text = cut(text, width);
+  };
+  fit(song.Title, width::SongTitle);
+  fit(song.Artist, width::Artist);
+  fit(song.Album, width::album);
+  fit(song.Comment, width::Comment);
+  fit(song.Year, width::year);
+  return song;
+}
+
 void PlaySongs::addPlaySong(const PlaySong& song) {
-  rsPlaySongs.AddNew({cut(song.Title, width::SongTitle), cut(song.Artist, width::Artist),
-                      cut(song.Album, width::album), cut(song.Comment, width::Comment),
-                      cut(song.Year, width::year), song.Path});
+  rsPlaySongs.AddNew(fitted(song));
   rsRandomPool.AddNew(rsPlaySongs.RecordCount());
+}
+
+void PlaySongs::setPlaySongs(const QList<PlaySong>& songs) {
+  QList<int> records(songs.size());
+  std::iota(records.begin(), records.end(), 1);
+  rsRandomPool.setRows(std::move(records));
+  rsRandomPool.MoveLast();
+  rsPlaySongs.setRows(songs);
+  rsPlaySongs.MoveLast();
 }
 
 int PlaySongs::getRandomRecord(bool refill, Chance& chance) {

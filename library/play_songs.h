@@ -20,6 +20,9 @@ class PlaySongs {
 
   void resetPlaySongs();
   void addPlaySong(const PlaySong& song);
+  // The whole play list at once, of songs that are fitted(); as addPlaySong() for each.
+  void setPlaySongs(const QList<PlaySong>& songs);
+  static PlaySong fitted(PlaySong song);  // the texts cut to their fields' widths
 
   // Draws one number of the pool and takes it out. An empty pool gives 0, or is filled first when
   // `refill` is set.

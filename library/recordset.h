@@ -1,9 +1,9 @@
 // A recordset that lives in memory only: rows with a current position, counted from 1.
 #pragma once
 
+#include <QList>
 #include <algorithm>
 #include <utility>
-#include <vector>
 
 namespace korvane {
 
@@ -30,7 +30,7 @@ class Recordset {
   // Deletes the current record; the one after it becomes current. Nothing without a current record.
   void Delete() {
     if (bof() || eof()) return;
-    rows_.erase(rows_.begin() + position_ - 1);
+    rows_.removeAt(position_ - 1);
   }
 
   // The current record; an empty one where there is none.
@@ -38,7 +38,15 @@ class Recordset {
   // Record 1 to RecordCount(); an empty one outside.
   const Row& at(int record) const {
     static const Row none{};
-    return record < 1 || record > RecordCount() ? none : rows_[static_cast<size_t>(record - 1)];
+    return record < 1 || record > RecordCount() ? none : rows_[record - 1];
+  }
+
+  // All records, shared with the recordset until either changes.
+  const QList<Row>& rows() const { return rows_; }
+  // Takes these; before the first.
+  void setRows(QList<Row> rows) {
+    rows_ = std::move(rows);
+    position_ = 0;
   }
 
   template <class Before>
@@ -48,7 +56,7 @@ class Recordset {
   }
 
  private:
-  std::vector<Row> rows_;
+  QList<Row> rows_;
   int position_ = 0;
 };
 

@@ -1,6 +1,7 @@
 #include "library/sql_functions.h"
 
 #include <QChar>
+#include <algorithm>
 #include <climits>
 
 #include "library/text_order.h"
@@ -32,6 +33,10 @@ size_t offsetOf(std::string_view text, int units) {
     at += length;
   }
   return at;
+}
+
+char lower(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
 }
 
 char32_t folded(std::string_view character) {
@@ -102,6 +107,28 @@ bool like(std::string_view pattern, std::string_view text) {
   }
   while (p < pattern.size() && pattern[p] == '%') ++p;
   return p == pattern.size();
+}
+
+Containing::Containing(std::string text) : pattern_('%' + text + '%') {
+  const auto plain = [](char c) { return c > 0x1F && c < 0x7F && c != '%' && c != '_'; };
+  if (!std::all_of(text.begin(), text.end(), plain)) return;
+  // K and S are also the case folds of characters outside ASCII.
+  const bool kelvin = text.find_first_of("kKsS") != std::string::npos;
+  if (kelvin) return;
+  plain_ = std::move(text);
+  for (char& c : plain_) c = lower(c);
+}
+
+bool Containing::in(std::string_view text) const {
+  if (plain_.empty()) return like(pattern_, text);
+  if (text.size() < plain_.size()) return false;
+  const size_t last = text.size() - plain_.size();
+  for (size_t at = 0; at <= last; ++at) {
+    size_t same = 0;
+    while (same < plain_.size() && lower(text[at + same]) == plain_[same]) ++same;
+    if (same == plain_.size()) return true;
+  }
+  return false;
 }
 
 void addFunctions(sqlite3* db) {

@@ -3,6 +3,8 @@
 
 #include <sqlite3.h>
 
+#include <QByteArrayView>
+#include <string>
 #include <string_view>
 
 namespace korvane::sql {
@@ -20,5 +22,17 @@ std::string_view shownTitle(std::string_view title);
 // '%' stands for any text, '_' for one character, letters in any case. Not for large patterns:
 // takes at most pattern times text steps.
 bool like(std::string_view pattern, std::string_view text);
+
+// like("%" + text + "%", ...) for many texts: quick where `text` is plain ASCII.
+class Containing {
+ public:
+  explicit Containing(std::string text);
+  bool in(std::string_view text) const;
+  bool in(QByteArrayView text) const { return in(std::string_view(text.data(), text.size())); }
+
+ private:
+  std::string pattern_;
+  std::string plain_;  // in lower case; empty when the pattern decides
+};
 
 }  // namespace korvane::sql

@@ -26,6 +26,12 @@ inline constexpr char kFavorites[] =
     "Select * from songs where year = '-1' "
     " order by songtitle ";
 
+inline constexpr char kFindArtists[] =
+    "Select artist from songs where artist  like '%' || ?1 || '%' group  by artist limit ?2";
+inline constexpr char kFindAlbums[] =
+    "Select album,artist from songs where album  like '%' || ?1 || '%' group by album,artist "
+    "limit ?2";
+
 inline constexpr char kSongAtPath[] = "Select * from songs where songpath = ?1";
 inline constexpr char kSongLikePath[] =
     "SELECT  * From Songs Where Songs.songpath Like '%' || ?1 || '%' ";
@@ -36,6 +42,7 @@ inline constexpr char kMarkByTitle[] =
 inline constexpr char kMarkByPath[] =
     " Update songs set [year] = '-1' where  "
     "          artist = ?1  and     album  = ?2  and songpath  like ?3";
+inline constexpr char kMarkById[] = "Update songs set [year] = '-1' where SongID = ?1";
 inline constexpr char kClearMark[] =
     " Update songs set [year] = '' where  "
     "          artist = ?1  and     album  = ?2  and songTitle  = ?3";

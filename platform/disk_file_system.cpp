@@ -153,6 +153,14 @@ bool DiskFileSystem::DeleteFolder(const QString& path) {
   return !failure;
 }
 
+bool DiskFileSystem::MoveFile(const QString& from, const QString& to) {
+  const auto source = find(from), folder = find(GetParentFolderName(to));
+  if (!source || !folder) return false;
+  const QString name = slashed(to);
+  const QByteArray target = below(*folder, fromPath(name.mid(name.lastIndexOf(u'/') + 1)));
+  return calls_.rename(source->constData(), target.constData()) == 0;
+}
+
 bool DiskFileSystem::CopyFile(const QString& from, const QString& to) {
   const auto source = find(from);
   if (!source) return false;

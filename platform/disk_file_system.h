@@ -17,6 +17,7 @@ class DiskFileSystem : public FileSystem {
   bool CreateFolder(const QString& path) override;
   bool DeleteFile(const QString& path) override;
   bool DeleteFolder(const QString& path) override;
+  bool MoveFile(const QString& from, const QString& to) override;
   bool CopyFile(const QString& from, const QString& to) override;
   QStringList SubFolders(const QString& path) const override;
   QStringList Files(const QString& path) const override;

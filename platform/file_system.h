@@ -21,6 +21,8 @@ class FileSystem {
   virtual bool CreateFolder(const QString& path) = 0;  // with missing parents; true when it stands
   virtual bool DeleteFile(const QString& path) = 0;
   virtual bool DeleteFolder(const QString& path) = 0;  // with all that it holds
+  // Gives a file another name; what has that name already is replaced.
+  virtual bool MoveFile(const QString& from, const QString& to) = 0;
   virtual bool CopyFile(const QString& from, const QString& to) = 0;
   virtual QStringList SubFolders(const QString& path) const = 0;  // names, in the order of the disk
   virtual QStringList Files(const QString& path) const = 0;       // names, in the order of the disk

@@ -2,20 +2,19 @@
 
 namespace korvane {
 
-MusicTab::MusicTab(TabParts& parts, Browsing& browsing, Transport& transport,
-                   MusicConnection& connection, MediaPlayer& player)
+MusicTab::MusicTab(TabParts& parts, Browsing& browsing, PlaylistEditor& editor,
+                   Transport& transport, MusicConnection& connection, MediaPlayer& player)
     : parts_(parts),
       browsing_(browsing),
+      editor_(editor),
       transport_(transport),
       connection_(connection),
       player_(player),
-      favourite_(parts.form, {"cmdFavoriateAdd"}),
+      favourite_(parts.form, {"cmdFavoriateAdd", "cmdPlayLists"}),
       types_(parts.form, {"lblMusicType"}),
       roles_(parts.form, {"lblMusicPlay"}),
       modes_(parts.form, {"optMode"}),
-      cover_(parts.form, {"coverArt"}),
-      editor_(parts.form, {"playlistslider", "gridPlayListSongs", "framSongEdit", "cmdOneSong#2",
-                           "cmdOneSong#3"}) {}
+      cover_(parts.form, {"coverArt"}) {}
 
 void MusicTab::leave() {
   Control* mute = parts_.form.find(u"mute");
@@ -23,18 +22,11 @@ void MusicTab::leave() {
   favourite_.hide();
   types_.hide();
   roles_.hide();
-  if (parts_.state.playListEditing) leaveEditor();
+  if (parts_.state.playListEditing) editor_.hide();
   parts_.tabPicture(kMusicTab, u"music"_s, u"music"_s);
   parts_.listPaging.hide();
   modes_.hide();
   cover_.hide();
-}
-
-void MusicTab::leaveEditor() {
-  editor_.hide();
-  for (Control* control : {parts_.form.find(u"VscrollAllSongs"), parts_.form.find(u"cmdOneSong", 0),
-                           parts_.form.find(u"cmdOneSong", 1)})
-    parts_.main.positionControl(*control);
 }
 
 void MusicTab::enter() {

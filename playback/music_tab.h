@@ -3,7 +3,7 @@
 
 #include "core/tab.h"
 #include "core/tab_parts.h"
-#include "library/browsing.h"
+#include "library/playlist_editor.h"
 #include "listener/music_connection.h"
 #include "playback/transport.h"
 
@@ -11,15 +11,14 @@ namespace korvane {
 
 class MusicTab : public Tab {
  public:
-  MusicTab(TabParts& parts, Browsing& browsing, Transport& transport, MusicConnection& connection,
-           MediaPlayer& player);
+  MusicTab(TabParts& parts, Browsing& browsing, PlaylistEditor& editor, Transport& transport,
+           MusicConnection& connection, MediaPlayer& player);
 
   void leave() override;
   void enter() override;
   void pressTransport(int index) override { transport_.pressMusic(index); }
 
  private:
-  void leaveEditor();
   void showStatus();
   void showLists();
   void firstVisit();
@@ -27,10 +26,11 @@ class MusicTab : public Tab {
 
   TabParts& parts_;
   Browsing& browsing_;
+  PlaylistEditor& editor_;
   Transport& transport_;
   MusicConnection& connection_;
   MediaPlayer& player_;
-  ControlSet favourite_, types_, roles_, modes_, cover_, editor_;
+  ControlSet favourite_, types_, roles_, modes_, cover_;
 };
 
 }  // namespace korvane

@@ -209,12 +209,35 @@ void Transport::playSongRecord(int record) {
 void Transport::playPaths() {
   const PlaySong song = uses_.database.rsPlaySongs.row();
   if (song.Path.isEmpty()) return;
+  started_ = running();
+  ++started_.number;
   uses_.state.gMusicState = u"PLAY"_s;
   panel_.lblCurrentPlay->caption = u"Playing: "_s + song.Title.trimmed();
   uses_.main.showPlayState(2);
   panel_.Slider1->value = 0;
   uses_.connection.ShowSliderTimes();
   uses_.connection.ConnectionMP3Send(u"MUSIC"_s, u"PLAY"_s, song.Path, song.Title.trimmed());
+}
+
+Transport::Running Transport::running() const {
+  const Database& database = uses_.database;
+  return {started_.number,
+          playGrid_,
+          allSongsPos_,
+          database.rsPlaySongs.rows(),
+          database.rsRandomPool.rows(),
+          database.rsPlaySongs.AbsolutePosition()};
+}
+
+void Transport::resume(const Running& running, bool playAgain) {
+  Database& database = uses_.database;
+  lastControl_ = -1;
+  playGrid_ = running.grid;
+  allSongsPos_ = running.allSongs;
+  database.rsPlaySongs.setRows(running.songs);
+  database.rsPlaySongs.setAbsolutePosition(running.record);
+  database.rsRandomPool.setRows(running.pool);
+  if (playAgain) playPaths();
 }
 
 void Transport::MediaPlayer1_EndOfStream() {

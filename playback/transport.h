@@ -49,6 +49,18 @@ class Transport : public SongActivation, public TransportNews {
   void Slider1_Release();  // Yields.
   void lblCurrentPlay_DblClick();
 
+  // What runs, and going back to it: the list, its place, and where it came from.
+  struct Running {
+    int number = 0;  // of the start
+    int grid = 1, allSongs = 0;
+    QList<PlaySong> songs;
+    QList<int> pool;
+    int record = 0;
+  };
+  Running running() const;                              // as the list stands now
+  const Running& started() const { return started_; }   // as it stood when its song was started
+  void resume(const Running& running, bool playAgain);  // Yields.
+
   // SongActivation
   void startFrom(int grid) override;
   void playSongRecord(int record) override;
@@ -91,6 +103,7 @@ class Transport : public SongActivation, public TransportNews {
   int lastControl_ = -1;  // -1 when the last start came from a list
   int playGrid_ = 1;      // the list that plays
   int allSongsPos_ = 0;
+  Running started_;
 };
 
 }  // namespace korvane

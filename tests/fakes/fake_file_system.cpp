@@ -63,6 +63,11 @@ bool FakeFileSystem::DeleteFolder(const QString& path) {
   return true;
 }
 
+bool FakeFileSystem::MoveFile(const QString& from, const QString& to) {
+  const auto bytes = read(from);
+  return bytes && DeleteFile(from) && replace(to, *bytes);
+}
+
 bool FakeFileSystem::CopyFile(const QString& from, const QString& to) {
   const auto bytes = read(from);
   const QString name = clean(from).mid(clean(from).lastIndexOf(u'/') + 1);

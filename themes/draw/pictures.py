@@ -37,9 +37,9 @@ class Table:
             else:
                 self.plain(name + suffix, state, w, h, shown, **kw)
 
-    def answer(self, name, icon, word, leading=False):
+    def answer(self, name, icon, word, leading=False, width=180, height=84):
         for suffix, state in (('', 'normal'), ('b', 'pressed')):
-            self.put(name + suffix, tiles.answer(self.palette, state, 180, 84, icon, word, leading,
+            self.put(name + suffix, tiles.answer(self.palette, state, width, height, icon, word, leading,
                                                  state, self.contrasts))
 
     def switch(self, on, off, icon, word):
@@ -127,6 +127,12 @@ def draw(palette, contrasts):
                              ('moveSongup', 'moveup', 'Move up'),
                              ('moveSongdown', 'movedown', 'Move down')):
         t.pressable('music/' + name, 'pressed', 107, 76, icon, word, grid=31)
+
+    t.pressable('music/plmanage', 'pressed', 107, 76, 'editlist', 'Lists', grid=31)
+    for name, icon, word in (('pluseplaylist', 'playlist', 'Use Playlist'), ('pldone', 'check', 'Done'),
+                             ('plrename', 'rename', 'Rename'), ('pldelete', 'trash', 'Delete'),
+                             ('pledit', 'editlist', 'Edit'), ('plcreate', 'newlist', 'Create')):
+        t.answer('music/' + name, icon, word, name == 'pluseplaylist', width=292, height=96)
 
     # movies and photos
     t.pressable('movies/menu', 'pressed', 107, 84, 'menu', 'Menu')

@@ -1,0 +1,61 @@
+// frmPlayList: the playlists as a dialog, to use, rename, delete, change or make one.
+#pragma once
+
+#include "core/log.h"
+#include "core/palette.h"
+#include "core/prompt.h"
+#include "library/playlists.h"
+
+namespace korvane {
+
+// Where a chosen list goes: the Music tab.
+class PlayListViews {
+ public:
+  virtual ~PlayListViews() = default;
+  virtual void usePlayList(const QString& name, const QString& path) = 0;   // Yields.
+  virtual void editPlayList(const QString& name, const QString& path) = 0;  // Yields.
+  virtual void createPlayList() = 0;                                        // Yields.
+};
+
+class PlayListForm {
+ public:
+  struct Uses {
+    FormHost& host;
+    const Palette& palette;
+    const AppState& state;
+    const Log& log;
+    Messages& messages;
+    Playlists& playlists;
+    PlayListViews& views;
+  };
+  explicit PlayListForm(Uses uses);
+
+  // True when a list was handed to the Music tab. Yields.
+  bool open();
+
+  Form& form() { return form_; }
+
+ private:
+  enum Choice { Use, Done, Rename, Delete, Edit, Create };
+  struct Panel {
+    explicit Panel(Form& form);
+    Label* lblTitle;
+    Grid* gridPlayList;
+    Slider* VscrollAllSongs;
+    std::array<Image*, 6> cmdPlayListChoices;
+  };
+  void cmdPlayListChoices_Click(int index);
+  void choose(int index);
+  void rename();
+  void remove();
+  void fill();
+  void leave(Choice choice);
+  void select(int row);
+
+  Uses uses_;
+  Form form_;
+  Panel panel_;
+  Choice left_ = Done;
+};
+
+}  // namespace korvane

@@ -1,0 +1,162 @@
+"""Playlists and favourites with a finger: a list is made, named on the screen, put in order, saved,
+played and brought back; favourites are marked, unmarked, written and read."""
+import os
+import subprocess
+import sys
+
+from console import Console
+
+console = Console(sys.argv[1], settings=["ListUndo=YES"], size=os.environ.get("KORVANE_WALK_SIZE", "1280x800"))
+LISTS = console.home / "PlayLists"
+SCAN = dict(zip("1234567890", range(2, 12))) | dict(zip("qwertyuiop", range(16, 26))) | \
+    dict(zip("asdfghjkl", range(30, 39))) | dict(zip("zxcvbnm", range(44, 51))) | \
+    {"*": 9, " ": 57, "\n": 28}
+
+
+def type_on_screen(text):
+    console.wait_until(lambda: console.ask(cmd="get", name="txtInput", form="frmKeyboard")["ok"],
+                       "the keyboard")
+    for letter in text + "\n":
+        if letter == "*":
+            console.must(cmd="press", name="KEY", index=42 - 2, form="frmKeyboard")
+        console.must(cmd="press", name="KEY", index=SCAN[letter] - 2, form="frmKeyboard")
+
+
+def box(contains, answer="ok"):
+    console.wait_until(lambda: console.must(cmd="messages")["messages"], f"a box with {contains}")
+    told = str(console.must(cmd="messages")["messages"])
+    assert contains in told, told
+    console.must(cmd="messages", answer=answer)
+
+
+def edited():
+    rows = console.must(cmd="rows", name="gridPlayListSongs")["rows"]
+    return [row["cells"][0] for row in rows]
+
+
+def every_line_opens(path):
+    lines = path.read_text(encoding="utf-8").splitlines()
+    for line in lines:
+        probed = subprocess.run(["ffprobe", "-v", "error", "-show_entries", "format=duration", "-of",
+                                 "csv=p=0", line], capture_output=True, text=True, timeout=60)
+        assert probed.returncode == 0 and float(probed.stdout) > 1, (line, probed.stderr)
+    return lines
+
+
+# A list of its own
+console.press("imgTabs", 0)
+console.press("cmdTop", 2)
+assert console.rows(6) == [], console.rows(6)
+console.press("cmdPlayLists")
+console.screenshot("playlists_none")
+console.must(cmd="press", name="cmdPlayListChoices", index=5, form="frmPlayList")
+console.wait_until(lambda: console.get("framSongEdit")["visible"], "the editor")
+console.press("cmdTop", 3)
+titles = console.rows(5)
+for row in (4, 1):
+    console.press("Grid", 5, row=row)
+    console.press("cmdPlayListCommands", 3)
+console.press("cmdTop", 0)
+console.press("Grid", 0, row=1)
+console.press("Grid", 2, row=1)
+album = console.rows(1)
+console.press("cmdPlayListCommands", 4)
+assert edited() == [titles[3], titles[0], *album], edited()
+assert console.get("lblCurrentPlay")["caption"] == "Status: Idle", "a tap in the editor only chooses"
+
+# Found as it is typed
+console.press("cmdTop", 4)
+console.press("cmdSearchKind", 1)
+console.must(cmd="type", text="er")
+found = console.must(cmd="rows", name="gridSearch")["rows"]
+assert found and all("er" in row["cells"][1].lower() for row in found), found
+console.screenshot("playlist_search")
+console.must(cmd="press", name="gridSearch", row=1)
+first = console.must(cmd="rows", name="gridSearch")["rows"][0]["cells"][0]
+console.must(cmd="press", name="gridSearch", row=1)
+console.press("cmdTop", 5)
+assert edited()[-1] == first, edited()
+
+# Put in order
+console.must(cmd="press", name="gridPlayListSongs", row=2)
+console.press("cmdPlayListCommands", 1)
+console.press("cmdOneSong", 3)
+console.press("cmdOneSong", 3)
+console.press("cmdPlayListCommands", 0)
+wanted = [titles[0], titles[3], *album[1:], first]
+assert edited() == wanted, (edited(), wanted)
+console.screenshot("playlist_editor")
+
+# Another list is asked about; the name is refused, then taken
+console.press("cmdTop", 6)
+box("cancel any play list changes", "no")
+console.press("cmdPlayListChoices", 1)
+type_on_screen("a*b")
+box("File name cannot contain")
+type_on_screen("road trip")
+console.wait_until(lambda: console.get("Grid", 6)["visible"], "the playlists")
+assert console.rows(6) == ["road trip"]
+assert len(every_line_opens(LISTS / "road trip.m3u")) == len(wanted)
+
+# It plays, and comes back after another list has taken its place
+console.press("Grid", 6, row=1)
+console.wait_until(lambda: console.get("Grid", 3)["visible"], "the list's songs")
+assert console.rows(3) == wanted, console.rows(3)
+assert console.get("lblCurrentPlayList")["caption"] == f"Play List = road trip  ({len(wanted)})"
+console.press("Grid", 3, row=2)
+console.wait_until(lambda: console.position() > 2, "two seconds of the second song")
+console.screenshot("playlist_playing")
+console.press("cmdTop", 3)
+console.press("Grid", 5, row=6)
+console.wait_until(lambda: console.title() == titles[5], "the other song")
+console.screenshot("playlist_replaced")
+console.press("cmdListUndo")
+console.wait_until(lambda: console.title() == wanted[1], "the song that ran")
+console.wait_until(lambda: console.position() >= 2, "its place", 5)
+assert console.rows(3) == wanted and console.get("Grid", 3)["row"] == 2
+console.press("cmdControls", 4)
+console.wait_until(lambda: console.title() == wanted[2], "the list going on")
+console.press("cmdControls", 3)
+
+# Favourites from all songs, an album and a playlist
+console.press("cmdTop", 3)
+console.press("cmdOneSong", 0)
+console.press("cmdFavoriateAdd")
+marked = {console.rows(5)[console.get("Grid", 5)["row"] - 1]}
+console.press("cmdTop", 0)
+console.press("Grid", 0, row=2)
+console.press("Grid", 2, row=1)
+console.press("cmdFavoriateAdd")
+marked.add(console.rows(1)[0])
+console.press("cmdTop", 2)
+console.press("Grid", 6, row=1)
+console.press("cmdFavoriateAdd")
+marked.add(wanted[0])
+console.press("cmdTop", 6)
+assert set(console.rows(8)) == marked and len(marked) == 3, (console.rows(8), marked)
+console.screenshot("favourites")
+
+
+def press_in_setup(index):
+    console.press("cmdSetup")
+    console.must(cmd="press", name="cmdOther", form="frmSetup")
+    console.must(cmd="press", name="cmdPage", index=2, form="frmGuiSetup")
+    console.must(cmd="press", name="cmdExportFavoriates", index=index, form="frmGuiSetup")
+
+
+def leave_setup():
+    console.must(cmd="press", name="cmdCmd", index=1, form="frmGuiSetup")
+    console.must(cmd="press", name="cmdOK", form="frmSetup")
+
+
+press_in_setup(0)
+box("Output file written = ")
+assert len(every_line_opens(LISTS / "Favorites.m3u")) == 3
+leave_setup()
+console.press("Grid", 8, row=1, col=6)
+assert len(console.rows(8)) == 2
+press_in_setup(1)
+leave_setup()
+console.press("cmdTop", 6)
+assert set(console.rows(8)) == marked, console.rows(8)
+console.end()
