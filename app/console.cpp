@@ -31,6 +31,9 @@ Console::Console(System& doors, const MakeHost& makeHost, QString home, std::fun
       browsing(frmMain,
                {main, state, screen, messages, system.box, log, palette, database, playlists},
                transport),
+      jukebox(frmMain,
+              {main, state, palette, database, browsing, transport, system.pump, system.chance}),
+      volume(frmMain, {state, settings, tabs, music, system.mixer, log, system.pump}),
       editor(frmMain,
              {main, state, screen, messages, palette, system.pump, database, playlists, browsing}),
       favourites(frmMain, {state, settings, system.files, system.pump, screen, messages, database,
@@ -45,9 +48,14 @@ Console::Console(System& doors, const MakeHost& makeHost, QString home, std::fun
       startup({system, state, settings, graphics, palette, log, screen, main, tabs, host, frmSplash,
                *this}),
       window({frmMain, state, host, messages, startup, system.tray, system.session},
-             std::move(end)) {
+             std::move(end)),
+      guestLock(frmMain, {state, settings, messages}) {
   browsing.setEditor(editor);
   transport.setBrowsing(browsing);
+  transport.setQueue(jukebox);
+  music.volumeTold = [this] { volume.volumeTold(); };
+  system.mixer.watch([this] { volume.mixerChanged(); });
+  jukebox.modeChanged = [this] { guestLock.lock(); };
   music.setNews(&transport);
   Tab* const byIndex[] = {&musicTab, &moviesTab, &photosTab, &mainTab, &mapsTab, &moreTab};
   for (int i = 0; i < 6; ++i) tabs.setTab(i, *byIndex[i]);

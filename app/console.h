@@ -5,6 +5,7 @@
 #include "control/control_tabs.h"
 #include "core/startup.h"
 #include "core/window_buttons.h"
+#include "custom/guest_lock.h"
 #include "custom/main_tab.h"
 #include "library/browsing.h"
 #include "library/database.h"
@@ -14,9 +15,11 @@
 #include "movies/movies_tab.h"
 #include "photos/photos_tab.h"
 #include "platform/system.h"
+#include "playback/jukebox.h"
 #include "playback/list_undo.h"
 #include "playback/music_tab.h"
 #include "playback/transport.h"
+#include "playback/volume.h"
 
 namespace korvane {
 
@@ -52,6 +55,8 @@ class Console : private StartupParts {
   MusicConnection music;
   Transport transport;
   Browsing browsing;
+  Jukebox jukebox;
+  Volume volume;
   PlaylistEditor editor;
   Favourites favourites;
   ListUndo listUndo;
@@ -63,6 +68,7 @@ class Console : private StartupParts {
   MoreTab moreTab;
   Startup startup;
   WindowButtons window;
+  GuestLock guestLock;
   std::unique_ptr<Screens> screens;
 
   void connectMasterListener() override;  // Yields.
@@ -70,6 +76,7 @@ class Console : private StartupParts {
  private:
   void wire();
   void wireMusic();
+  void wireSound();
   void wirePlaylists();
   void wireWindow();
 

@@ -6,6 +6,7 @@ namespace korvane {
 
 void Console::wire() {
   wireMusic();
+  wireSound();
   wirePlaylists();
   wireWindow();
 }
@@ -17,7 +18,15 @@ void Console::wireMusic() {
   };
   onIndex(u"cmdTop", Event::Click,
           [this](int i) { listUndo.around([&] { browsing.cmdTop_Click(i); }); });
-  onIndex(u"cmdControls", Event::Click, [this](int i) { transport.cmdControls_Click(i); });
+  onIndex(u"cmdControls", Event::Click, [this](int i) {
+    enum { Stop = 3, Next = 4, Delete = 5 };
+    const bool guarded = i == Stop || i == Next || i == Delete;
+    if (!guarded || guestLock.admits()) transport.cmdControls_Click(i);
+  });
+  onIndex(u"optMode", Event::Click, [this](int i) {
+    if (screen.busy() || !guestLock.admits()) return;
+    jukebox.optMode_Click(i);
+  });
   onIndex(u"cmdOneSong", Event::Press, [this](int i) { browsing.cmdOneSong_Press(i); });
   onIndex(u"cmdOneSong", Event::Release, [this](int) { browsing.cmdOneSong_Release(); });
   onIndex(u"VscrollAllSongs", Event::Change, [this](int) { browsing.VscrollAllSongs_Change(); });
@@ -27,7 +36,10 @@ void Console::wireMusic() {
   onIndex(u"Slider1", Event::Scroll, [this](int) { transport.Slider1_Scroll(); });
   onIndex(u"Slider1", Event::Release, [this](int) { transport.Slider1_Release(); });
   onIndex(u"lblCurrentPlay", Event::DblClick, [this](int) { transport.lblCurrentPlay_DblClick(); });
-  onIndex(u"RepeatTimer", Event::Tick, [this](int) { browsing.RepeatTimer_Tick(); });
+  onIndex(u"RepeatTimer", Event::Tick, [this](int) {
+    browsing.RepeatTimer_Tick();
+    volume.RepeatTimer_Tick();
+  });
   onIndex(u"KeyboardTimer", Event::Tick, [this](int) { browsing.KeyboardTimer_Tick(); });
 
   form.on(u"Grid", Event::Click, [this](Control& grid, const Event& event) {
@@ -45,6 +57,23 @@ void Console::wireMusic() {
           [this](Control&, const Event& event) { browsing.Form_KeyDown(event.key); });
   form.on(Event::KeyPress,
           [this](Control&, const Event& event) { browsing.Form_KeyPress(event.text); });
+}
+
+void Console::wireSound() {
+  const auto on = [this](QStringView name, Event::Type type, std::function<void()> handler) {
+    frmMain.on(name, type, [handler = std::move(handler)](Control&, const Event&) { handler(); });
+  };
+  on(u"scrollVolume", Event::Change, [this] { volume.scrollVolume_Change(); });
+  on(u"scrollVolume", Event::Scroll, [this] { volume.scrollVolume_Change(); });
+  for (const auto& [name, by] : {std::pair{u"ScrollVolumeUp", +1}, {u"ScrollVolumeDN", -1}}) {
+    on(name, Event::Press, [this, by = by] {
+      if (guestLock.admits()) volume.scrollVolumeButton_Press(by);
+    });
+    on(name, Event::Release, [this] { volume.scrollVolumeButton_Release(); });
+  }
+  on(u"mute", Event::Click, [this] {
+    if (guestLock.admits()) volume.mute_Click();
+  });
 }
 
 void Console::wirePlaylists() {
@@ -80,14 +109,20 @@ void Console::wireWindow() {
       handler(control.index);
     });
   };
+  // What a guest of a locked jukebox may not press.
+  const auto guarded = [&](QStringView name, std::function<void(int)> handler) {
+    press(name, [this, handler = std::move(handler)](int i) {
+      if (guestLock.admits()) handler(i);
+    });
+  };
   press(u"imgTabs", [this](int i) {
     listUndo.hide();
     if (!state.loadingForm) tabs.imgTabs_Click(i);
   });
   press(u"lblMoviesPlay", [this](int i) { moviesTab.lblMoviesPlay_Click(i); });
-  press(u"cmdSetup", [this](int) { screens->cmdSetup_Click(); });
-  press(u"imgExit", [this](int) { window.imgExit_Click(); });
-  press(u"cmdMinimize", [this](int) { window.cmdMinimize_Click(); });
+  guarded(u"cmdSetup", [this](int) { screens->cmdSetup_Click(); });
+  guarded(u"imgExit", [this](int) { window.imgExit_Click(); });
+  guarded(u"cmdMinimize", [this](int) { window.cmdMinimize_Click(); });
 }
 
 }  // namespace korvane

@@ -137,7 +137,9 @@ void Startup::openMixer() {
       uses_.system.box.show(trouble);
     return;
   }
-  mixer.setLevel(mixer.maximum() / 2);
+  const Settings& settings = uses_.settings;
+  const int percent = std::min(settings.number(key::VolumeStart), settings.number(key::VolumeMax));
+  mixer.setLevel(mixer.maximum() * percent / 100);
 }
 
 void Startup::closeit() {

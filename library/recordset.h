@@ -49,6 +49,13 @@ class Recordset {
     position_ = 0;
   }
 
+  // The current record becomes the first and stays the current one.
+  void MoveToTop() {
+    if (bof() || eof()) return;
+    std::rotate(rows_.begin(), rows_.begin() + position_ - 1, rows_.begin() + position_);
+    MoveFirst();
+  }
+
   template <class Before>
   void Sort(Before before) {
     std::stable_sort(rows_.begin(), rows_.end(), before);

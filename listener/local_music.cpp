@@ -52,9 +52,17 @@ void LocalMusic::status(const MusicCommand&) {
     reply({u"SONGPLAYING"_s, uses_.state.gSongPlayingTitle});
   }
   replyState();
-  if (!uses_.settings.flag(key::DisplayVolume)) return;
+  if (uses_.settings.flag(key::DisplayVolume)) replyVolume();
+}
+
+void LocalMusic::replyVolume() {
   reply({u"MAXVOLUME"_s, QString::number(volumeMaximum())});
   reply({u"VOLUME"_s, QString::number(volumeNow())});
+}
+
+void LocalMusic::levelChangedOutside() {
+  volume_.reset();
+  replyVolume();
 }
 
 void LocalMusic::play(const MusicCommand& command) {

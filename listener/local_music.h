@@ -44,6 +44,7 @@ class LocalMusic : private MediaPlayer::Events {
   ~LocalMusic() override;
 
   void perform(const MusicCommand& command);  // unknown ones are ignored. Yields.
+  void levelChangedOutside();                 // the mixer's, by another program
   void tick();                                // of MusicTimer
 
  private:
@@ -69,6 +70,7 @@ class LocalMusic : private MediaPlayer::Events {
   void replyState();
   int volumeMaximum() const;
   int volumeNow() const;
+  void replyVolume();
 
   void endOfStream() override;
   void durationKnown(double seconds) override;

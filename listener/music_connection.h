@@ -51,8 +51,11 @@ class MusicConnection : private Winsock::Events, private LocalReplies {
 
   void lblMusicPlay_Click();  // at seat or in cabin; only while Slider1 stands at 0
   void MusicTimer_Timer();
+  void levelChangedOutside() { local_.levelChangedOutside(); }  // of the mixer, by another program
   void DisplayDuration(double seconds);
   void ShowSliderTimes();  // in Slider1's text and in TxtTime
+
+  std::function<void()> volumeTold;  // a VOLUME report has come
 
   bool sliderHeld = false;  // the user holds Slider1: set by the transport
   double listenerMaxVolume = 0, listenerVolume = 0;

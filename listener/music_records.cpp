@@ -85,9 +85,10 @@ void MusicConnection::maxVolume(const ListenerRecord& record) {
 
 void MusicConnection::volume(const ListenerRecord& record) {
   listenerVolume = record.number(1).value_or(listenerVolume);
-  if (listenerMaxVolume == 0) return;
-  panel_.lblVolume->caption =
-      u"Volume %1%"_s.arg(std::round(100 * listenerVolume / listenerMaxVolume));
+  if (listenerMaxVolume > 0)
+    panel_.lblVolume->caption =
+        u"Volume %1%"_s.arg(std::round(100 * listenerVolume / listenerMaxVolume));
+  if (volumeTold) volumeTold();
 }
 
 void MusicConnection::pauseToPlay(const ListenerRecord&) {

@@ -34,6 +34,9 @@ class Mixer {
   virtual int maximum() const = 0;
   virtual int level() const = 0;
   virtual bool setLevel(int value) = 0;  // 0 to maximum()
+  // `changed` is called when another program has set the level, and once when the device has gone:
+  // maximum() is 0 then.
+  virtual void watch(std::function<void()> changed) = 0;
 };
 
 class Tray {

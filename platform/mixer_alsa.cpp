@@ -25,6 +25,11 @@ MixerAlsa::~MixerAlsa() {
 }
 
 void MixerAlsa::close() {
+  for (auto& each : notifiers_) {
+    each->setEnabled(false);
+    each.release()->deleteLater();  // it may be the one that is speaking
+  }
+  notifiers_.clear();
   if (mixer_) snd_mixer_close(mixer_);
   mixer_ = nullptr;
   element_ = nullptr;
@@ -44,14 +49,17 @@ bool MixerAlsa::open() {
     element_ = speakers(mixer_);
   if (element_ && snd_mixer_selem_get_playback_volume_range(element_, &lowest_, &highest) >= 0)
     maximum_ = static_cast<int>(highest - lowest_);
-  if (maximum_ > 0) return true;
+  if (maximum_ > 0) {
+    known_ = level();
+    listen();
+    return true;
+  }
   close();
   return false;
 }
 
 int MixerAlsa::level() const {
   if (!element_) return 0;
-  snd_mixer_handle_events(mixer_);  // what another program has set
   long value = lowest_;
   snd_mixer_selem_get_playback_volume(element_, SND_MIXER_SCHN_FRONT_LEFT, &value);
   return static_cast<int>(value - lowest_);
@@ -59,8 +67,38 @@ int MixerAlsa::level() const {
 
 bool MixerAlsa::setLevel(int value) {
   if (!element_) return false;
-  const long level = lowest_ + std::clamp(value, 0, maximum_);
-  return snd_mixer_selem_set_playback_volume_all(element_, level) >= 0;
+  const int bounded = std::clamp(value, 0, maximum_);
+  if (snd_mixer_selem_set_playback_volume_all(element_, lowest_ + bounded) < 0) return false;
+  known_ = bounded;
+  return true;
+}
+
+void MixerAlsa::watch(std::function<void()> changed) {
+  changed_ = std::move(changed);
+}
+
+void MixerAlsa::listen() {
+  const int count = snd_mixer_poll_descriptors_count(mixer_);
+  std::vector<pollfd> polled(static_cast<size_t>(std::max(count, 0)));
+  if (snd_mixer_poll_descriptors(mixer_, polled.data(), static_cast<unsigned>(polled.size())) < 0)
+    return;
+  for (const pollfd& each : polled) {
+    notifiers_.push_back(std::make_unique<QSocketNotifier>(each.fd, QSocketNotifier::Read));
+    QObject::connect(notifiers_.back().get(), &QSocketNotifier::activated, [this] { heard(); });
+  }
+}
+
+void MixerAlsa::heard() {
+  if (snd_mixer_handle_events(mixer_) < 0) {
+    close();
+    if (changed_) changed_();
+    return;
+  }
+  const int now = level();
+  if (std::abs(now - known_) > maximum_ / 200) {  // beyond what the card rounds
+    known_ = now;
+    if (changed_) changed_();
+  }
 }
 
 }  // namespace korvane

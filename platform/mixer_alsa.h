@@ -2,6 +2,10 @@
 // first with a playback volume.
 #pragma once
 
+#include <QSocketNotifier>
+#include <memory>
+#include <vector>
+
 #include "platform/machine.h"
 
 struct _snd_mixer;
@@ -18,15 +22,21 @@ class MixerAlsa final : public Mixer {
   int maximum() const override { return maximum_; }  // 0 while not open
   int level() const override;
   bool setLevel(int value) override;
+  void watch(std::function<void()> changed) override;
 
  private:
   void close();
+  void listen();
+  void heard();
 
   QString device_;
   _snd_mixer* mixer_ = nullptr;
   _snd_mixer_elem* element_ = nullptr;
   long lowest_ = 0;
   int maximum_ = 0;
+  int known_ = 0;  // the level as last read or set here
+  std::function<void()> changed_;
+  std::vector<std::unique_ptr<QSocketNotifier>> notifiers_;
 };
 
 }  // namespace korvane

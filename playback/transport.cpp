@@ -50,7 +50,10 @@ void Transport::pressMusic(int index) {
       stop();
       break;
     case Next:
-      step(+1);
+      if (uses_.state.jukeboxMode && queue_)
+        queue_->jukeboxNext();
+      else
+        step(+1);
       break;
     case Previous:
       step(-1);
@@ -83,9 +86,7 @@ void Transport::play() {
   }
   state.gMusicState = u"STOP"_s;
   if (state.jukeboxMode) {
-    if (uses_.database.rsPlaySongs.RecordCount() == 0) return;
-    uses_.database.rsPlaySongs.MoveFirst();
-    playSongRecord(0);
+    if (queue_) queue_->playTop();
     return;
   }
   for (const int index : {1, 3, 5, 8}) {
@@ -195,7 +196,8 @@ void Transport::playSongRecord(int record) {
     showRow(row);
     takeAllSongs(row);
     record = 0;
-  } else if ((playGrid_ == 1 || playGrid_ == 3) && stepped && modes().random) {
+  } else if (!uses_.state.jukeboxMode && (playGrid_ == 1 || playGrid_ == 3) && stepped &&
+             modes().random) {
     const int drawn = uses_.database.getRandomRecord(true, uses_.chance);
     if (drawn > 0) {
       record = drawn;

@@ -77,6 +77,7 @@ class Transport : public SongActivation, public TransportNews {
     virtual ~Queue() = default;
     virtual void jukeboxAdd(const PlaySong& song) = 0;
     virtual void jukeboxNext() = 0;
+    virtual void playTop() = 0;
     virtual void deleteSelection() = 0;
   };
   void setQueue(Queue& queue) { queue_ = &queue; }

@@ -233,6 +233,7 @@ constexpr InventoryRow kMain[] = {
     {"addsResetTimer", -1, Kind::Timer, {}, TL, ""},
     {"KeyboardTimer", -1, Kind::Timer, {}, TL, ""},
     {"movieTimer", -1, Kind::Timer, {}, TL, ""},
+    {"LockTimer", -1, Kind::Timer, {}, TL, ""},
     {"ListUndoTimer", -1, Kind::Timer, {}, TL, ""},
     {"pictimer", -1, Kind::Timer, {}, TL, ""},
 };

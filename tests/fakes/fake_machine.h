@@ -44,6 +44,9 @@ class FakeMixer : public Mixer {
     return true;
   }
 
+  void watch(std::function<void()> changed) override { outside = std::move(changed); }
+
+  std::function<void()> outside;
   bool present = true, opened = false, refuses = false;
   int top = 65535, value = 0;
 };

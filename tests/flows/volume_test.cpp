@@ -1,0 +1,96 @@
+#include "tests/flows/cabin.h"
+
+namespace korvane {
+namespace {
+
+class Sound : public CabinTest {
+ protected:
+  void begin(const QByteArray& settings) {
+    given(u"Ada"_s, u"Days"_s, u"001-Dawn"_s);
+    setting("LOCALLISTENER=1\nDisplayVolume=1\nShowMute=1\n" + settings);
+    system().mixer.top = 1000;
+    start();
+    press(u"imgTabs"_s, kMusicTab);
+  }
+  int level() { return system().mixer.value; }
+  Slider& bar() { return dynamic_cast<Slider&>(control(u"scrollVolume"_s)); }
+  void fire(const QString& name, Event::Type type) {
+    ASSERT_TRUE(form().fire(control(name), {type}));
+    system().pump.settle();
+  }
+  void outside(int to) {
+    system().mixer.value = to;
+    system().mixer.outside();
+    system().pump.settle();
+  }
+};
+
+TEST_F(Sound, AHeldButtonMovesByTwoThenByFivePercent) {
+  begin("");
+  EXPECT_EQ(level(), 500) << "half at the start";
+  EXPECT_EQ(bar().value(), 1200);
+  fire(u"ScrollVolumeUp"_s, Event::Press);
+  EXPECT_EQ(level(), 520);
+  EXPECT_EQ(picture(u"ScrollVolumeUp"_s), u"volplusb"_s);
+  fire(u"RepeatTimer"_s, Event::Tick);
+  EXPECT_EQ(level(), 570);
+  EXPECT_EQ(caption(u"lblVolume"_s), u"Volume 57%"_s);
+  fire(u"ScrollVolumeUp"_s, Event::Release);
+  EXPECT_FALSE(control(u"RepeatTimer"_s).enabled());
+  EXPECT_EQ(picture(u"ScrollVolumeUp"_s), u"volplus"_s);
+  fire(u"ScrollVolumeDN"_s, Event::Press);
+  for (int tick = 0; tick < 20; ++tick) fire(u"RepeatTimer"_s, Event::Tick);
+  EXPECT_EQ(level(), 0) << "never below silence";
+  EXPECT_EQ(bar().value(), 0);
+}
+
+TEST_F(Sound, TheBarSetsTheLevelAndFollowsOtherPrograms) {
+  begin("");
+  bar().moveTo(600);
+  EXPECT_EQ(level(), 250);
+  EXPECT_EQ(caption(u"lblVolume"_s), u"25 %"_s);
+  outside(800);
+  EXPECT_EQ(bar().value(), 1920);
+  EXPECT_EQ(level(), 800);
+}
+
+TEST_F(Sound, AnOwnersBoundsHoldOnEveryRoad) {
+  begin("VolumeMax=60\nVolumeStart=80\n");
+  EXPECT_EQ(level(), 600) << "the start level keeps under the ceiling";
+  fire(u"ScrollVolumeUp"_s, Event::Press);
+  EXPECT_EQ(level(), 600);
+  fire(u"ScrollVolumeUp"_s, Event::Release);
+  bar().moveTo(2400);
+  EXPECT_EQ(level(), 600);
+  EXPECT_EQ(bar().value(), 1440) << "the thumb goes back to what holds";
+  outside(900);
+  EXPECT_EQ(level(), 600);
+}
+
+TEST_F(Sound, EachPageHasItsOwnMute) {
+  begin("");
+  press(u"mute"_s);
+  EXPECT_EQ(player.calls.count(u"mute"_s), 1);
+  EXPECT_EQ(picture(u"mute"_s), u"muteb"_s);
+  press(u"imgTabs"_s, kMoviesTab);
+  EXPECT_EQ(picture(u"mute"_s), u"mute"_s);
+  press(u"mute"_s);
+  EXPECT_EQ(control(u"mute"_s).tag(), u"11"_s);
+  press(u"imgTabs"_s, kMusicTab);
+  press(u"mute"_s);
+  EXPECT_EQ(control(u"mute"_s).tag(), u"01"_s);
+  EXPECT_EQ(player.calls.count(u"unmute"_s), 1);
+}
+
+TEST_F(Sound, AMixerThatGoesLeavesThePlayersOwnVolume) {
+  begin("");
+  system().mixer.top = 0;
+  system().mixer.refuses = true;
+  system().mixer.outside();
+  fire(u"ScrollVolumeDN"_s, Event::Press);
+  fire(u"ScrollVolumeDN"_s, Event::Release);
+  EXPECT_FALSE(player.calls.filter(u"volume"_s).isEmpty());
+}
+
+}  // namespace
+}  // namespace korvane
