@@ -6,8 +6,10 @@
 
 namespace korvane {
 
-int benchScan(const QStringList& arguments);   // TREE HOME: the database is made anew
-int benchLists(const QStringList& arguments);  // HOME
-int benchFind(const QStringList& arguments);   // HOME
+int benchScan(const QStringList& arguments);      // TREE HOME: the database is made anew
+int benchLists(const QStringList& arguments);     // HOME
+int benchFind(const QStringList& arguments);      // HOME
+int benchPlaylist(const QStringList& arguments);  // HOME
+int benchSearch(const QStringList& arguments);    // HOME
 
 }  // namespace korvane

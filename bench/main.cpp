@@ -18,7 +18,8 @@ struct Mode {
 constexpr Mode kModes[] = {
     {"scan", "TREE HOME", korvane::benchScan}, {"lists", "HOME", korvane::benchLists},
     {"find", "HOME", korvane::benchFind},      {"play", "FILE FILE2", korvane::benchPlay},
-    {"records", "", korvane::benchRecords},
+    {"records", "", korvane::benchRecords},    {"playlist", "HOME", korvane::benchPlaylist},
+    {"search", "HOME", korvane::benchSearch},
 };
 
 int usage() {
