@@ -6,9 +6,11 @@
 
 namespace korvane {
 
-int benchScan(const QStringList& arguments);   // TREE HOME: the database is made anew
-int benchLists(const QStringList& arguments);  // HOME
-int benchFind(const QStringList& arguments);   // HOME
-int benchPage(const QStringList& arguments);   // GRID HOME: of a whole console
+int benchScan(const QStringList& arguments);      // TREE HOME: the database is made anew
+int benchLists(const QStringList& arguments);     // HOME
+int benchFind(const QStringList& arguments);      // HOME
+int benchPlaylist(const QStringList& arguments);  // HOME
+int benchSearch(const QStringList& arguments);    // HOME
+int benchPage(const QStringList& arguments);      // GRID HOME: of a whole console
 
 }  // namespace korvane

@@ -103,15 +103,15 @@ bool M3uReader::next() {
     rest_ = rest_.sliced(std::min(line_.size() + 1, rest_.size()));
     if (line_.size() > kLongest || line_.startsWith('#') || line_.trimmed().isEmpty()) continue;
     text_ = line_.isValidUtf8() ? QString::fromUtf8(line_) : fromWindows1252(line_);
-    return true;
+    if (!text_.trimmed().isEmpty()) return true;  // a lone byte order mark is no text
   }
   return false;
 }
 
 bool M3uReader::ambiguous() const {
   return !text_.startsWith(u'/') || text_.contains(u'\\') || text_.contains(u'%') ||
-         text_.contains("/."_L1) || text_.contains("//"_L1) || text_.endsWith(u' ') ||
-         toPath(line_) != text_;
+         text_.contains("/."_L1) || text_.contains("//"_L1) || text_.endsWith(u'/') ||
+         text_.back().isSpace() || toPath(line_) != text_;
 }
 
 QStringList M3uReader::meanings(const QString& folder) const {

@@ -10,7 +10,7 @@ namespace {
 constexpr qint64 kLargestFile = 256 << 20;  // bytes
 constexpr int kMostSongs = 1'000'000;       // of one list; what follows is left out
 constexpr int kShownOfLine = 50;            // characters of a line that is not in the library
-constexpr int kBatch = 2048;                // look-ups under one lock
+constexpr int kBatch = 512;                 // look-ups under one lock, between two yields
 constexpr qsizetype kLongestName = 200;     // bytes of a list's name
 
 PlaySong ofLibrary(const Song& song) {

@@ -111,24 +111,26 @@ bool like(std::string_view pattern, std::string_view text) {
 
 Containing::Containing(std::string text) : pattern_('%' + text + '%') {
   const auto plain = [](char c) { return c > 0x1F && c < 0x7F && c != '%' && c != '_'; };
+  for (std::string_view rest = text; !rest.empty(); rest.remove_prefix(characterLength(rest)))
+    beyondAscii_ |= folded(rest.substr(0, characterLength(rest))) > 0x7F;
   if (!std::all_of(text.begin(), text.end(), plain)) return;
-  // K and S are also the case folds of characters outside ASCII.
-  const bool kelvin = text.find_first_of("kKsS") != std::string::npos;
-  if (kelvin) return;
+  // The Kelvin sign and the long s fold to k and s.
+  foldedTo_ = text.find_first_of("kKsS") != std::string::npos;
   plain_ = std::move(text);
   for (char& c : plain_) c = lower(c);
 }
 
 bool Containing::in(std::string_view text) const {
-  if (plain_.empty()) return like(pattern_, text);
-  if (text.size() < plain_.size()) return false;
-  const size_t last = text.size() - plain_.size();
-  for (size_t at = 0; at <= last; ++at) {
+  const auto ascii = [text] {
+    return std::all_of(text.begin(), text.end(), [](char c) { return c >= 0; });
+  };
+  if (plain_.empty()) return !(beyondAscii_ && ascii()) && like(pattern_, text);
+  for (size_t at = 0; at + plain_.size() <= text.size(); ++at) {
     size_t same = 0;
     while (same < plain_.size() && lower(text[at + same]) == plain_[same]) ++same;
     if (same == plain_.size()) return true;
   }
-  return false;
+  return foldedTo_ && !ascii() && like(pattern_, text);
 }
 
 void addFunctions(sqlite3* db) {

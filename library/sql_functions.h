@@ -23,7 +23,7 @@ std::string_view shownTitle(std::string_view title);
 // takes at most pattern times text steps.
 bool like(std::string_view pattern, std::string_view text);
 
-// like("%" + text + "%", ...) for many texts: quick where `text` is plain ASCII.
+// like("%" + text + "%", ...) for many texts: quick for nearly all.
 class Containing {
  public:
   explicit Containing(std::string text);
@@ -33,6 +33,7 @@ class Containing {
  private:
   std::string pattern_;
   std::string plain_;  // in lower case; empty when the pattern decides
+  bool foldedTo_ = false, beyondAscii_ = false;
 };
 
 }  // namespace korvane::sql

@@ -55,11 +55,12 @@ void ListUndo::around(const std::function<void()>& press) {
   if (!panel_.framListUndo->visible() || kept_.number != started.number) caption_ = caption;
   kept_ = started;
   seconds_ = seconds;
-  const PlaySong song = kept_.songs.value(std::max(kept_.record, 1) - 1);
-  panel_.lblListUndo->caption = u"Another list took the place of "_s + song.Album.trimmed();
-  if (!caption_.isEmpty())
-    panel_.lblListUndo->caption = u"Another list took the place of "_s + caption_;
-  panel_.lblListUndo->colours = panel_.framListUndo->colours();
+  QString name = caption_.section(u" = "_s, 1).section(u"  ("_s, 0, -2);
+  if (name.isEmpty()) name = kept_.songs.value(std::max(kept_.record, 1) - 1).Album.trimmed();
+  panel_.lblListUndo->caption = name + u" was replaced"_s;
+  Colours ink;
+  ink.fore = panel_.framListUndo->colours().fore;
+  panel_.lblListUndo->colours = ink;
   panel_.ListUndoTimer->enabled = false;  // counts anew
   panel_.ListUndoTimer->enabled = true;
   panel_.framListUndo->visible = true;

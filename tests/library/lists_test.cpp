@@ -77,6 +77,27 @@ TEST_F(ListsTest, FindIsTheFirstTitleNotBeforeTheText) {
   }
 }
 
+TEST_F(ListsTest, ATextIsFoundInTheListsAsInTheRows) {
+  givenRandomSongs(300);
+  const QStringList texts{u""_s,  u"WIND"_s, u"rg"_s,   u"\u00c4"_s,
+                          u"e"_s, u"_"_s,    u"l%ng"_s, u"zz"_s};
+  QList<QStringList> artists;
+  QList<QList<std::pair<QString, QString>>> albums;
+  for (const bool mapped : {false, true}) {
+    if (mapped) db.getAllSongs();
+    for (qsizetype i = 0; i < texts.size(); ++i) {
+      if (!mapped) {
+        artists << db.findArtists(texts[i], 5);
+        albums << db.findAlbums(texts[i], 5);
+      }
+      EXPECT_EQ(db.findArtists(texts[i], 5), artists[i]) << texts[i].toStdString();
+      EXPECT_EQ(db.findAlbums(texts[i], 5), albums[i]) << texts[i].toStdString();
+    }
+  }
+  EXPECT_EQ(artists[1].size(), 1);
+  EXPECT_EQ(albums[0].size(), 5);
+}
+
 TEST_F(ListsTest, AMarkKeepsTheListFileAndANewSongVoidsIt) {
   givenRandomSongs(100);
   const auto songs = db.getAllSongs();
