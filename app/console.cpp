@@ -29,6 +29,8 @@ Console::Console(System& doors, const MakeHost& makeHost, QString home, std::fun
       transport(frmMain, {main, state, screen, tabs, database, music, system.pump, system.chance}),
       browsing(frmMain, {main, state, screen, messages, system.box, log, palette, database},
                transport),
+      cd(frmMain, {main, state, screen, settings, messages, log, system.pump, system.disc, database,
+                   browsing, music, transport}),
       musicTab(parts, browsing, transport, music, system.player),
       moviesTab(parts),
       photosTab(parts, system, messages),

@@ -12,6 +12,7 @@
 #include "movies/movies_tab.h"
 #include "photos/photos_tab.h"
 #include "platform/system.h"
+#include "playback/cd_player.h"
 #include "playback/music_tab.h"
 #include "playback/transport.h"
 
@@ -48,6 +49,7 @@ class Console : private StartupParts {
   MusicConnection music;
   Transport transport;
   Browsing browsing;
+  CdPlayer cd;
   MusicTab musicTab;
   MoviesTab moviesTab;
   PhotosTab photosTab;
@@ -76,7 +78,7 @@ class Console : private StartupParts {
   void domainpage() override { mainTab.domainpage(); }
   void lblMoviesPlay_Click(int index) override { moviesTab.lblMoviesPlay_Click(index); }
   void loadAds() override {}
-  void stopCd() override {}
+  void stopCd() override { cd.stopCd(); }
   void closeMap() override {}
   void closeConnections() override;
   void releasePhotos() override {}

@@ -25,6 +25,8 @@ void Console::wireMusic() {
   onIndex(u"Slider1", Event::Scroll, [this](int) { transport.Slider1_Scroll(); });
   onIndex(u"Slider1", Event::Release, [this](int) { transport.Slider1_Release(); });
   onIndex(u"lblCurrentPlay", Event::DblClick, [this](int) { transport.lblCurrentPlay_DblClick(); });
+  onIndex(u"lblMusicType", Event::Click, [this](int i) { cd.lblMusicType_Click(i); });
+  onIndex(u"MusicTimer", Event::Tick, [this](int) { cd.MusicTimer_Timer(); });
   onIndex(u"RepeatTimer", Event::Tick, [this](int) { browsing.RepeatTimer_Tick(); });
   onIndex(u"KeyboardTimer", Event::Tick, [this](int) { browsing.KeyboardTimer_Tick(); });
 

@@ -83,6 +83,7 @@ inline constexpr SettingKey SinglePress{"STARTUP", "SinglePress",
 inline constexpr SettingKey MusicListener{"STARTUP", "MusicListener", Rule::Str};  // "host:port"
 inline constexpr SettingKey QuietMixer{"STARTUP", "QuietMixer", Rule::FlagYes};  // no box at start
 inline constexpr SettingKey ListenerEncoding{"STARTUP", "ListenerEncoding", Rule::UStr};
+inline constexpr SettingKey CDDrive{"STARTUP", "CDDrive", Rule::Str};  // device or CUE sheet
 
 // Other sections
 inline constexpr SettingKey MovieListener{"Movies", "MovieListener", Rule::FlagVal};

@@ -67,6 +67,7 @@ class LocalMusic : private MediaPlayer::Events {
 
   void reply(std::initializer_list<QString> fields);
   void replyState();
+  void replyVolume();
   int volumeMaximum() const;
   int volumeNow() const;
 

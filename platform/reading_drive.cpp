@@ -45,8 +45,9 @@ void ReadingDrive::close() {
 void ReadingDrive::heard(int number, const DiscLook& look) {
   if (!open_ || number != number_) return;
   const bool first = !look_;
+  const bool same = !first && look.disc.tracks == look_->disc.tracks;
   look_ = look;
-  if (look.state != DiscLook::Ready) stop();
+  if (!same || look.state != DiscLook::Ready) stop();
   if (!first && events_) events_->discChanged();
 }
 
