@@ -9,7 +9,7 @@ using Columns = std::vector<Grid::Column>;
 
 Columns columnsFor(bool lengths) {
   const Grid::Column hidden{QString(), 0, true};
-  return lengths ? Columns{{QString(), 86}, {QString(), 14}, hidden, hidden, hidden}
+  return lengths ? Columns{{QString(), 78}, {QString(), 22}, hidden, hidden, hidden}
                  : Columns{{}, {QString(), 0, true}, hidden, hidden, hidden};
 }
 

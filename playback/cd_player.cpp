@@ -233,9 +233,9 @@ void CdPlayer::MusicTimer_Timer() {
 void CdPlayer::takePosition(const QString& position) {
   const int track = position.left(2).toInt();
   if (track != uses_.state.gCdTrack) {
-    const QString length = cdCommand(8, track);
-    panel_.Slider1->maximum = std::max(secondsAt(length, 0), 1);
-    panel_.lblDuration->caption = length;
+    const int seconds = secondsAt(cdCommand(8, track), 0);
+    panel_.Slider1->maximum = std::max(seconds, 1);
+    uses_.connection.DisplayDuration(seconds);
     panel_.lblCurrentPlayList->caption = uses_.drive.disc()->at(track).title;
     uses_.state.gCdTrack = track;
     panel_.grid->SetActiveCell(1, track);
