@@ -39,6 +39,8 @@ Console::Console(System& doors, const MakeHost& makeHost, QString home, std::fun
       favourites(frmMain, {state, settings, system.files, system.pump, screen, messages, database,
                            playlists, browsing}),
       listUndo(frmMain, {state, settings, music, transport, browsing, system.pump}),
+      cd(frmMain, {main, state, screen, settings, messages, log, system.pump, system.disc, database,
+                   browsing, music, transport}),
       musicTab(parts, browsing, editor, transport, music, system.player),
       moviesTab(parts),
       photosTab(parts, system, messages),

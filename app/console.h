@@ -15,6 +15,7 @@
 #include "movies/movies_tab.h"
 #include "photos/photos_tab.h"
 #include "platform/system.h"
+#include "playback/cd_player.h"
 #include "playback/jukebox.h"
 #include "playback/list_undo.h"
 #include "playback/music_tab.h"
@@ -60,6 +61,7 @@ class Console : private StartupParts {
   PlaylistEditor editor;
   Favourites favourites;
   ListUndo listUndo;
+  CdPlayer cd;
   MusicTab musicTab;
   MoviesTab moviesTab;
   PhotosTab photosTab;
@@ -91,7 +93,7 @@ class Console : private StartupParts {
   void domainpage() override { mainTab.domainpage(); }
   void lblMoviesPlay_Click(int index) override { moviesTab.lblMoviesPlay_Click(index); }
   void loadAds() override {}
-  void stopCd() override {}
+  void stopCd() override { cd.stopCd(); }
   void closeMap() override {}
   void closeConnections() override;
   void releasePhotos() override {}

@@ -8,11 +8,13 @@
 #include "app/console.h"
 #include "app/home.h"
 #include "app/tools.h"
+#include "platform/disc_reader_cdio.h"
 #include "platform/disk_file_system.h"
 #include "platform/home_lock.h"
 #include "platform/login_session.h"
 #include "platform/media_player_vlc.h"
 #include "platform/mixer_alsa.h"
+#include "platform/reading_drive.h"
 #include "platform/screen_saver_power.h"
 #include "platform/system_clock.h"
 #include "platform/winsock_qt.h"
@@ -50,15 +52,17 @@ int show(const CommandLine& line, const QString& home, DiskFileSystem& files, Qt
   SystemClock clock;
   RandomChance chance(clock);
   MediaPlayerVlc player(pump);
+  ReadingDrive disc(pump, player, std::make_shared<DiscReaderCdio>());
   ScreenSaverPower screenPower;
   LoginSession session;
   MixerAlsa mixer;
   TrayIcon tray(QIcon(home + u"/krvgraphics/MERIDIAN/logo.svg"_s));
   MessageBox box;
   HomeLock lock(home);
-  System system{pump,   clock,       chance,  files,
-                player, screenPower, session, mixer,
-                tray,   box,         lock,    [] { return std::make_unique<WinsockQt>(); }};
+  System system{
+      pump, clock, chance, files, player, disc, screenPower, session, mixer, tray, box, lock, [] {
+        return std::make_unique<WinsockQt>();
+      }};
   WindowHost* window = nullptr;
   bool ended = false;  // also while the start still runs its own turns of the event loop
   const auto end = [&ended] {

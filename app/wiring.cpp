@@ -40,6 +40,10 @@ void Console::wireMusic() {
     browsing.RepeatTimer_Tick();
     volume.RepeatTimer_Tick();
   });
+  onIndex(u"lblMusicType", Event::Click, [this](int i) {
+    if (guestLock.admits()) cd.lblMusicType_Click(i);
+  });
+  onIndex(u"MusicTimer", Event::Tick, [this](int) { cd.MusicTimer_Timer(); });
   onIndex(u"KeyboardTimer", Event::Tick, [this](int) { browsing.KeyboardTimer_Tick(); });
 
   form.on(u"Grid", Event::Click, [this](Control& grid, const Event& event) {

@@ -42,10 +42,19 @@ int benchPage(const QStringList& arguments) {
   PressGate gate;
   StillPump pump(gate);
   DiskFileSystem files;
-  System system{pump,          fakes.clock,    fakes.chance,
-                files,         player,         fakes.screenPower,
-                fakes.session, fakes.mixer,    fakes.tray,
-                fakes.box,     fakes.instance, [] { return std::make_unique<FakeWinsock>(); }};
+  System system{pump,
+                fakes.clock,
+                fakes.chance,
+                files,
+                player,
+                fakes.disc,
+                fakes.screenPower,
+                fakes.session,
+                fakes.mixer,
+                fakes.tray,
+                fakes.box,
+                fakes.instance,
+                [] { return std::make_unique<FakeWinsock>(); }};
   WindowHost* window = nullptr;
   Console console(
       system,

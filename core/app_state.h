@@ -34,6 +34,11 @@ struct AppState {
 
   QString gMusicState = u"STOP"_s;  // "PLAY", "STOP" or "PAUSED"
   QString gMusicType = u"DIGITAL"_s;
+  QString gCdDrive;             // device or image of the CD source; empty for the first drive
+  int gCdTrack = 0;             // that plays; 0 while none does
+  bool gCdServer = false;       // the CD is remote
+  bool discHoldsFiles = false;  // the CD at hand is a data disc: its songs play as files do
+  bool playsDiscAudio() const { return gMusicType == "CD"_L1 && !discHoldsFiles; }
   QString gMovieType;
   int gPlayMode = 0;  // 0 stopped, 1 paused, 2 playing
   QString gSongPlayingTitle;

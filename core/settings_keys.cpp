@@ -64,6 +64,7 @@ std::span<const SettingKey* const> allSettingKeys() {
       &QuietMixer,
       &MusicListener,
       &ListenerEncoding,
+      &CDDrive,
       &MovieListener,
       &MDirectory,
       &MDirectory1,

@@ -87,6 +87,7 @@ inline constexpr SettingKey VolumeStart{"STARTUP", "VolumeStart", Rule::Number, 
 inline constexpr SettingKey JukeboxLock{"STARTUP", "JukeboxLock", Rule::FlagYes};  // for guests
 inline constexpr SettingKey ListUndo{"STARTUP", "ListUndo", Rule::FlagYes};      // a way back
 inline constexpr SettingKey ListenerEncoding{"STARTUP", "ListenerEncoding", Rule::UStr};
+inline constexpr SettingKey CDDrive{"STARTUP", "CDDrive", Rule::Str};  // device or CUE sheet
 
 // Other sections
 inline constexpr SettingKey MovieListener{"Movies", "MovieListener", Rule::FlagVal};

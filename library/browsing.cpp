@@ -185,7 +185,9 @@ void Browsing::Grid_DblClick(int index, int, int row) {
   if (row > grid.maxRows()) return;
   grid.row = row;
   try {
-    if (uses_.state.jukeboxMode)
+    if (index == 7)
+      songs_.playDiscRow(row);
+    else if (uses_.state.jukeboxMode)
       addToJukebox(index, row);
     else
       play(index, row);

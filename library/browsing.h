@@ -23,7 +23,8 @@ class SongActivation {
   virtual void startFrom(int grid) = 0;
   virtual void playSongRecord(int record) = 0;  // of rsPlaySongs; 0 keeps the cursor. Yields.
   virtual void jukeboxAdd(const PlaySong& song) = 0;
-  virtual void playFailed() = 0;  // the transport's pictures go back to stopped
+  virtual void playDiscRow(int /*row*/) {}  // of the list of the CD. Yields.
+  virtual void playFailed() = 0;            // the transport's pictures go back to stopped
 };
 
 // The playlist editor, as the lists see it.

@@ -47,15 +47,17 @@ void LocalMusic::tick() {
 
 void LocalMusic::status(const MusicCommand&) {
   const MediaPlayer::PlayState now = uses_.player.playState();
+  if (uses_.state.playsDiscAudio()) return replyVolume();  // of the rest the CD tells
   if (now == MediaPlayer::Paused || now == MediaPlayer::Playing) {
     reply({u"MUSICDURATION"_s, numberText(uses_.player.Duration())});
     reply({u"SONGPLAYING"_s, uses_.state.gSongPlayingTitle});
   }
   replyState();
-  if (uses_.settings.flag(key::DisplayVolume)) replyVolume();
+  replyVolume();
 }
 
 void LocalMusic::replyVolume() {
+  if (!uses_.settings.flag(key::DisplayVolume)) return;
   reply({u"MAXVOLUME"_s, QString::number(volumeMaximum())});
   reply({u"VOLUME"_s, QString::number(volumeNow())});
 }
@@ -154,14 +156,17 @@ int LocalMusic::volumeNow() const {
 }
 
 void LocalMusic::endOfStream() {
+  if (uses_.state.playsDiscAudio()) return;
   uses_.replies.localEndOfStream();
 }
 
 void LocalMusic::durationKnown(double seconds) {
+  if (uses_.state.playsDiscAudio()) return;
   reply({u"MUSICDURATION"_s, numberText(seconds)});
 }
 
 void LocalMusic::failed(const QString& description) {
+  if (uses_.state.playsDiscAudio()) return;
   uses_.replies.localSongFailed(description);
 }
 

@@ -68,9 +68,9 @@ class LocalMusic : private MediaPlayer::Events {
 
   void reply(std::initializer_list<QString> fields);
   void replyState();
+  void replyVolume();
   int volumeMaximum() const;
   int volumeNow() const;
-  void replyVolume();
 
   void endOfStream() override;
   void durationKnown(double seconds) override;

@@ -162,7 +162,7 @@ void MusicConnection::lblMusicPlay_Click() {
 }
 
 void MusicConnection::MusicTimer_Timer() {
-  if (uses_.state.gLocalListener && uses_.state.gMusicType != "CD"_L1) local_.tick();
+  if (uses_.state.gLocalListener && !uses_.state.playsDiscAudio()) local_.tick();
 }
 
 void MusicConnection::DisplayDuration(double seconds) {

@@ -2,7 +2,9 @@
 // it stands for. Seconds everywhere.
 #pragma once
 
-#include "platform/text.h"
+#include <memory>
+
+#include "platform/sound_stream.h"
 
 namespace korvane {
 
@@ -25,6 +27,9 @@ class MediaPlayer {
   virtual void prepare() {}  // gets ready in the background, so that the first song does not wait
   virtual void setFileName(
       const QString& path) = 0;  // opens; what played before ends without an event
+  // The same for sound that is made while it plays, told as `name` where it fails. It is cancelled
+  // when it is stopped or something else is opened.
+  virtual void setStream(std::shared_ptr<SoundStream> stream, const QString& name) = 0;
   virtual void Play() = 0;
   virtual void Pause() = 0;
   virtual void Stop() = 0;

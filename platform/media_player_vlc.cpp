@@ -19,6 +19,7 @@ MediaPlayerVlc::MediaPlayerVlc(Pump& pump, QStringList arguments)
           arguments + QProcess::splitCommand(qEnvironmentVariable("KORVANE_VLC_ARGS")))) {}
 
 MediaPlayerVlc::~MediaPlayerVlc() {
+  if (stream_) stream_->cancel();
   engine_->quit();
 }
 
@@ -26,12 +27,27 @@ void MediaPlayerVlc::prepare() {
   engine_->post([engine = engine_.get()] { engine->make(); });
 }
 
-void MediaPlayerVlc::setFileName(const QString& path) {
+void MediaPlayerVlc::openNew(const QString& path, std::shared_ptr<SoundStream> stream) {
+  if (stream_) stream_->cancel();
   path_ = path;
+  stream_ = std::move(stream);
   state_ = Stopped;
   duration_ = 0;
   ended_ = false;
   ++generation_;
+}
+
+void MediaPlayerVlc::setStream(std::shared_ptr<SoundStream> stream, const QString& name) {
+  openNew(name, std::move(stream));
+  error_.clear();
+  engine_->positionMs = 0;
+  engine_->post([engine = engine_.get(), number = generation_, name, sound = stream_] {
+    engine->open(number, name, sound);
+  });
+}
+
+void MediaPlayerVlc::setFileName(const QString& path) {
+  openNew(path, nullptr);
   const QFileInfo file(path);
   error_ = !file.isFile()       ? u"Cannot play %1: there is no such file."_s.arg(path)
            : !file.isReadable() ? u"Cannot play %1: the file may not be read."_s.arg(path)
@@ -48,8 +64,8 @@ void MediaPlayerVlc::Play() {
   if (state_ == Paused)
     engine_->post([engine = engine_.get()] { engine->setPause(false); });
   else if (ended_)
-    engine_->post([engine = engine_.get(), number = ++generation_, path = path_] {
-      engine->open(number, path);
+    engine_->post([engine = engine_.get(), number = ++generation_, path = path_, stream = stream_] {
+      engine->open(number, path, stream);
       engine->play();
     });
   else
@@ -66,6 +82,7 @@ void MediaPlayerVlc::Pause() {
 
 void MediaPlayerVlc::Stop() {
   state_ = Stopped;
+  if (stream_) stream_->cancel();
   engine_->post([engine = engine_.get()] { engine->stop(); });
 }
 
@@ -104,9 +121,8 @@ void MediaPlayerVlc::heard(const Report& report) {
     case Report::Failure:
       ended_ = true;
       error_ = report.description;
-      if (state_ == Stopped || !events_)
-        return;  // a stop was asked meanwhile: nobody waits for this
-      state_ = Stopped;
+      // After a stop that was asked for meanwhile nobody waits for this.
+      if (std::exchange(state_, Stopped) == Stopped || !events_) return;
       report.kind == Report::End ? events_->endOfStream() : events_->failed(error_);
   }
 }

@@ -28,6 +28,7 @@ class MediaPlayerVlc final : public MediaPlayer {
 
   void setEvents(Events* events) override { events_ = events; }
   void setFileName(const QString& path) override;
+  void setStream(std::shared_ptr<SoundStream> stream, const QString& name) override;
   void Play() override;
   void Pause() override;
   void Stop() override;
@@ -52,10 +53,12 @@ class MediaPlayerVlc final : public MediaPlayer {
   friend class Engine;
   struct Report;
   void heard(const Report& report);
+  void openNew(const QString& path, std::shared_ptr<SoundStream> stream);
 
   std::shared_ptr<Engine> engine_;
   Events* events_ = nullptr;
   QString path_, error_;
+  std::shared_ptr<SoundStream> stream_;  // what plays, unless it is a file
   PlayState state_ = Stopped;
   double duration_ = 0;
   int generation_ = 0;  // of the file at hand

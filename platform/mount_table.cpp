@@ -5,6 +5,8 @@
 namespace korvane {
 namespace {
 
+enum Field { Device = 2, Root = 3, MountPoint = 4, FirstOptional = 6 };
+
 // The table writes blanks, tabs, line breaks and '\' as \ooo.
 QByteArray unescaped(const QByteArray& field) {
   QByteArray bytes;
@@ -28,8 +30,19 @@ bool keepsFiles(const QByteArray& type, const QByteArray& source) {
 
 }  // namespace
 
+QStringList mountsOf(QByteArrayView mountInfo, const QString& device) {
+  QStringList points;
+  for (const QByteArray& line : mountInfo.toByteArray().split('\n')) {
+    const QByteArrayList fields = line.split(' ');
+    const qsizetype dash = fields.indexOf("-", FirstOptional);
+    if (dash < 0 || dash + 2 >= fields.size()) continue;
+    if (toPath(unescaped(fields[dash + 2])) == device)
+      points << toPath(unescaped(fields[MountPoint]));
+  }
+  return points;
+}
+
 QStringList volumesOf(QByteArrayView mountInfo) {
-  enum Field { Device = 2, Root = 3, MountPoint = 4, FirstOptional = 6 };
   QStringList volumes;
   QList<QPair<QByteArray, QByteArray>> seen;
   for (const QByteArray& line : mountInfo.toByteArray().split('\n')) {

@@ -9,4 +9,7 @@ namespace korvane {
 // file systems. Not those of the system itself (/boot, packaged programs), and each volume once.
 QStringList volumesOf(QByteArrayView mountInfo);
 
+// Where the device of that canonical path is mounted.
+QStringList mountsOf(QByteArrayView mountInfo, const QString& device);
+
 }  // namespace korvane

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/clock.h"
+#include "platform/disc_drive.h"
 #include "platform/file_system.h"
 #include "platform/machine.h"
 #include "platform/media_player.h"
@@ -16,6 +17,7 @@ struct System {
   Chance& chance;
   FileSystem& files;
   MediaPlayer& player;
+  DiscDrive& disc;
   ScreenPower& screenPower;
   Session& session;
   Mixer& mixer;

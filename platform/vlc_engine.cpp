@@ -13,6 +13,17 @@ constexpr qint64 kLengthStepMs = 500;  // a guessed length that moves by less is
 // Music only: no pictures, no subtitles, no scripts, nothing printed, no connection to a display.
 constexpr const char* kArguments[] = {"--no-video", "--no-spu", "--no-lua", "--quiet", "--no-xlib"};
 
+// libVLC's doors to a stream; `stream` is one.
+int openStream(void* stream, void** data, uint64_t* size) {
+  *data = stream;
+  *size = static_cast<uint64_t>(static_cast<SoundStream*>(stream)->size());
+  return 0;
+}
+
+ssize_t readStream(void* stream, unsigned char* to, size_t length) {
+  return static_cast<SoundStream*>(stream)->read({reinterpret_cast<char*>(to), length});
+}
+
 }  // namespace
 
 MediaPlayerVlc::Engine::Engine(MediaPlayerVlc& owner, Pump& pump, QStringList arguments)
@@ -69,7 +80,7 @@ bool MediaPlayerVlc::Engine::make() {
   if (!trouble_.isEmpty() || !(vlc_ = VlcLibrary::open(&trouble_))) return false;
 
   std::vector<QByteArray> words(std::begin(kArguments), std::end(kArguments));
-  for (const QString& argument : arguments_) words.push_back(argument.toLocal8Bit());
+  for (const QString& argument : arguments_) words.push_back(argument.toLocal8Bit().constData());
   std::vector<const char*> pointers;
   pointers.reserve(words.size());
   for (const QByteArray& word : words) pointers.push_back(word.constData());
@@ -88,21 +99,34 @@ bool MediaPlayerVlc::Engine::make() {
   return true;
 }
 
-void MediaPlayerVlc::Engine::open(int generation, const QString& path) {
+void MediaPlayerVlc::Engine::open(int generation, const QString& path,
+                                  std::shared_ptr<SoundStream> stream) {
   if (!make()) {
     report({Report::Failure, generation, 0, trouble_});
     return;
   }
-  libvlc_media_t* media = vlc_->libvlc_media_new_path(
-      instance_, QDir::toNativeSeparators(path).toLocal8Bit().constData());
+  libvlc_media_t* media =
+      stream ? mediaOf(*stream)
+             : vlc_->libvlc_media_new_path(
+                   instance_, QDir::toNativeSeparators(path).toLocal8Bit().constData());
   vlc_->libvlc_media_player_set_media(player_, media);  // ends the file before it
   if (media_) vlc_->libvlc_media_release(media_);
   media_ = media;
+  stream_ = std::move(stream);
   path_ = path;
   positionMs = 0;
   lengthMs_ = 0;
   soundFound_ = false;
   generation_ = generation;
+}
+
+// libVLC would fill 16 MB, a minute and a half, before it sounds the first of it.
+libvlc_media_t* MediaPlayerVlc::Engine::mediaOf(SoundStream& stream) {
+  libvlc_media_t* media = vlc_->libvlc_media_new_callbacks(instance_, openStream, readStream,
+                                                           nullptr, nullptr, &stream);
+  for (const char* option : {":prefetch-read-size=17640", ":prefetch-buffer-size=512"})
+    vlc_->libvlc_media_add_option(media, option);
+  return media;
 }
 
 void MediaPlayerVlc::Engine::play() {

@@ -28,7 +28,8 @@ class MediaPlayerVlc::Engine : public std::enable_shared_from_this<Engine> {
 
   // The commands; called on the thread only.
   bool make();  // libVLC and its player, once; false when that fails
-  void open(int generation, const QString& path);
+  // The file of that path; with a stream that, and `path` is what it is called.
+  void open(int generation, const QString& path, std::shared_ptr<SoundStream> stream = nullptr);
   void play();
   void setPause(bool on);
   void stop();
@@ -43,6 +44,7 @@ class MediaPlayerVlc::Engine : public std::enable_shared_from_this<Engine> {
  private:
   void run();
   void report(Report report);  // from any thread
+  libvlc_media_t* mediaOf(SoundStream& stream);
   void conclude(int generation);
   bool sounded() const;
   static void event(const libvlc_event_t* event, void* engine);  // on libVLC's threads
@@ -61,7 +63,8 @@ class MediaPlayerVlc::Engine : public std::enable_shared_from_this<Engine> {
   libvlc_instance_t* instance_ = nullptr;
   libvlc_media_player_t* player_ = nullptr;
   libvlc_media_t* media_ = nullptr;
-  QString path_, trouble_;  // why libVLC could not be made
+  std::shared_ptr<SoundStream> stream_;  // that media_ reads from
+  QString path_, trouble_;               // why libVLC could not be made
   std::atomic<int> generation_{0};
   std::atomic<qint64> lengthMs_{0};
   std::atomic<bool> soundFound_{false};  // the file at hand has a track of sound

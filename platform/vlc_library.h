@@ -12,6 +12,8 @@ namespace korvane {
   F(libvlc_new)                        \
   F(libvlc_release)                    \
   F(libvlc_media_new_path)             \
+  F(libvlc_media_new_callbacks)        \
+  F(libvlc_media_add_option)           \
   F(libvlc_media_release)              \
   F(libvlc_media_get_stats)            \
   F(libvlc_media_player_new)           \

@@ -45,6 +45,7 @@ void Transport::cmdControls_Click(int index) {
 }
 
 void Transport::pressMusic(int index) {
+  if (discPlays() && index <= Next) return disc_->press(index);
   switch (static_cast<Button>(index)) {
     case Stop:
       stop();
@@ -89,7 +90,7 @@ void Transport::play() {
     if (queue_) queue_->playTop();
     return;
   }
-  for (const int index : {1, 3, 5, 8}) {
+  for (const int index : {1, 3, 5, 7, 8}) {
     const Grid& grid = *panel_.grid[static_cast<size_t>(index)];
     if (!grid.visible() || grid.maxRows() == 0) continue;
     // The list's own press does the rest; the hourglass is ours, so lift it for that press.
@@ -317,6 +318,10 @@ void Transport::playFailed() {
   uses_.main.showTransport(u"play"_s, u"pause"_s, u"stopb"_s);
 }
 
+void Transport::playDiscRow(int row) {
+  if (disc_) disc_->playRow(row);
+}
+
 void Transport::Slider1_Press() {
   uses_.connection.sliderHeld = true;
 }
@@ -328,13 +333,16 @@ void Transport::Slider1_Scroll() {
 void Transport::Slider1_Release() {
   uses_.pump.doEvents();
   const double seconds = std::round(panel_.Slider1->value());
-  uses_.connection.ConnectionMP3Send(u"MUSIC"_s, u"CURRENTPOSITION"_s, numberText(seconds));
+  if (discPlays())
+    disc_->moveTo(static_cast<int>(seconds));
+  else
+    uses_.connection.ConnectionMP3Send(u"MUSIC"_s, u"CURRENTPOSITION"_s, numberText(seconds));
   uses_.connection.sliderHeld = false;
   uses_.pump.doEvents();
 }
 
 void Transport::lblCurrentPlay_DblClick() {
-  if (panel_.lblCurrentPlay->caption().contains("Idle"_L1)) return;
+  if (discPlays() || panel_.lblCurrentPlay->caption().contains("Idle"_L1)) return;
   const PlaySong song = uses_.database.rsPlaySongs.row();
   if (song.Path.isEmpty()) return;
   if (!uses_.tabs.open(kMusicTab)) uses_.tabs.imgTabs_Click(kMusicTab);

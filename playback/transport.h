@@ -28,6 +28,7 @@ struct TransportPanel {
 
 class Transport : public SongActivation, public TransportNews {
  public:
+  enum Button { Previous, Play, Pause, Stop, Next, Repeat, Random, Continue };
   struct Uses {
     MainForm& main;
     AppState& state;
@@ -66,6 +67,7 @@ class Transport : public SongActivation, public TransportNews {
   void playSongRecord(int record) override;
   void jukeboxAdd(const PlaySong& song) override;
   void playFailed() override;
+  void playDiscRow(int row) override;
 
   // TransportNews
   void pressTransport(int index) override;
@@ -82,8 +84,17 @@ class Transport : public SongActivation, public TransportNews {
   };
   void setQueue(Queue& queue) { queue_ = &queue; }
 
+  // The CD takes over the first five buttons and the slider while its sound is the source, and the
+  // rows of its list; set by it.
+  struct DiscSource {
+    virtual ~DiscSource() = default;
+    virtual void press(int button) = 0;
+    virtual void moveTo(int seconds) = 0;  // of the track at hand
+    virtual void playRow(int row) = 0;
+  };
+  void setDisc(DiscSource& disc) { disc_ = &disc; }
+
  private:
-  enum Button { Previous, Play, Pause, Stop, Next, Repeat, Random, Continue };
   PlayModes modes() const;
   Grid& playing() { return *panel_.grid[static_cast<size_t>(playGrid_)]; }
   void play();
@@ -96,11 +107,13 @@ class Transport : public SongActivation, public TransportNews {
   void showRow(int row);
   void goIdle();
   void playPaths();
+  bool discPlays() const { return disc_ && uses_.state.playsDiscAudio(); }
 
   Uses uses_;
   TransportPanel panel_;
   Browsing* browsing_ = nullptr;
   Queue* queue_ = nullptr;
+  DiscSource* disc_ = nullptr;
   int lastControl_ = -1;  // -1 when the last start came from a list
   int playGrid_ = 1;      // the list that plays
   int allSongsPos_ = 0;

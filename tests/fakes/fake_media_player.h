@@ -16,6 +16,13 @@ class FakeMediaPlayer : public MediaPlayer {
     CurrentPositionValue = 0;
     error_ = errors.contains(path) ? errors.at(path) : QString();
   }
+  void setStream(std::shared_ptr<SoundStream> stream, const QString& name) override {
+    calls << u"stream "_s + name;
+    streamed = std::move(stream);
+    state_ = Stopped;
+    CurrentPositionValue = 0;
+    error_.clear();
+  }
   void Play() override {
     calls << u"play"_s;
     state_ = Playing;
@@ -55,6 +62,7 @@ class FakeMediaPlayer : public MediaPlayer {
   }
 
   QStringList calls;
+  std::shared_ptr<SoundStream> streamed;
   double DurationValue = 0, CurrentPositionValue = 0;
   std::map<QString, QString> errors;  // of files that cannot be opened
 

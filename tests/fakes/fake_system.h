@@ -4,6 +4,7 @@
 
 #include "platform/system.h"
 #include "tests/fakes/fake_clock.h"
+#include "tests/fakes/fake_disc_drive.h"
 #include "tests/fakes/fake_file_system.h"
 #include "tests/fakes/fake_machine.h"
 #include "tests/fakes/fake_pump.h"
@@ -15,6 +16,7 @@ struct FakeSystem {
   FakePump pump{clock};
   FakeChance chance;
   FakeFileSystem files;
+  FakeDiscDrive disc;
   FakeScreenPower screenPower;
   FakeSession session;
   FakeMixer mixer;
@@ -26,8 +28,19 @@ struct FakeSystem {
   System with(MediaPlayer& player, std::function<std::unique_ptr<Winsock>()> makeWinsock,
               FileSystem* disk = nullptr) {
     FileSystem& used = disk ? *disk : files;
-    return {pump,    clock, chance, used, player,   screenPower,
-            session, mixer, tray,   box,  instance, std::move(makeWinsock)};
+    return {pump,
+            clock,
+            chance,
+            used,
+            player,
+            disc,
+            screenPower,
+            session,
+            mixer,
+            tray,
+            box,
+            instance,
+            std::move(makeWinsock)};
   }
 };
 

@@ -1,0 +1,82 @@
+// The audio CD as the source of music: the choice between CD and digital music, the list of the
+// disc's tracks, and the transport's buttons, slider and timer while a disc plays.
+//
+// The songs of a data disc are an ordinary list: the transport plays them as files.
+#pragma once
+
+#include "core/log.h"
+#include "core/settings.h"
+#include "playback/cd_command.h"
+#include "playback/transport.h"
+
+namespace korvane {
+
+class CdPlayer : public Transport::DiscSource, private DiscDrive::Events {
+ public:
+  struct Uses {
+    MainForm& main;
+    AppState& state;
+    Screen& screen;
+    Settings& settings;
+    Messages& messages;
+    const Log& log;
+    Pump& pump;
+    DiscDrive& drive;
+    Database& database;
+    Browsing& browsing;
+    MusicConnection& connection;
+    Transport& transport;
+  };
+  CdPlayer(Form& form, Uses uses);
+  ~CdPlayer() override;
+
+  void lblMusicType_Click(int index);  // 0 the CD, 1 digital music. Yields.
+  void getCDTracks();                  // fills Grid(7). Yields.
+  void MusicTimer_Timer();
+  void stopCd();  // at the end of the program
+  QString cdCommand(int function, int track = 0, int seconds = 0) {
+    return commands_.cdCommand(function, track, seconds);
+  }
+
+  // Transport::DiscSource
+  void press(int button) override;
+  void moveTo(int seconds) override;
+  void playRow(int row) override;
+
+ private:
+  static constexpr int kDiscGrid = 7;
+  struct Panel {
+    explicit Panel(Form& form);
+    Grid* grid;
+    Slider* Slider1;
+    Label *TxtTime, *lblCurrentPlay, *lblDuration, *lblCurrentPlayList;
+    Timer* MusicTimer;
+    std::array<Image*, 2> lblMusicType, lblMusicPlay, optMode;
+    std::array<Image*, 7> cmdTop;
+    Image* cmdFavoriateAdd;
+    PictureArea* coverArt;
+  };
+
+  void discChanged() override;
+  void toCd();
+  void toDigital();
+  void showSource(bool cd);
+  void showDisc();
+  void showTracks(const Disc& disc);
+  void showSongs(const Disc& disc);
+  void startTrack(int track);
+  void goOn();
+  void pause();
+  void stop();
+  void step(int by);
+  void playSong(int row);
+  void takePosition(const QString& position);
+  void showPlaying(int playMode, const QString& caption);
+
+  Uses uses_;
+  Panel panel_;
+  CdCommands commands_;
+  int savedGrid_ = 0;
+};
+
+}  // namespace korvane

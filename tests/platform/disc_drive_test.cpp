@@ -1,0 +1,220 @@
+// The drive over real images, the real libVLC and a reader that misbehaves.
+#include <gtest/gtest.h>
+
+#include <QElapsedTimer>
+#include <QTemporaryDir>
+
+#include <thread>
+
+#include "platform/disc_reader_cdio.h"
+#include "platform/media_player_vlc.h"
+#include "platform/reading_drive.h"
+#include "tests/fakes/disc_image.h"
+#include "tests/fakes/loop_pump.h"
+#include "tests/fakes/print.h"
+
+namespace korvane {
+namespace {
+
+struct DriveTest : testing::Test, DiscDrive::Events {
+  void discChanged() override { ++changes; }
+  QString path(const QString& name) { return directory.filePath(name); }
+  void write(const QString& name, const QByteArray& bytes) {
+    QFile file(path(name));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(bytes);
+  }
+  QByteArray heard() {
+    QFile file(path(u"heard.wav"_s));
+    return file.open(QIODevice::ReadOnly) ? file.readAll().mid(44) : QByteArray();
+  }
+  bool until(const std::function<bool()>& done) { return pump.wait(10'000, done); }
+  void open(const QString& source) {
+    drive.setEvents(this);
+    drive.open(source);
+    ASSERT_TRUE(until([&] { return drive.looked(); }));
+  }
+
+  QTemporaryDir directory;
+  LoopPump pump;
+  MediaPlayerVlc player{
+      pump, {u"--aout=afile"_s, u"--audiofile-file="_s + directory.filePath(u"heard.wav"_s)}};
+  ReadingDrive drive{pump, player, std::make_shared<DiscReaderCdio>()};
+  int changes = 0;
+};
+
+// What comes out is the samples of the tracks, in order, and nothing between them.
+TEST_F(DriveTest, PlaysFromATrackToTheEndOfTheDiscSampleForSample) {
+  open(makeDiscImage(directory.path(), u"disc"_s, {2, 4, 4}));
+  ASSERT_TRUE(drive.disc());
+  ASSERT_EQ(drive.disc()->tracks.size(), 3u);
+  EXPECT_EQ(drive.disc()->title, u"Harbour"_s);
+  EXPECT_EQ(drive.disc()->at(2).title, u"Tone é 2"_s);
+  EXPECT_EQ(drive.disc()->at(2).first, 150);
+  EXPECT_EQ(drive.disc()->at(3).sectors, 300);
+  drive.play(2, 0);
+  EXPECT_EQ(drive.mode(), DiscDrive::Seek);
+  EXPECT_TRUE(until([&] { return drive.mode() == DiscDrive::Playing; }));
+  EXPECT_TRUE(until([&] { return drive.place().track == 3; }));
+  EXPECT_TRUE(until([&] { return drive.mode() == DiscDrive::Stopped; }));
+  // An output without a clock may lose the first tenths of a second.
+  const QByteArray wanted = toneSectors(4, 2000) + toneSectors(4, 3000), all = heard();
+  EXPECT_TRUE(wanted.endsWith(all));
+  EXPECT_GT(all.size(), wanted.size() - 3 * 17640);
+}
+
+TEST_F(DriveTest, PausesGoesOnAndSeeks) {
+  open(makeDiscImage(directory.path(), u"disc"_s, {30, 30}));
+  drive.play(1, 20);
+  ASSERT_TRUE(until([&] { return drive.place().sectors > 20 * kSectorsPerSecond; }));
+  drive.pause();
+  pump.wait(300, [] { return false; });
+  const DiscDrive::Place held = drive.place();
+  EXPECT_EQ(drive.mode(), DiscDrive::Paused);
+  EXPECT_EQ(held.track, 1);
+  EXPECT_LT(held.sectors, 23 * kSectorsPerSecond);
+  drive.play(1, held.sectors / kSectorsPerSecond);
+  EXPECT_GE(drive.place().sectors, held.sectors);
+  EXPECT_TRUE(until([&] { return drive.place().sectors > held.sectors; }));
+  drive.play(1, 30);  // beyond its end: nothing
+  EXPECT_EQ(drive.mode(), DiscDrive::Playing);
+  drive.play(2, 29);
+  EXPECT_TRUE(until([&] { return drive.mode() == DiscDrive::Stopped; }));
+}
+
+TEST_F(DriveTest, WhatIsNoDiscSaysWhy) {
+  makeDiscImage(directory.path(), u"good"_s, {1, 1, 1});
+  const QByteArray sheet = [&] {
+    QFile file(path(u"good.cue"_s));
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    return file.readAll();
+  }();
+  QByteArray backwards = sheet, beyond = sheet;
+  backwards.replace("00:01:00", "00:02:00");
+  beyond.replace("00:01:00", "00:99:00");
+  QByteArray noise(5000, '\0');
+  for (qsizetype i = 0; i < noise.size(); ++i) noise[i] = static_cast<char>(i * 31);
+  const struct {
+    QString name;
+    std::optional<QByteArray> cue, bin;
+    QString told;
+    size_t tracks;
+  } cases[] = {
+      {u"absent"_s, {}, {}, u"There is no"_s, 0},
+      {u"empty"_s, "", toneSectors(1, 9), u"no tracks"_s, 0},
+      {u"noise"_s, noise, toneSectors(1, 9), u"no CUE sheet"_s, 0},
+      {u"nobin"_s, sheet, {}, u"nobin.bin"_s, 0},
+      {u"hollow"_s, sheet, "", u"nothing on it"_s, 0},
+      {u"short"_s, sheet, toneSectors(1, 9) + toneSectors(1, 9).left(47040), u"in track 2 of 3"_s,
+       2},
+      {u"ragged"_s, sheet, toneSectors(3, 9).chopped(7), u"cut short"_s, 3},
+      {u"backwards"_s, backwards, toneSectors(3, 9), u"not in order"_s, 0},
+      {u"beyond"_s, beyond, toneSectors(3, 9), u"no CUE sheet"_s, 0},
+  };
+  for (const auto& c : cases) {
+    if (c.cue) write(c.name + u".cue"_s, *c.cue);
+    if (c.bin) write(c.name + u".bin"_s, *c.bin);
+    open(path(c.name + u".cue"_s));
+    EXPECT_EQ(drive.disc() ? drive.disc()->tracks.size() : 0, c.tracks) << c.name.toStdString();
+    EXPECT_TRUE(drive.trouble().contains(c.told))
+        << c.name.toStdString() << ": " << drive.trouble().toStdString();
+    EXPECT_TRUE(drive.trouble().contains(c.name)) << drive.trouble().toStdString();
+  }
+  changes = 0;
+  open(makeDiscImage(directory.path(), u"data"_s, {1}, "MODE1/2352"));
+  EXPECT_TRUE(drive.disc() && !drive.disc()->at(1).audio);
+  EXPECT_TRUE(drive.trouble().contains("data disc"_L1)) << drive.trouble().toStdString();
+}
+
+TEST_F(DriveTest, NoticesADiscTakenOutWhileItPlaysAndAnotherPutIn) {
+  const QString source = makeDiscImage(directory.path(), u"disc"_s, {60});
+  open(source);
+  drive.play(1, 0);
+  ASSERT_TRUE(until([&] { return drive.mode() == DiscDrive::Playing; }));
+  QFile::rename(source, path(u"taken.cue"_s));
+  EXPECT_TRUE(pump.wait(2500, [&] { return changes == 1; }));
+  EXPECT_EQ(drive.mode(), DiscDrive::Open);
+  EXPECT_EQ(player.playState(), MediaPlayer::Stopped);
+  makeDiscImage(directory.path(), u"disc"_s, {1, 1});
+  EXPECT_TRUE(pump.wait(2500, [&] { return drive.disc() && drive.disc()->tracks.size() == 2; }));
+  drive.close();
+  QFile::remove(source);
+  EXPECT_FALSE(pump.wait(1500, [&] { return changes > 3; }));
+  EXPECT_FALSE(drive.looked());
+}
+
+// A drive that hangs where it is told to, until it is let go.
+class HangingReader : public DiscReader {
+ public:
+  struct Sectors : SectorReader {
+    explicit Sectors(HangingReader& from) : reader(from) {}
+    HangingReader& reader;
+    bool read(int first, int count, char* to) override {
+      reader.hang(first + count > reader.goodSectors && reader.sectorsHang);
+      const QByteArray sound = toneSectors(1, 5000);
+      std::copy_n(sound.constData(), count * kSectorBytes, to);
+      return first + count <= reader.goodSectors;
+    }
+  };
+  DiscLook look(const QString&, const DiscLook&) override {
+    hang(lookHangs);
+    DiscLook look;
+    look.state = DiscLook::Ready;
+    look.disc.tracks = {{0, 60 * kSectorsPerSecond, true, {}, {}}};
+    return look;
+  }
+  std::unique_ptr<SectorReader> sectors(const QString&) override {
+    return std::make_unique<Sectors>(*this);
+  }
+  void eject(const QString&) override {}
+  void hang(bool really) {
+    if (really) ++hung;
+    while (really && !letGo) std::this_thread::sleep_for(std::chrono::milliseconds(5));
+  }
+  std::atomic<bool> lookHangs{false}, sectorsHang{false}, letGo{false};
+  std::atomic<int> goodSectors{1 << 20}, hung{0};
+};
+
+TEST_F(DriveTest, ADriveThatHangsHoldsNobodyUp) {
+  const auto reader = std::make_shared<HangingReader>();
+  QElapsedTimer time;
+  {
+    ReadingDrive hanging(pump, player, reader);
+    hanging.open({});
+    ASSERT_TRUE(until([&] { return hanging.looked(); }));
+    reader->sectorsHang = true;
+    reader->goodSectors = 10 * kSectorsPerSecond;
+    hanging.play(1, 0);
+    ASSERT_TRUE(until([&] { return reader->hung > 0; }));  // the player waits for more
+    pump.wait(500, [] { return false; });
+    time.start();
+    hanging.stop();
+    EXPECT_EQ(hanging.mode(), DiscDrive::Stopped);
+    hanging.play(1, 1);
+    hanging.close();
+    reader->lookHangs = true;
+    hanging.open({});
+    EXPECT_FALSE(pump.wait(300, [&] { return hanging.looked(); }));
+    EXPECT_TRUE(hanging.trouble().contains("does not answer"_L1));
+  }
+  EXPECT_LT(time.elapsed(), 2000);
+  player.setFileName(path(u"none"_s));
+  reader->letGo = true;
+  pump.wait(100, [] { return false; });  // the abandoned threads end
+}
+
+TEST_F(DriveTest, AScratchIsSilentAndADeadDiscEnds) {
+  const auto reader = std::make_shared<HangingReader>();
+  reader->goodSectors = 5 * kSectorsPerSecond;
+  ReadingDrive scratched(pump, player, reader);
+  scratched.open({});
+  ASSERT_TRUE(until([&] { return scratched.looked(); }));
+  scratched.play(1, 0);
+  EXPECT_TRUE(until([&] { return scratched.mode() == DiscDrive::Stopped; }));
+  EXPECT_TRUE(scratched.trouble().contains("cannot be read"_L1));
+  EXPECT_GT(heard().count('\0'), 300'000);
+  EXPECT_LT(heard().size(), qsizetype{9} * kSectorsPerSecond * kSectorBytes);
+}
+
+}  // namespace
+}  // namespace korvane
