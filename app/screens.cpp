@@ -6,6 +6,7 @@ namespace korvane {
 
 Screens::Screens(Console& c)
     : console_(c),
+      keyboardFiles({c.settings, c.system.files, c.log}),
       keyboard(c.host, c.palette),
       import(c.database, c.system.pump, c.settings, c.log),
       directorys({c.host, c.palette, c.state, c.settings, c.system.files, c.screen, c.messages,
@@ -20,6 +21,7 @@ Screens::Screens(Console& c)
              *dynamic_cast<Timer*>(c.frmMain.find(u"AddTimer")), *this}),
       access({c.state, c.settings, c.messages, *this, setup}) {
   c.messages.setLinePrompt(&keyboard);
+  useKeyboard();
   setup.setDoors({{
       {"cmdAddDir", 0,
        [this] { chooseDirectory(u"Select Photos Directory"_s, DirectoryRequest::Photos); }},
@@ -54,6 +56,18 @@ void Screens::songsChanged() {
   };
   console_.state.gFavoritesLoaded = false;
   console_.database.refreshLists(console_.system.pump, fill);
+}
+
+void Screens::useKeyboard() {
+  const KeyboardLayout chosen = keyboardFiles.chosen();
+  keyboardLayout_ = chosen.name;
+  keyboard.setLayout(chosen);
+}
+
+void Screens::nextKeyboardLayout() {
+  const QStringList names = keyboardFiles.names();
+  keyboardFiles.choose(names[(names.indexOf(keyboardLayout_) + 1) % names.size()]);
+  useKeyboard();
 }
 
 void Screens::closeAlwaysOnTop() {

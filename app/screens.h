@@ -4,6 +4,7 @@
 
 #include "custom/colour_pick_form.h"
 #include "custom/gui_setup_form.h"
+#include "custom/keyboard_files.h"
 #include "custom/keyboard_form.h"
 #include "custom/setup_access.h"
 #include "library/screens/mp3_setup_form.h"
@@ -26,8 +27,10 @@ class Screens : private SetupParts, private ImportNews, private PlayListViews {
 
  private:
   Console& console_;
+  QString keyboardLayout_;  // the one in use
 
  public:
+  KeyboardFiles keyboardFiles;
   KeyboardForm keyboard;
   ScannerImport import;
   DirectorysForm directorys;
@@ -40,6 +43,7 @@ class Screens : private SetupParts, private ImportNews, private PlayListViews {
   SetupAccess access;
 
  private:
+  void useKeyboard();
   void openMusic();
   void chooseDirectory(const QString& caption, DirectoryRequest::Store store);
 
@@ -51,6 +55,8 @@ class Screens : private SetupParts, private ImportNews, private PlayListViews {
   void eraseLibrary() override;
   void restartMasterListener() override;
   void closeMovieConnection() override;
+  QString keyboardLayout() const override { return keyboardLayout_; }
+  void nextKeyboardLayout() override;
   void gridLookChanged() override;
 
   // PlayListViews

@@ -59,6 +59,7 @@ std::span<const SettingKey* const> allSettingKeys() {
       &SinglePress,
       &VolumeMax,
       &VolumeStart,
+      &KeyboardLayout,
       &JukeboxLock,
       &ListUndo,
       &QuietMixer,

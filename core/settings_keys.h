@@ -84,8 +84,9 @@ inline constexpr SettingKey MusicListener{"STARTUP", "MusicListener", Rule::Str}
 inline constexpr SettingKey QuietMixer{"STARTUP", "QuietMixer", Rule::FlagYes};  // no box at start
 inline constexpr SettingKey VolumeMax{"STARTUP", "VolumeMax", Rule::Number, 1, 100, 100};
 inline constexpr SettingKey VolumeStart{"STARTUP", "VolumeStart", Rule::Number, 0, 100, 50};
+inline constexpr SettingKey KeyboardLayout{"STARTUP", "KeyboardLayout", Rule::UStr};
 inline constexpr SettingKey JukeboxLock{"STARTUP", "JukeboxLock", Rule::FlagYes};  // for guests
-inline constexpr SettingKey ListUndo{"STARTUP", "ListUndo", Rule::FlagYes};      // a way back
+inline constexpr SettingKey ListUndo{"STARTUP", "ListUndo", Rule::FlagYes};        // a way back
 inline constexpr SettingKey ListenerEncoding{"STARTUP", "ListenerEncoding", Rule::UStr};
 inline constexpr SettingKey CDDrive{"STARTUP", "CDDrive", Rule::Str};  // device or CUE sheet
 

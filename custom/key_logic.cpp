@@ -46,6 +46,12 @@ void insert(KeyState& state, const QString& character) {
 
 }  // namespace
 
+KeyState typeCharacter(const QString& character, KeyState state) {
+  state.selStart = caretAt(state.text, state.selStart);
+  insert(state, state.shifted() ? character.toUpper() : character);
+  return state;
+}
+
 QString typed(const Key& key, bool shifted) {
   if (!shifted) return key.plain;
   return (key.shifted.isEmpty() ? key.plain : key.shifted).toUpper();

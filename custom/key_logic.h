@@ -24,6 +24,9 @@ struct KeyResult {
 // shifts digits too, and Delete takes every "^" of the text along.
 KeyResult pressKey(const KeyboardLayout& layout, int code, KeyState state);
 
+// A character of its own put in at the caret, upper case as the keys are at present.
+KeyState typeCharacter(const QString& character, KeyState state);
+
 // What a key types at present, empty for none.
 QString typed(const Key& key, bool shifted);
 

@@ -6,7 +6,8 @@ namespace korvane {
 namespace {
 
 constexpr int kFirstRepeat = 400, kNextRepeat = 60;  // ms
-constexpr int kIndexBelowCode = 2;                   // KEY(index) is scan code index + 2
+constexpr int kVariants = 8;
+constexpr int kIndexBelowCode = 2;  // KEY(index) is scan code index + 2
 
 constexpr InventoryRow kKeyboard[] = {
     {"framKeyBoard", -1, Kind::Frame, {0, 0, 1280, 768}, Left | Top, ""},
@@ -16,11 +17,23 @@ constexpr InventoryRow kKeyboard[] = {
     {"RepeatTimer", -1, Kind::Timer, {0, 0, 0, 0}, Left | Top, ""},
 };
 
-std::vector<InventoryRow> inventory(const KeyboardLayout& layout) {
+std::vector<InventoryRow> inventory() {
   std::vector<InventoryRow> rows(std::begin(kKeyboard), std::end(kKeyboard));
-  for (const Key& key : layout.keys)
+  for (const Key& key : usKeyboard().keys)
     rows.push_back({"KEY", key.code - kIndexBelowCode, Kind::Button, key.rect, Left | Top, ""});
+  for (int i = 0; i < kVariants; ++i)
+    rows.push_back({"VARIANT", i, Kind::Button, {}, Left | Top, "", "", false});
   return rows;
+}
+
+// Where the variants of a key stand: in a row above it, below it for the keys next to the text.
+Rect variantPlace(const Rect& key, int index, int count) {
+  constexpr int kWidth = 84, kGap = 8, kRight = 1264, kTextBottom = 190;
+  const int whole = count * (kWidth + kGap) - kGap;
+  const int left = std::clamp(key.left + key.width / 2 - whole / 2, 16, kRight - whole);
+  const int above = key.top - key.height - kGap;
+  return {left + index * (kWidth + kGap), above > kTextBottom ? above : key.bottom() + kGap, kWidth,
+          key.height};
 }
 
 }  // namespace
@@ -34,25 +47,27 @@ KeyboardForm::Panel::Panel(Form& form) {
   bind(RepeatTimer, "RepeatTimer");
 }
 
-KeyboardForm::KeyboardForm(FormHost& host, const Palette& palette, const KeyboardLayout& layout)
-    : host_(host),
-      palette_(palette),
-      layout_(layout),
-      form_(u"frmKeyboard"_s, inventory(layout)),
-      panel_(form_) {
+KeyboardForm::KeyboardForm(FormHost& host, const Palette& palette)
+    : host_(host), palette_(palette), form_(u"frmKeyboard"_s, inventory()), panel_(form_) {
   panel_.cmdCancel->caption = u"Cancel"_s;
   panel_.lblMsg->fontUnits = 36;
-  for (const Key& key : layout_.keys)
-    form_.find(u"KEY", key.code - kIndexBelowCode)->spokenName = key.spoken;
-
+  setLayout(layout_);
   form_.on(u"KEY", Event::Press, [this](Control& key, const Event&) { KEY_Press(key.index); });
   form_.on(u"KEY", Event::Release,
            [this](Control&, const Event&) { panel_.RepeatTimer->enabled = false; });
   form_.on(u"KEY", Event::Click, [this](Control& key, const Event&) { KEY_Click(key.index); });
+  form_.on(u"VARIANT", Event::Click,
+           [this](Control& variant, const Event&) { VARIANT_Click(variant.index); });
   form_.on(u"RepeatTimer", Event::Tick, [this](Control&, const Event&) { RepeatTimer_Timer(); });
   form_.on(u"cmdCancel", Event::Click, [this](Control&, const Event&) { cmdcancel_Click(); });
   form_.on(Event::KeyDown, [this](Control&, const Event& event) { Form_KeyDown(event.key); });
   form_.on(Event::KeyPress, [this](Control&, const Event& event) { Form_KeyPress(event.text); });
+}
+
+void KeyboardForm::setLayout(const KeyboardLayout& layout) {
+  layout_ = layout;
+  for (const Key& key : layout_.keys)
+    form_.find(u"KEY", key.code - kIndexBelowCode)->spokenName = key.spoken;
 }
 
 void KeyboardForm::ask(QString& text, bool password) {
@@ -69,6 +84,7 @@ void KeyboardForm::ask(QString& text, bool password) {
   form_.setFocus(panel_.txtInput);
   host_.showModal(form_);
   panel_.RepeatTimer->enabled = false;
+  hideVariants();
   if (!cancelled_) text = panel_.txtInput->text();
   panel_.txtInput->text = QString();  // a password does not stay behind
 }
@@ -76,15 +92,49 @@ void KeyboardForm::ask(QString& text, bool password) {
 void KeyboardForm::KEY_Press(int index) {
   heldCode_ = index + kIndexBelowCode;
   repeated_ = false;
-  if (!repeats(heldCode_)) return;
+  hideVariants();
+  const Key* key = layout_.key(heldCode_);
+  if (!repeats(heldCode_) && (!key || key->variants.isEmpty())) return;
   panel_.RepeatTimer->interval = kFirstRepeat;
   panel_.RepeatTimer->enabled = true;
 }
 
 void KeyboardForm::RepeatTimer_Timer() {
   repeated_ = true;
+  const Key* key = layout_.key(heldCode_);
+  if (key && !key->variants.isEmpty()) {
+    panel_.RepeatTimer->enabled = false;
+    showVariants(*key);
+    return;
+  }
   panel_.RepeatTimer->interval = kNextRepeat;
   press(heldCode_);
+}
+
+void KeyboardForm::showVariants(const Key& key) {
+  const int count = std::min(kVariants, static_cast<int>(key.variants.size()));
+  for (int i = 0; i < count; ++i) {
+    auto* button = dynamic_cast<Button*>(form_.find(u"VARIANT", i));
+    button->rect = variantPlace(key.rect, i, count);
+    button->caption = state_.shifted() ? key.variants[i].toUpper() : key.variants[i];
+    button->spokenName = key.variants[i];
+    button->fontUnits = 40;
+    button->colours = palette_.button(u"Accent");
+    button->visible = true;
+  }
+}
+
+void KeyboardForm::hideVariants() {
+  for (int i = 0; i < kVariants; ++i) form_.find(u"VARIANT", i)->visible = false;
+}
+
+void KeyboardForm::VARIANT_Click(int index) {
+  const Key* key = layout_.key(heldCode_);
+  if (!key || index >= key->variants.size()) return;
+  state_.text = panel_.txtInput->text();
+  state_.selStart = panel_.txtInput->selStart();
+  take(typeCharacter(key->variants[index], state_));
+  hideVariants();
 }
 
 void KeyboardForm::KEY_Click(int index) {
@@ -120,17 +170,20 @@ void KeyboardForm::cmdcancel_Click() {
 void KeyboardForm::press(int code) {
   state_.text = panel_.txtInput->text();  // a hardware keyboard may have typed
   state_.selStart = panel_.txtInput->selStart();
-  const bool shifted = state_.shifted(), capsLock = state_.capsLock, shiftOnce = state_.shiftOnce;
   const auto [state, accepted] = pressKey(layout_, code, state_);
-  state_ = state;
-  panel_.txtInput->text = state.text;
-  panel_.txtInput->selStart = state.selStart;
-  if (shifted != state.shifted() || capsLock != state.capsLock || shiftOnce != state.shiftOnce)
-    showKeys();
-  form_.setFocus(panel_.txtInput);
+  take(state);
   if (!accepted) return;
   cancelled_ = false;
   host_.hide(form_);
+}
+
+void KeyboardForm::take(const KeyState& state) {
+  const bool sameFaces = state_.capsLock == state.capsLock && state_.shiftOnce == state.shiftOnce;
+  state_ = state;
+  panel_.txtInput->text = state.text;
+  panel_.txtInput->selStart = state.selStart;
+  if (!sameFaces) showKeys();
+  form_.setFocus(panel_.txtInput);
 }
 
 void KeyboardForm::showKeys() {

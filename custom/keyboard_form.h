@@ -9,7 +9,10 @@ namespace korvane {
 
 class KeyboardForm : public LinePrompt {
  public:
-  KeyboardForm(FormHost& host, const Palette& palette, const KeyboardLayout& layout = usKeyboard());
+  KeyboardForm(FormHost& host, const Palette& palette);
+
+  // Of the same keys as the US keyboard; shown from the next question on.
+  void setLayout(const KeyboardLayout& layout);
 
   // A second question while one is on screen is cancelled at once. Yields.
   void ask(QString& text, bool password) override;
@@ -34,12 +37,16 @@ class KeyboardForm : public LinePrompt {
   void cmdcancel_Click();
 
   void press(int code);
+  void VARIANT_Click(int index);
+  void showVariants(const Key& key);
+  void hideVariants();
+  void take(const KeyState& state);
   void showKeys();
   void applyColours();
 
   FormHost& host_;
   const Palette& palette_;
-  const KeyboardLayout& layout_;
+  KeyboardLayout layout_ = usKeyboard();
   Form form_;
   Panel panel_;
   KeyState state_;

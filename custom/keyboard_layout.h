@@ -16,11 +16,12 @@ inline constexpr int Home = 199, Left = 203, Right = 205, End = 207, Delete = 21
 
 struct Key {
   int code = 0;
-  QString plain;    // what it types; empty for a key that types nothing
-  QString shifted;  // under shift or caps lock; empty when that makes no difference
-  QString face;     // what stands on a key that types nothing, or the space bar
-  Rect rect;        // on a surface 1280 units wide, below the text
-  QString spoken;   // for accessibility
+  QString plain;           // what it types; empty for a key that types nothing
+  QString shifted;         // under shift or caps lock; empty when that makes no difference
+  QString face;            // what stands on a key that types nothing, or the space bar
+  Rect rect;               // on a surface 1280 units wide, below the text
+  QString spoken;          // for accessibility
+  QStringList variants{};  // offered by a long hold
 };
 
 struct KeyboardLayout {

@@ -43,6 +43,7 @@ constexpr const SettingKey* kSaveOrder[] = {
 
 constexpr InventoryRow kFixed[] = {
     {"lblTitle", -1, Kind::Label, {24, 16, 800, 64}, TL, "General Options"},
+    {"cmdKeyboardLayout", -1, Kind::Button, {904, 8, 352, 76}, TL, "Keyboard layout"},
     {"lblPw", -1, Kind::Label, {904, 88, 352, 40}, TL, ""},
     {"txtsetuppw", -1, Kind::Text, {904, 128, 352, 72}, TL, "Setup password"},
     {"cmdSetuppw", -1, Kind::Button, {904, 208, 352, 76}, TL, "Setup Password"},
@@ -95,6 +96,7 @@ SetupGeneralForm::Panel::Panel(Form& form) {
   bind(txtGridHeight, "txtGridHeight");
   bind(txtMainPage, "txtMainPage");
   bind(cmdSetuppw, "cmdSetuppw");
+  bind(cmdKeyboardLayout, "cmdKeyboardLayout");
   bind(cmdOK, "cmdOK");
   bind(chkGeneral, "chkGeneral");
 }
@@ -125,6 +127,8 @@ SetupGeneralForm::SetupGeneralForm(Uses uses)
   for (const char* button : {"cmdSetuppw", "txtsetuppw"})
     form_.on(QString::fromLatin1(button), Event::Click,
              [this](Control&, const Event&) { cmdSetuppw_Click(); });
+  form_.on(u"cmdKeyboardLayout", Event::Click,
+           [this](Control&, const Event&) { cmdKeyboardLayout_Click(); });
   form_.on(u"cmdOK", Event::Click, [this](Control&, const Event&) { uses_.host.hide(form_); });
   form_.on(Event::KeyDown, [this](Control&, const Event& event) {
     constexpr int kEscape = 27;
@@ -140,6 +144,7 @@ void SetupGeneralForm::open() {
 
 void SetupGeneralForm::load() {
   const Settings& settings = uses_.settings;
+  panel_.cmdKeyboardLayout->caption = u"Keyboard: "_s + uses_.parts.keyboardLayout();
   const QString password = settings.str(key::Setup);
   panel_.txtsetuppw->text = password.toUpper() == "NO"_L1 ? QString() : password;
   panel_.txtMainPage->text = settings.raw(key::MainPage);
@@ -185,6 +190,11 @@ void SetupGeneralForm::askInto(TextBox& box, const QString& prompt) {
 }
 
 // Written at once, whatever becomes of the other fields.
+void SetupGeneralForm::cmdKeyboardLayout_Click() {
+  uses_.parts.nextKeyboardLayout();
+  panel_.cmdKeyboardLayout->caption = u"Keyboard: "_s + uses_.parts.keyboardLayout();
+}
+
 void SetupGeneralForm::cmdSetuppw_Click() {
   const QString typed = uses_.messages.ask(u"Enter New Password"_s);
   if (typed.isEmpty()) return;

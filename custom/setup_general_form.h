@@ -30,13 +30,14 @@ class SetupGeneralForm {
   struct Panel {
     Label *lblTitle, *lblPw, *lblFont, *lblHeight, *lblPage;
     TextBox *txtsetuppw, *txtGridFontSize, *txtGridHeight, *txtMainPage;
-    Button *cmdSetuppw, *cmdOK;
+    Button *cmdSetuppw, *cmdKeyboardLayout, *cmdOK;
     std::array<Check*, 14> chkGeneral;
     explicit Panel(Form& form);
   };
 
   void askInto(TextBox& box, const QString& prompt);
   void cmdSetuppw_Click();
+  void cmdKeyboardLayout_Click();
   void saveGrid();
   void saveMainPage();
 

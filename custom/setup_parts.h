@@ -17,6 +17,8 @@ class SetupParts {
   virtual void eraseLibrary() = 0;           // the database empty again, its views reset. Yields.
   virtual void restartMasterListener() = 0;  // by the new values of the state block. Yields.
   virtual void closeMovieConnection() = 0;
+  virtual QString keyboardLayout() const = 0;
+  virtual void nextKeyboardLayout() = 0;
   virtual void gridLookChanged() = 0;  // colours and font of every list
 };
 

@@ -5,6 +5,11 @@
 #include "view/style.h"
 
 namespace korvane {
+namespace {
+
+constexpr double kSmallestShare = 0.75;  // of a caption's own size, before it is cut
+
+}  // namespace
 
 LabelWidget::LabelWidget(Label& label, Face& face, QWidget* parent)
     : PressWidget(label, face, parent), label_(label) {}
@@ -37,6 +42,13 @@ void LabelWidget::paintEvent(QPaintEvent*) {
     painter.drawText(area, int(across | Qt::AlignVCenter) | Qt::TextWordWrap | Qt::TextDontClip,
                      label_.caption());
     return;
+  }
+  const double wide = painter.fontMetrics().horizontalAdvance(label_.caption());
+  if (wide > area.width()) {
+    QFont smaller = painter.font();
+    smaller.setPixelSize(
+        static_cast<int>(smaller.pixelSize() * std::max(area.width() / wide, kSmallestShare)));
+    painter.setFont(smaller);
   }
   const QString shown = painter.fontMetrics().elidedText(label_.caption(), Qt::ElideRight,
                                                          static_cast<int>(area.width()));

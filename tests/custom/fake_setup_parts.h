@@ -14,9 +14,12 @@ class FakeSetupParts : public SetupParts {
   void eraseLibrary() override { calls << u"eraseLibrary"_s; }
   void restartMasterListener() override { calls << u"restartMasterListener"_s; }
   void closeMovieConnection() override { calls << u"closeMovieConnection"_s; }
+  QString keyboardLayout() const override { return layout; }
+  void nextKeyboardLayout() override { layout = u"GERMAN"_s; }
   void gridLookChanged() override { calls << u"gridLookChanged"_s; }
 
   QStringList calls;
+  QString layout = u"US"_s;
 };
 
 }  // namespace korvane

@@ -1,4 +1,5 @@
 #include "custom/keyboard_form.h"
+#include "custom/keyboard_files.h"
 
 #include "tests/custom/custom_world.h"
 
@@ -35,6 +36,31 @@ TEST_F(Keyboard, ReturnsWhatWasTyped) {
   });
   EXPECT_EQ(typed, u"A1"_s);
   EXPECT_EQ(textOf(keyboard.form(), u"txtInput"_s), QString());
+}
+
+TEST_F(Keyboard, ALongHoldOffersTheVariantsOfAKey) {
+  QString error;
+  keyboard.setLayout(*readKeyboard(u"X"_s, "18 e E \xC3\xA9 \xC3\xA8\n", &error));
+  constexpr int kE = 18 - 2;
+  const QString typed = asked([](Form& form) {
+    const auto hold = [&form] {
+      form.fire(*form.find(u"KEY"_s, kE), {Event::Press});
+      form.fire(*form.find(u"RepeatTimer"_s), {Event::Tick});
+      form.fire(*form.find(u"KEY"_s, kE), {Event::Release});
+      press(form, u"KEY"_s, kE);
+    };
+    hold();
+    EXPECT_TRUE(form.find(u"VARIANT"_s, 1)->visible());
+    EXPECT_FALSE(form.find(u"VARIANT"_s, 2)->visible());
+    press(form, u"VARIANT"_s, 1);
+    EXPECT_FALSE(form.find(u"VARIANT"_s, 0)->visible());
+    key(form, scan::Shift);
+    hold();
+    press(form, u"VARIANT"_s, 0);
+    press(form, u"KEY"_s, kE);
+    key(form, scan::Enter);
+  });
+  EXPECT_EQ(typed, u"\u00E8\u00C9e"_s);
 }
 
 TEST_F(Keyboard, EveryWayOut) {
