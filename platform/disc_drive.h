@@ -42,7 +42,7 @@ class DiscDrive {
   class Events {
    public:
     virtual ~Events() = default;
-    virtual void discChanged() = 0;  // another disc, none any more, or more known about this one
+    virtual void discChanged() = 0;  // the first answer of an opened drive, and every other one
   };
 
   virtual ~DiscDrive() = default;

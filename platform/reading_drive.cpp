@@ -44,11 +44,10 @@ void ReadingDrive::close() {
 
 void ReadingDrive::heard(int number, const DiscLook& look) {
   if (!open_ || number != number_) return;
-  const bool first = !look_;
-  const bool same = !first && look.disc.tracks == look_->disc.tracks;
+  const bool same = look_ && look.disc.tracks == look_->disc.tracks;
   look_ = look;
   if (!same || look.state != DiscLook::Ready) stop();
-  if (!first && events_) events_->discChanged();
+  if (events_) events_->discChanged();
 }
 
 const Disc* ReadingDrive::disc() const {

@@ -36,7 +36,9 @@ void CdPlayer::getCDTracks() {
   panel_.grid->header = u"CD Player"_s;
   panel_.grid->clear();
   panel_.grid->emptyText = u"Looking for a CD"_s;
+  looking_ = true;
   cdCommand(4);
+  looking_ = false;
   if (uses_.state.gMusicType != "CD"_L1) return;
   panel_.grid->emptyText = u"No CD in the drive"_s;
   showDisc();
@@ -79,7 +81,7 @@ void CdPlayer::showSongs(const Disc& disc) {
 }
 
 void CdPlayer::discChanged() {
-  if (uses_.state.gMusicType != "CD"_L1) return;
+  if (uses_.state.gMusicType != "CD"_L1 || looking_) return;
   if (uses_.state.gPlayMode != 0) {
     if (uses_.state.discHoldsFiles)
       uses_.transport.pressMusic(Transport::Stop);

@@ -107,7 +107,8 @@ void CdPlayer::showPlaying(int playMode, const QString& caption) {
 
 void CdPlayer::playRow(int row) {
   const Disc* disc = uses_.drive.disc();
-  if (!disc)
+  const bool shown = panel_.grid->cell(4, row) == "CD"_L1;
+  if (!disc || !shown)
     getCDTracks();
   else if (!uses_.state.discHoldsFiles)
     startTrack(row);

@@ -77,6 +77,7 @@ class CdPlayer : public Transport::DiscSource, private DiscDrive::Events {
   Panel panel_;
   CdCommands commands_;
   int savedGrid_ = 0;
+  bool looking_ = false;  // for the drive to answer
 };
 
 }  // namespace korvane

@@ -92,7 +92,9 @@ TEST_F(CdTest, TheSourceChangesAndChangesBack) {
 
   press(u"cmdControls"_s, 3);
   console().state.gMovieType = u"DVDL"_s;
+  host->onModal(u"frmMsgBox"_s, [](Form&) {});
   press(u"lblMusicType"_s, 0);
+  EXPECT_TRUE(host->allDone());
   EXPECT_EQ(console().state.gMusicType, u"DIGITAL"_s);
 }
 
