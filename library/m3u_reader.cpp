@@ -60,9 +60,15 @@ std::optional<QByteArrayView> addressPath(QByteArrayView line) {
   return drive ? path.sliced(1) : path;
 }
 
+// An address other than file:, as of a station (RFC 3986: a scheme of letters, digits, + - .).
 bool isOtherAddress(QStringView text) {
   const qsizetype colon = text.indexOf("://"_L1);
-  return colon > 1 && text.first(colon).compare("file"_L1, Qt::CaseInsensitive) != 0;
+  if (colon < 2) return false;
+  const QStringView scheme = text.first(colon);
+  const bool plain = std::all_of(scheme.begin(), scheme.end(), [](QChar c) {
+    return c.isLetterOrNumber() || QStringView(u"+-.").contains(c);
+  });
+  return plain && scheme.compare("file"_L1, Qt::CaseInsensitive) != 0;
 }
 
 class Meanings {
