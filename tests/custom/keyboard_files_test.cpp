@@ -12,7 +12,7 @@ TEST(KeyboardFile, PutsItsKeysIntoTheUsKeyboard) {
   QString error;
   const auto read =
       readKeyboard(u"X"_s, "\xEF\xBB\xBF# one\r\n16 q Q @\r\n\n39 ö Ö ô œ\n12 ß -\n", &error);
-  ASSERT_TRUE(read) << error;
+  ASSERT_TRUE(read) << error.toStdString();
   EXPECT_EQ(read->name, u"X"_s);
   EXPECT_EQ(read->key(39)->plain + read->key(39)->shifted, u"öÖ"_s);
   EXPECT_EQ(read->key(39)->variants, (QStringList{u"ô"_s, u"œ"_s}));
@@ -51,7 +51,7 @@ TEST(KeyboardFile, EveryShippedOneIsGood) {
     QFile file(folder.filePath(name));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     QString error;
-    EXPECT_TRUE(readKeyboard(name, file.readAll(), &error)) << name << error;
+    EXPECT_TRUE(readKeyboard(name, file.readAll(), &error)) << name.toStdString() << error.toStdString();
   }
 }
 
