@@ -51,7 +51,8 @@ TEST(KeyboardFile, EveryShippedOneIsGood) {
     QFile file(folder.filePath(name));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     QString error;
-    EXPECT_TRUE(readKeyboard(name, file.readAll(), &error)) << name.toStdString() << error.toStdString();
+    EXPECT_TRUE(readKeyboard(name, file.readAll(), &error))
+        << name.toStdString() << error.toStdString();
   }
 }
 

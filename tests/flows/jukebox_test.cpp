@@ -113,8 +113,10 @@ TEST_F(JukeboxMode, RandomBringsTheDrawnSelectionToTheTop) {
 
 class LockedJukebox : public JukeboxMode {
  protected:
-  LockedJukebox() : JukeboxMode("JukeboxLock=YES\nSetup=4711\nShowExit=1\nShowMin=1\nShowSetup=1\n"
-                     "ShowMute=1\n") {}
+  LockedJukebox()
+      : JukeboxMode(
+            "JukeboxLock=YES\nSetup=4711\nShowExit=1\nShowMin=1\nShowSetup=1\n"
+            "ShowMute=1\n") {}
   void answer(const QString& typed) {
     console().messages.setLinePrompt(&prompt_);
     prompt_.typed = typed;
