@@ -91,41 +91,14 @@ TEST_F(GuiSetup, SavesInOrder) {
     if (line.startsWith("[Movies]")) break;
     if (line.contains('=')) keys << line.left(line.indexOf('=')).toUpper();
   }
-  const QByteArrayList told = {"NICCARD",
-                               "SERVERPORT",
-                               "SERVERIP",
-                               "MYNAME",
-                               "ROUTERIP",
-                               "WWWIP",
-                               "MASTERLISTENERIP",
-                               "MASTERLISTENERPORT",
-                               "MASTERLISTENERMYNAME",
-                               "LOCALLISTENER",
-                               "X10",
-                               "X10IP",
-                               "PREMISE",
-                               "TV",
-                               "DEBUG",
-                               "DISPLAYVOLUME",
-                               "CONTROLBUTTONSMAIN",
-                               "SHOWINTHETASKBAR",
-                               "MOVEMAIN",
-                               "LOCALSERVER",
-                               "SHOWEXIT",
-                               "SHOWSETUP",
-                               "SHOWMIN",
-                               "SHOWMUTE",
-                               "SHOWPHOTO",
-                               "SHOWMAP",
-                               "SHOWCONTROL",
-                               "GRIDFONTSIZE",
-                               "GRIDHEIGHT",
-                               "MAINPAGE",
-                               "MAPS",
-                               "RADIO",
-                               "CAMERA",
-                               "CAMERADEVICE",
-                               "VIDEOFORMAT"};
+  const QByteArrayList told =
+      QByteArray(
+          "NICCARD SERVERPORT SERVERIP MYNAME ROUTERIP WWWIP MASTERLISTENERIP "
+          "MASTERLISTENERPORT MASTERLISTENERMYNAME LOCALLISTENER X10 X10IP PREMISE TV DEBUG "
+          "DISPLAYVOLUME CONTROLBUTTONSMAIN SHOWINTHETASKBAR MOVEMAIN LOCALSERVER SHOWEXIT "
+          "SHOWSETUP SHOWMIN SHOWMUTE SHOWPHOTO SHOWMAP SHOWCONTROL GRIDFONTSIZE GRIDHEIGHT "
+          "MAINPAGE MAPS RADIO CAMERA CAMERADEVICE VIDEOFORMAT")
+          .split(' ');
   EXPECT_EQ(keys, told);
   EXPECT_EQ(stored(key::ControlButtons), u"NO"_s);  // its box is not written
 }
