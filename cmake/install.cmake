@@ -36,7 +36,7 @@ install(FILES ${CMAKE_BINARY_DIR}/changelog.gz packaging/copyright DESTINATION $
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME korvane)
-set(CPACK_PACKAGE_CONTACT "Korvane developers <korvane@localhost>")
+set(CPACK_PACKAGE_CONTACT "Korvane developers <developers@korvane.example>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "touch-screen media and cabin control centre")
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
     "A full-screen console for a car, a cabin or a home, worked with a finger:
