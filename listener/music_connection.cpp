@@ -1,5 +1,7 @@
 #include "listener/music_connection.h"
 
+#include <QScopedValueRollback>
+
 #include "core/form/binder.h"
 
 namespace korvane {
@@ -59,7 +61,7 @@ void MusicConnection::ConnectionMP3Send(QString target, QString command, QString
       local_.perform(wanted);
     else
       sendRecord(blanksTrimmed(target).toUpper(), wanted);
-    uses_.pump.doEvents();
+    if (!takingNext_) uses_.pump.doEvents();
   });
 }
 
@@ -217,7 +219,9 @@ void MusicConnection::songEnded() {
 void MusicConnection::takeNextSong() {
   uses_.pump.later(
       [this, alive = std::weak_ptr<bool>(alive_), song = songNumber_, inARow = ++failuresInARow_] {
-        if (!alive.expired() && song == songNumber_ && news_) news_->songFailed(inARow);
+        if (alive.expired() || song != songNumber_ || !news_) return;
+        const QScopedValueRollback taking(takingNext_, true);
+        news_->songFailed(inARow);
       });
 }
 

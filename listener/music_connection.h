@@ -118,6 +118,7 @@ class MusicConnection : private Winsock::Events, private LocalReplies {
   WireText wireText_ = WireText::Windows1252;  // of the connection, read when it is opened
   bool stood_ = false;                         // the connection has stood since it was last opened
   bool songAwaited_ = false;                   // a song was asked for and has not been answered
+  bool takingNext_ = false;                    // the next song after a failed one is being sent
   int failuresInARow_ = 0;                     // songs that could not be played since one sounded
   int songNumber_ = 0;                         // counts songs asked for and stops
   std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);

@@ -4,6 +4,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <QElapsedTimer>
 #include <QFileInfo>
 #include <chrono>
 #include <random>
@@ -62,11 +63,21 @@ TEST(KilledScan, LeavesAWholeDatabaseWithoutDuplicates) {
   }
   createEmptyDatabase(home.path() + u"/Morvanta.mdb"_s);
   std::mt19937 random(1);
+  // Kills fall within three whole scans, however long this machine needs for one.
+  QElapsedTimer scanned;
+  scanned.start();
+  {
+    Database db(home.path());
+    scan(db, root);
+    db.erase();
+  }
+  const auto span =
+      static_cast<unsigned>(std::max<qint64>(3 * scanned.nsecsElapsed() / 1000, 20'000));
   int unfinished = 0, writing = 0;
   for (int kill = 0; kill < kKills; ++kill) {
     const pid_t child = startScanning(home.path(), root, kill % 10 != 9);
     ASSERT_GT(child, 0);
-    std::this_thread::sleep_for(std::chrono::microseconds(random() % 60000));
+    std::this_thread::sleep_for(std::chrono::microseconds(random() % span));
     ASSERT_EQ(::kill(child, SIGKILL), 0);
     int status = 0;
     ASSERT_EQ(::waitpid(child, &status, 0), child);

@@ -14,7 +14,7 @@ struct MusicWireTest : MusicWorld {
     overTcp.setNews(&news);
   }
   bool until(const std::function<bool()>& done) {
-    return pump.wait(5000, [&] {
+    return pump.wait(30000, [&] {
       system.pump.doEvents();
       return done();
     });

@@ -163,7 +163,7 @@ TEST_F(Socket, APressThatOpensABoxIsAnsweredAndTheBoxToo) {
 }
 
 TEST_F(Socket, WaitsWithoutHoldingTheConsoleUp) {
-  QTimer::singleShot(50, [this] { control<Label>("lblState").caption = u"Playing: Waterloo"_s; });
+  QTimer::singleShot(400, [this] { control<Label>("lblState").caption = u"Playing: Waterloo"_s; });
   const QJsonObject answer =
       ask(R"({"command":"wait","name":"lblState","property":"caption","contains":"Waterloo"})");
   EXPECT_EQ(answer["ok"_L1], QJsonValue(true));
