@@ -112,7 +112,8 @@ void Startup::readNetworkSettings() {
 
   status(u"Loading settings....4"_s);
   state.gLocalListener = settings.flag(key::LOCALLISTENER);
-  if (state.gLocalListener) openMixer();
+  if (state.gLocalListener)
+    uses_.system.mixer.openLater([this](bool opened) { takeMixer(opened); });
 
   status(u"Loading settings....5"_s);
   state.gServerIP = settings.raw(key::SERVERIP);
@@ -127,9 +128,8 @@ void Startup::readNetworkSettings() {
   uses_.system.pump.doEvents();
 }
 
-void Startup::openMixer() {
-  Mixer& mixer = uses_.system.mixer;
-  if (!mixer.open()) {
+void Startup::takeMixer(bool opened) {
+  if (!opened) {
     const QString trouble = u"Couldn't open the mixer."_s;
     if (uses_.settings.flag(key::QuietMixer))
       uses_.log.logIt(trouble);
@@ -137,6 +137,7 @@ void Startup::openMixer() {
       uses_.system.box.show(trouble);
     return;
   }
+  Mixer& mixer = uses_.system.mixer;
   const Settings& settings = uses_.settings;
   const int percent = std::min(settings.number(key::VolumeStart), settings.number(key::VolumeMax));
   mixer.setLevel(mixer.maximum() * percent / 100);

@@ -63,7 +63,7 @@ class Startup {
   void status(const QString& text);
   bool readSettings();  // false when another console runs here
   void readNetworkSettings();
-  void openMixer();
+  void takeMixer(bool opened);
   void applyColours();
   void applyPictures();
   void chooseMovieType();

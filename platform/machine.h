@@ -31,6 +31,9 @@ class Mixer {
  public:
   virtual ~Mixer() = default;
   virtual bool open() = 0;  // the speakers' control of the first device; false when there is none
+  // The same without holding up the caller, since a sound server may be asleep. `opened` comes from
+  // the event loop.
+  virtual void openLater(std::function<void(bool)> opened) { opened(open()); }
   virtual int maximum() const = 0;
   virtual int level() const = 0;
   virtual bool setLevel(int value) = 0;  // 0 to maximum()

@@ -36,26 +36,49 @@ void MixerAlsa::close() {
   maximum_ = 0;
 }
 
+MixerAlsa::Opened MixerAlsa::find(const QByteArray& device) {
+  snd_lib_error_set_handler(beSilent);
+  Opened found;
+  if (snd_mixer_open(&found.mixer, 0) < 0) return {};
+  long highest = 0;
+  if (snd_mixer_attach(found.mixer, device.constData()) >= 0 &&
+      snd_mixer_selem_register(found.mixer, nullptr, nullptr) >= 0 &&
+      snd_mixer_load(found.mixer) >= 0)
+    found.element = speakers(found.mixer);
+  if (found.element &&
+      snd_mixer_selem_get_playback_volume_range(found.element, &found.lowest, &highest) >= 0)
+    found.maximum = static_cast<int>(highest - found.lowest);
+  if (found.maximum > 0) return found;
+  snd_mixer_close(found.mixer);
+  return {};
+}
+
+bool MixerAlsa::take(const Opened& opened) {
+  if (opened.maximum == 0) return false;
+  mixer_ = opened.mixer;
+  element_ = opened.element;
+  lowest_ = opened.lowest;
+  maximum_ = opened.maximum;
+  known_ = level();
+  listen();
+  return true;
+}
+
 bool MixerAlsa::open() {
   close();
-  snd_lib_error_set_handler(beSilent);
-  if (snd_mixer_open(&mixer_, 0) < 0) {
-    mixer_ = nullptr;
-    return false;
-  }
-  long highest = 0;
-  if (snd_mixer_attach(mixer_, device_.toUtf8().constData()) >= 0 &&
-      snd_mixer_selem_register(mixer_, nullptr, nullptr) >= 0 && snd_mixer_load(mixer_) >= 0)
-    element_ = speakers(mixer_);
-  if (element_ && snd_mixer_selem_get_playback_volume_range(element_, &lowest_, &highest) >= 0)
-    maximum_ = static_cast<int>(highest - lowest_);
-  if (maximum_ > 0) {
-    known_ = level();
-    listen();
-    return true;
-  }
+  return take(find(device_.toUtf8()));
+}
+
+void MixerAlsa::openLater(std::function<void(bool)> opened) {
   close();
-  return false;
+  finding_ = std::jthread([this, opened = std::move(opened), device = device_.toUtf8()] {
+    const Opened found = find(device);
+    QMetaObject::invokeMethod(&here_, [this, opened, found] {
+      const bool there = take(found);
+      opened(there);
+      if (there && changed_) changed_();
+    });
+  });
 }
 
 int MixerAlsa::level() const {

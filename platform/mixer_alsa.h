@@ -4,6 +4,7 @@
 
 #include <QSocketNotifier>
 #include <memory>
+#include <thread>
 #include <vector>
 
 #include "platform/machine.h"
@@ -19,12 +20,21 @@ class MixerAlsa final : public Mixer {
   explicit MixerAlsa(QString device = u"default"_s) : device_(std::move(device)) {}
   ~MixerAlsa() override;
   bool open() override;
+  void openLater(std::function<void(bool)> opened) override;
   int maximum() const override { return maximum_; }  // 0 while not open
   int level() const override;
   bool setLevel(int value) override;
   void watch(std::function<void()> changed) override;
 
  private:
+  struct Opened {
+    _snd_mixer* mixer = nullptr;
+    _snd_mixer_elem* element = nullptr;
+    long lowest = 0;
+    int maximum = 0;  // 0 when there is no such device
+  };
+  static Opened find(const QByteArray& device);  // any thread may
+  bool take(const Opened& opened);
   void close();
   void listen();
   void heard();
@@ -37,6 +47,8 @@ class MixerAlsa final : public Mixer {
   int known_ = 0;  // the level as last read or set here
   std::function<void()> changed_;
   std::vector<std::unique_ptr<QSocketNotifier>> notifiers_;
+  QObject here_;          // while it lives, what the thread found is taken
+  std::jthread finding_;  // ends before the rest goes
 };
 
 }  // namespace korvane
