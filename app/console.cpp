@@ -25,8 +25,11 @@ Console::Console(System& doors, const MakeHost& makeHost, QString home, std::fun
       connectionMovie(system.makeWinsock()),
       connectionML(system.makeWinsock()),
       x10Control(system.makeWinsock()),
+      master({state, settings, screen, messages, log, system.pump, *connectionML}),
+      network({host, palette, state, messages}),
       music({frmMain, state, settings, messages, log, system.pump, system.files, system.player,
              system.mixer, *connectionMP3, coverArtBytes}),
+      links(frmMain, {state, settings, palette, system.clock, master, music}),
       transport(frmMain, {main, state, screen, tabs, database, music, system.pump, system.chance}),
       browsing(frmMain,
                {main, state, screen, messages, system.box, log, palette, database, playlists},
@@ -72,19 +75,6 @@ void Console::showMainForm() {
   host.show(frmMain);
 }
 
-void Console::connectMasterListener() {
-  const quint16 port = static_cast<quint16>(val(state.gMasterListenerPort));
-  if (connectionML->state() == Winsock::Connected || port == 0 ||
-      state.gMasterListenerIP == "NO"_L1)
-    return;
-  connectionML->Close();
-  connectionML->RemoteHost = state.gMasterListenerIP;
-  connectionML->RemotePort = port;
-  connectionML->Connect();
-  constexpr int kAfterConnect = 300;
-  system.pump.wait(kAfterConnect, [this] { return connectionML->state() == Winsock::Connected; });
-}
-
 void Console::fillArtists() {
   log.guard("Form_Load", "Form frmMain", [this] { browsing.fillArtists(); });
 }
@@ -115,7 +105,7 @@ void Console::loadMovedControls() {
 void Console::closeConnections() {
   connectionMovie->Close();
   x10Control->Close();
-  connectionML->Close();
+  master.close();
   music.ConnectionMP3Close();
   system.player.Stop();
 }

@@ -11,7 +11,8 @@
 #include "library/database.h"
 #include "library/favourites.h"
 #include "library/playlist_editor.h"
-#include "listener/music_connection.h"
+#include "listener/link_supervision.h"
+#include "listener/network_form.h"
 #include "movies/movies_tab.h"
 #include "photos/photos_tab.h"
 #include "platform/system.h"
@@ -53,7 +54,10 @@ class Console : private StartupParts {
   Database database;
   Playlists playlists;
   std::unique_ptr<Winsock> connectionMP3, connectionMovie, connectionML, x10Control;
+  MasterListener master;
+  NetworkForm network;
   MusicConnection music;
+  LinkSupervision links;
   Transport transport;
   Browsing browsing;
   Jukebox jukebox;
@@ -73,11 +77,10 @@ class Console : private StartupParts {
   GuestLock guestLock;
   std::unique_ptr<Screens> screens;
 
-  void connectMasterListener() override;  // Yields.
-
  private:
   void wire();
   void wireMusic();
+  void wireNetwork();
   void wireSound();
   void wirePlaylists();
   void wireWindow();
@@ -85,6 +88,7 @@ class Console : private StartupParts {
   // StartupParts
   void showMainForm() override;
   void initialiseMap() override {}
+  void connectMasterListener() override { master.connectionMLConnect(); }
   void fillArtists() override;
   void fillAlbums() override;
   void fillSongs() override;

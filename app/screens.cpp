@@ -95,8 +95,8 @@ void Screens::eraseLibrary() {
 }
 
 void Screens::restartMasterListener() {
-  console_.connectionML->Close();
-  console_.connectMasterListener();
+  console_.master.close();
+  console_.master.connectionMLConnect();
 }
 
 void Screens::closeMovieConnection() {

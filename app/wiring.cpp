@@ -6,6 +6,7 @@ namespace korvane {
 
 void Console::wire() {
   wireMusic();
+  wireNetwork();
   wireSound();
   wirePlaylists();
   wireWindow();
@@ -61,6 +62,19 @@ void Console::wireMusic() {
           [this](Control&, const Event& event) { browsing.Form_KeyDown(event.key); });
   form.on(Event::KeyPress,
           [this](Control&, const Event& event) { browsing.Form_KeyPress(event.text); });
+}
+
+void Console::wireNetwork() {
+  master.networkAsked = [this](const QList<ListenerEntry>& list) { network.loadit(list); };
+  master.listHeard = [this](const QList<ListenerEntry>& list, bool all) {
+    links.listHeard(list, all);
+  };
+  network.choiceCleared = [this](const QString& type) {
+    if (type == "MUSIC"_L1) music.ConnectionMP3Close();
+    if (type == "MOVIES"_L1) connectionMovie->Close();
+    if (type == "X10"_L1) x10Control->Close();
+    links.look();
+  };
 }
 
 void Console::wireSound() {
@@ -122,6 +136,7 @@ void Console::wireWindow() {
   press(u"imgTabs", [this](int i) {
     listUndo.hide();
     if (!state.loadingForm) tabs.imgTabs_Click(i);
+    links.look();
   });
   press(u"lblMoviesPlay", [this](int i) { moviesTab.lblMoviesPlay_Click(i); });
   guarded(u"cmdSetup", [this](int) { screens->cmdSetup_Click(); });

@@ -21,7 +21,7 @@ struct AppState {
   QString gMovieListenerName, gMovieListenerIP, gMovieListenerPort;
   QString gServerIP, gServerPort, gMyName;
 
-  QString gX10, gX10IP, gX10Port;
+  QString gX10, gX10ListenerName, gX10IP, gX10Port;
   bool gPremise = false;
   bool gMapsEnabled = false, gRadioEnabled = false, gTvEnabled = false, gCamera = false;
 

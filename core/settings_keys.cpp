@@ -66,6 +66,7 @@ constexpr auto kAll = std::to_array<const SettingKey*>({
     &ListUndo,
     &QuietMixer,
     &MusicListener,
+    &LinkSupervision,
     &ListenerEncoding,
     &CDDrive,
     &MovieListener,

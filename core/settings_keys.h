@@ -81,6 +81,7 @@ inline constexpr SettingKey FileKinds{"STARTUP", "FileKinds", Rule::UStr};     /
 inline constexpr SettingKey SinglePress{"STARTUP", "SinglePress",
                                         Rule::FlagYes};  // one tap activates
 inline constexpr SettingKey MusicListener{"STARTUP", "MusicListener", Rule::Str};  // "host:port"
+inline constexpr SettingKey LinkSupervision{"STARTUP", "LinkSupervision", Rule::FlagYes};
 inline constexpr SettingKey QuietMixer{"STARTUP", "QuietMixer", Rule::FlagYes};  // no box at start
 inline constexpr SettingKey VolumeMax{"STARTUP", "VolumeMax", Rule::Number, 1, 100, 100};
 inline constexpr SettingKey VolumeStart{"STARTUP", "VolumeStart", Rule::Number, 0, 100, 50};

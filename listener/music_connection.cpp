@@ -17,6 +17,12 @@ QString blanksTrimmed(const QString& text) {
   return text.mid(from, to - from);
 }
 
+// Whether a Listener always has something to say to it.
+bool isAnswered(const QString& command) {
+  return command == "STATUS"_L1 || command == "PLAY"_L1 || command == "STOP"_L1 ||
+         command == "DURATION"_L1;
+}
+
 }  // namespace
 
 MusicConnection::Panel::Panel(Form& form) {
@@ -83,6 +89,7 @@ void MusicConnection::sendRecord(const QString& target, const MusicCommand& comm
   letConnect();
   if (connectionState() == Winsock::Connected)
     uses_.connectionMP3.SendData(encode(record, wireText_));
+  if (linkNews_ && isAnswered(command.command)) linkNews_->linkAsks();
   if (play) uses_.settings.write(key::LASTSONGPLAYED, command.argument1);
 }
 
@@ -103,19 +110,25 @@ void MusicConnection::connectNow() {
   if (connectionState() == Winsock::Connected) return;
   ConnectionMP3Close();
   bool isPort = false;
-  const quint16 port = uses_.state.gMusicListenerPort.trimmed().toUShort(&isPort);
+  uses_.state.gMusicListenerPort.trimmed().toUShort(&isPort);
   if (!isPort) {
     uses_.log.error(13, u"Type mismatch"_s, "connectionmp3Connect", "Form frmMain");
     return;
   }
   if (!uses_.state.gMusicListenerIP.isEmpty())
     uses_.pump.wait(kClosingWaitMs, [this] { return connectionState() == Winsock::Closed; });
-  wireText_ = wireTextOf(uses_.settings.upper(key::ListenerEncoding));
-  uses_.connectionMP3.RemotePort = port;
-  uses_.connectionMP3.RemoteHost = uses_.state.gMusicListenerIP;
-  uses_.connectionMP3.Connect();
+  connectAgain();
   panel_.lblCurrentPlay->caption = u"Status:Idle"_s;
   uses_.pump.doEvents();
+}
+
+void MusicConnection::connectAgain() {
+  ConnectionMP3Close();
+  wireText_ = wireTextOf(uses_.settings.upper(key::ListenerEncoding));
+  uses_.connectionMP3.RemotePort = uses_.state.gMusicListenerPort.trimmed().toUShort();
+  uses_.connectionMP3.RemoteHost = uses_.state.gMusicListenerIP;
+  uses_.connectionMP3.Connect();
+  if (linkNews_) linkNews_->linkTries();
 }
 
 void MusicConnection::ConnectionMP3Close() {
@@ -127,12 +140,14 @@ void MusicConnection::ConnectionMP3Close() {
 void MusicConnection::Connect() {
   stood_ = true;
   cover_.cancel();
+  if (linkNews_) linkNews_->linkStands();
   ConnectionMP3Send(u"MUSIC"_s, u"STATUS"_s);
 }
 
 void MusicConnection::Close() {
   listenerGone();
   ConnectionMP3Close();
+  if (linkNews_) linkNews_->linkEnds(u"it ended the connection"_s);
 }
 
 void MusicConnection::Error(const QString& description) {
@@ -141,6 +156,7 @@ void MusicConnection::Error(const QString& description) {
   const bool stood = stood_;
   ConnectionMP3Close();
   if (stood) listenerGone();
+  if (linkNews_) linkNews_->linkEnds(description);
 }
 
 // What a Listener played is out of reach: the front end stops, and both roles can be chosen again.
@@ -161,6 +177,7 @@ void MusicConnection::lblMusicPlay_Click() {
   uses_.settings.SaveSetting(u"KRV"_s, u"MUSIC"_s, u"MUSICTYPE"_s,
                              local ? u"LOCAL"_s : u"SERVER"_s);
   if (!local) ConnectionMP3Connect();
+  if (linkNews_) linkNews_->linkChanged();
 }
 
 void MusicConnection::MusicTimer_Timer() {

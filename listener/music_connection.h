@@ -6,6 +6,7 @@
 #include "core/log.h"
 #include "core/prompt.h"
 #include "listener/cover_transfer.h"
+#include "listener/link_news.h"
 #include "listener/listener_record.h"
 #include "listener/local_music.h"
 #include "listener/transport_news.h"
@@ -33,7 +34,8 @@ class MusicConnection : private Winsock::Events, private LocalReplies {
   explicit MusicConnection(Uses uses);
   ~MusicConnection() override;
 
-  void setNews(TransportNews* news) { news_ = news; }  // not owned
+  void setNews(TransportNews* news) { news_ = news; }     // not owned
+  void setLinkNews(LinkNews* news) { linkNews_ = news; }  // not owned
 
   // Commands of "MUSIC": STATUS, PLAY with path and title, PLAY alone to resume, STOP, PAUSE,
   // DURATION, MUTE=TRUE, MUTE=FALSE, VOLUME with a level, CURRENTPOSITION with seconds as
@@ -43,6 +45,7 @@ class MusicConnection : private Winsock::Events, private LocalReplies {
                          QString argument2 = {});
 
   void ConnectionMP3Connect();  // nothing while connected. Yields.
+  void connectAgain();          // without a wait; it becomes known by the news
   void ConnectionMP3Close();    // without a report
   Winsock::State connectionState() const { return uses_.connectionMP3.state(); }
 
@@ -114,6 +117,7 @@ class MusicConnection : private Winsock::Events, private LocalReplies {
   CoverTransfer cover_;
   TroubleBox trouble_;
   TransportNews* news_ = nullptr;
+  LinkNews* linkNews_ = nullptr;
   QByteArray localListenerReply_;              // UTF-8, whatever the encoding on the wire
   WireText wireText_ = WireText::Windows1252;  // of the connection, read when it is opened
   bool stood_ = false;                         // the connection has stood since it was last opened

@@ -34,6 +34,7 @@ void MusicConnection::DataArrival(qint64 bytesTotal) {
   if (connectionState() == Winsock::Connecting)
     uses_.pump.wait(3000, [this] { return connectionState() != Winsock::Connecting; });
   const QByteArray block = uses_.connectionMP3.GetData(bytesTotal);
+  if (linkNews_) linkNews_->linkHears();
   if (uses_.state.gLocalListener) return;  // of a Listener that nobody listens to
   if (!cover_.receivingCoverArt()) return handleRecords(block, wireText_);
   if (const auto image = cover_.take(block)) showCover(*image);

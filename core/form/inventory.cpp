@@ -72,6 +72,10 @@ constexpr InventoryRow kMain[] = {
 
     // Beside the page
     {"coverArt", -1, Kind::PictureArea, {1050, 8, 222, 212}, TR, "Cover art", "", false},
+    {"framLink", -1, Kind::Frame, {1050, 8, 222, 212}, TR, "Links of the cabin", "", false},
+    {"lblLink", 0, Kind::Label, {8, 4, 206, 60}, TL, "Link to the Master Listener", "framLink"},
+    {"lblLink", 1, Kind::Label, {8, 66, 206, 60}, TL, "Link to the Music Listener", "framLink"},
+    {"cmdLink", -1, Kind::Button, {4, 132, 214, 76}, TL, "Try the links again", "framLink"},
     {"lblMusicType", 0, Kind::Image, {1050, 226, 107, 84}, TR, "Play the CD", "", false},
     {"lblMusicType", 1, Kind::Image, {1165, 226, 107, 84}, TR, "Play digital music", "", false},
     {"lblMusicPlay", 0, Kind::Image, {1050, 314, 107, 84}, TR, "Music at seat", "", false},
@@ -233,6 +237,7 @@ constexpr InventoryRow kMain[] = {
     {"addsResetTimer", -1, Kind::Timer, {}, TL, ""},
     {"KeyboardTimer", -1, Kind::Timer, {}, TL, ""},
     {"movieTimer", -1, Kind::Timer, {}, TL, ""},
+    {"LinkTimer", -1, Kind::Timer, {}, TL, ""},
     {"LockTimer", -1, Kind::Timer, {}, TL, ""},
     {"ListUndoTimer", -1, Kind::Timer, {}, TL, ""},
     {"pictimer", -1, Kind::Timer, {}, TL, ""},
