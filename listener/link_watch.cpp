@@ -4,23 +4,23 @@ namespace korvane {
 
 void LinkWatch::tries(qint64 nowMs) {
   if (state_ != State::Unanswered) state_ = State::Trying;
-  askedMs_ = 0;
+  askedMs_.reset();
   dueMs_ = nowMs + kLongestMs;  // for a peer that drops what is sent to it
 }
 
 void LinkWatch::stands(qint64 nowMs) {
   if (state_ != State::Unanswered) state_ = State::Stands;
-  askedMs_ = 0;
+  askedMs_.reset();
   heardMs_ = nowMs;
 }
 
 void LinkWatch::asks(qint64 nowMs) {
-  if (askedMs_ == 0) askedMs_ = nowMs;
+  if (!askedMs_) askedMs_ = nowMs;
 }
 
 // Only a peer that answers is taken at its word; one that merely accepts is tried ever later too.
 void LinkWatch::hears(qint64 nowMs) {
-  askedMs_ = 0;
+  askedMs_.reset();
   heardMs_ = nowMs;
   waitMs_ = kFirstMs;
   state_ = State::Stands;
@@ -33,7 +33,7 @@ void LinkWatch::ends(qint64 nowMs, const QString& why) {
 
 void LinkWatch::later(qint64 nowMs) {
   state_ = State::Lost;
-  askedMs_ = 0;
+  askedMs_.reset();
   dueMs_ = nowMs + waitMs_;
   waitMs_ = std::min(waitMs_ * 2, kLongestMs);
 }
@@ -44,7 +44,7 @@ bool LinkWatch::look(qint64 nowMs, bool wanted, bool speaks, Winsock::State sock
     return false;
   }
   if (socket == Winsock::Connected) {
-    const bool unanswered = askedMs_ != 0 && nowMs - askedMs_ >= kSilentMs;
+    const bool unanswered = askedMs_ && nowMs - *askedMs_ >= kSilentMs;
     const bool silent = speaks && nowMs - heardMs_ >= kSilentMs;
     if (!unanswered && !silent) return false;
     state_ = State::Unanswered;
@@ -55,7 +55,7 @@ bool LinkWatch::look(qint64 nowMs, bool wanted, bool speaks, Winsock::State sock
 }
 
 bool LinkWatch::rests() const {
-  return state_ == State::Off || (state_ == State::Stands && askedMs_ == 0);
+  return state_ == State::Off || (state_ == State::Stands && !askedMs_);
 }
 
 QString LinkWatch::words(qint64 nowMs) const {

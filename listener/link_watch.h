@@ -3,6 +3,8 @@
 // seconds; so a service that returns is found within three.
 #pragma once
 
+#include <optional>
+
 #include "platform/winsock.h"
 
 namespace korvane {
@@ -41,10 +43,10 @@ class LinkWatch {
 
   State state_ = State::Off;
   QString why_;
-  qint64 dueMs_ = 0;       // of the next try
-  qint64 askedMs_ = 0;     // since when an answer is awaited; 0 when none is
-  qint64 heardMs_ = 0;     // when the peer spoke last
-  int waitMs_ = kFirstMs;  // before the try after the next
+  qint64 dueMs_ = 0;               // of the next try
+  std::optional<qint64> askedMs_;  // since when an answer is awaited
+  qint64 heardMs_ = 0;             // when the peer spoke last
+  int waitMs_ = kFirstMs;          // before the try after the next
 };
 
 }  // namespace korvane

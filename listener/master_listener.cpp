@@ -63,7 +63,9 @@ void MasterListener::mlreset() {
 }
 
 void MasterListener::send(std::initializer_list<QString> fields) {
-  uses_.connectionML.SendData(encode(replyRecord(fields), wireText_));
+  QString record = replyRecord(fields);
+  record.replace(QLatin1Char(kSubFieldEnd), u' ');  // it would end a sub-field of the list
+  uses_.connectionML.SendData(encode(record, wireText_));
 }
 
 void MasterListener::Connect() {
@@ -102,7 +104,7 @@ void MasterListener::DataArrival(qint64 bytesTotal) {
 }
 
 bool MasterListener::handle(QByteArrayView record) {
-  const QByteArrayView name = record.first(std::max<qsizetype>(record.indexOf(kFieldEnd), 0));
+  const QByteArrayView name = ListenerRecord(record, wireText_).name();
   const bool all = name == "IREQUEST";
   if (all || name == "NEW") {
     const QList<ListenerEntry> entries = listenerEntries(record, wireText_);

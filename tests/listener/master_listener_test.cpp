@@ -1,0 +1,125 @@
+// The connection to the Master Listener: the bytes both ways and what a table changes.
+#include "listener/master_listener.h"
+
+#include "tests/listener/music_world.h"
+
+namespace korvane {
+namespace {
+
+// As bytes(), with ',' for the end of a sub-field.
+QByteArray table(QByteArray text) {
+  return bytes(text.replace(',', '\2'));
+}
+
+struct MasterListenerTest : MusicWorld {
+  MasterListenerTest() {
+    state.gMasterListenerIP = u"10.0.0.1"_s;
+    state.gMasterListenerPort = u"4000"_s;
+    state.gMasterListenerMyName = u"Seat 1\2A"_s;
+    master.networkAsked = [this](const QList<ListenerEntry>& list) { shown.push_back(list); };
+  }
+  void stand() {
+    master.connectionMLConnect();
+    connectionML.stand();
+  }
+
+  FakeWinsock connectionML;
+  Screen screen;
+  MasterListener master{{state, settings, screen, messages, logger, system.pump, connectionML}};
+  std::vector<QList<ListenerEntry>> shown;
+};
+
+TEST_F(MasterListenerTest, RegistersAndAsksWhenItStands) {
+  stand();
+  EXPECT_EQ(connectionML.RemoteHost, u"10.0.0.1"_s);
+  EXPECT_EQ(connectionML.RemotePort, 4000);
+  EXPECT_EQ(connectionML.sent, QByteArrayList({bytes("ML|REG|Seat 1 A|10.0.0.7|N/A|CLIENT|CLIENT$"),
+                                               bytes("ML|IGET|ALL$")}));
+  master.connectionMLConnect();
+  EXPECT_EQ(connectionML.connects, 1);
+}
+
+TEST_F(MasterListenerTest, ResetAsksForTheTableOrSaysThatThereIsNone) {
+  master.mlreset();
+  EXPECT_EQ(messages.texts, QStringList{u"Master Listener is not running, unable to connect."_s});
+  EXPECT_EQ(screen.MousePointer(), Screen::Custom);
+  stand();
+  connectionML.sent.clear();
+  master.mlreset();
+  EXPECT_EQ(connectionML.sent, QByteArrayList{bytes("ML|GET|ALL$")});
+  screen.MousePointer = Screen::Hourglass;
+  master.mlreset();  // a second press while one is at work
+  EXPECT_EQ(connectionML.sent.size(), 1);
+}
+
+TEST_F(MasterListenerTest, NoAddressMeansNoAttempt) {
+  state.gMasterListenerIP = state.gMasterListenerPort = u"NO"_s;
+  master.connectionMLConnect();
+  EXPECT_EQ(connectionML.connects, 0);
+}
+
+TEST_F(MasterListenerTest, TheFirstEntryOfATypeWins) {
+  struct Case {
+    const char* delivery;
+    const char *music, *movie;
+  };
+  const Case cases[] = {
+      {"IREQUEST$", ":", ":"},
+      {"GARBAGE|a,1.1.1.1,1,MUSIC$", ":", ":"},
+      {"IREQUEST|a,1.1.1.1,1,MUSIC", ":", ":"},  // no end: not a record
+      {"IREQUEST|a|b,2|||,,,$", ":", ":"},
+      {"IREQUEST|a,1.1.1.1,1,MUSIC|b,2.2.2.2,2,MUSIC|c,3.3.3.3,3,MOVIES$", "1.1.1.1:1",
+       "3.3.3.3:3"},
+      {"NEW|d,4.4.4.4,4,MUSIC$", "1.1.1.1:1", "3.3.3.3:3"},
+  };
+  stand();
+  for (const Case& c : cases) {
+    connectionML.arrive(table(c.delivery));
+    EXPECT_EQ(state.gMusicListenerIP + u':' + state.gMusicListenerPort, QLatin1StringView(c.music))
+        << c.delivery;
+    EXPECT_EQ(state.gMovieListenerIP + u':' + state.gMovieListenerPort, QLatin1StringView(c.movie))
+        << c.delivery;
+  }
+  EXPECT_EQ(state.gMusicListenerName, u"a"_s);
+  EXPECT_EQ(connectionML.connects, 1);
+  state.gMusicListenerIP.clear();  // disabled
+  connectionML.arrive(table("NEW|d,4.4.4.4,4,MUSIC$"));
+  EXPECT_EQ(state.gMusicListenerIP, u"4.4.4.4"_s);
+}
+
+TEST_F(MasterListenerTest, ATableIsShownAsPlainTextAndWithinItsCap) {
+  stand();
+  connectionML.arrive(table("REQUEST$REQUEST|Sa\nlon\x7F,1.1.1.1, 5 |alone$"));
+  ASSERT_EQ(shown.size(), 2u);
+  EXPECT_TRUE(shown[0].empty());
+  EXPECT_EQ(shown[1], QList<ListenerEntry>(
+                          {{u"Sa lon"_s, u"1.1.1.1"_s, u"5"_s, {}}, {u"alone"_s, {}, {}, {}}}));
+  connectionML.arrive(table("REQUEST" + QByteArray("|x,1.1.1.1,1,CLIENT").repeated(5000) + "|" +
+                            QByteArray(100'000, 'y') + "$"));
+  EXPECT_EQ(shown.back().size(), 4096);
+}
+
+// A list of a thousand services comes in several deliveries.
+TEST_F(MasterListenerTest, ASupervisedLinkJoinsWhatADeliveryCut) {
+  setting("LinkSupervision=YES");
+  stand();
+  const QByteArray list = table("IREQUEST|a,1.1.1.1,1,MUSIC$");
+  connectionML.arrive(list.first(12));
+  connectionML.arrive(list.sliced(12));
+  EXPECT_EQ(state.gMusicListenerIP, u"1.1.1.1"_s);
+}
+
+TEST(ListenerList, FollowsAListenerThatMoved) {
+  const ListenerEntry current{u"Cabin"_s, u"1.1.1.1"_s, u"7"_s, u"MUSIC"_s};
+  const ListenerEntry moved{u"Cabin"_s, u"2.2.2.2"_s, u"7"_s, u"MUSIC"_s};
+  const ListenerEntry other{u"Bar"_s, u"3.3.3.3"_s, u"7"_s, u"MUSIC"_s};
+  const ListenerEntry movies{u"Cabin"_s, u"4.4.4.4"_s, u"7"_s, u"MOVIES"_s};
+  EXPECT_EQ(inPlaceOf(current, {other, moved}), moved);
+  EXPECT_EQ(inPlaceOf(current, {moved, other}), moved);
+  EXPECT_EQ(inPlaceOf(current, {movies, other}), other);
+  EXPECT_EQ(inPlaceOf(current, {moved, current}), std::nullopt);
+  EXPECT_EQ(inPlaceOf(current, {movies, {u"Cabin"_s, {}, {}, u"MUSIC"_s}}), std::nullopt);
+}
+
+}  // namespace
+}  // namespace korvane
