@@ -10,7 +10,8 @@ namespace korvane {
 
 class EndSignal {
  public:
-  explicit EndSignal(std::function<void()> end);  // one at a time
+  // One at a time, and before any thread is begun: a thread of before would still end the program.
+  explicit EndSignal(std::function<void()> end);
   ~EndSignal();
 
  private:

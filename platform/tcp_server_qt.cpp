@@ -47,7 +47,7 @@ class TcpServerQt::Body : public QObject {
 
   void read(Peer peer) {
     QTcpSocket* socket = find(peer);
-    if (!socket) return;
+    if (!socket || socket->bytesAvailable() <= 0) return;
     const QByteArray bytes = socket->read(kPiece);
     if (!bytes.isEmpty() && events) events->arrived(peer, bytes);
     if (find(peer) && socket->bytesAvailable() > 0)
@@ -56,9 +56,9 @@ class TcpServerQt::Body : public QObject {
   }
 
   void gone(Peer peer) {
-    while (QTcpSocket* socket = find(peer)) {  // what came before the end
+    for (QTcpSocket* socket = find(peer); socket && socket->bytesAvailable() > 0;
+         socket = find(peer)) {  // what came before the end
       const QByteArray bytes = socket->read(kPiece);
-      if (bytes.isEmpty()) break;
       if (events) events->arrived(peer, bytes);
     }
     if (!find(peer)) return;

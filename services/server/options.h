@@ -44,7 +44,9 @@ inline constexpr Option kServerOptions[] = {
     {"bind", "ADDRESS",
      "the address of this machine to listen at, 127.0.0.1 unless told;\n"
      "0.0.0.0 is all of them"},
-    {"port", "N", "the port to listen at; 0 takes any free one"},
+    {"port", "N",
+     "the port to listen at, 7410 for the Master Listener and 7411 for a Music\n"
+     "Listener unless told; 0 takes any free one"},
     {"allow", "LIST",
      "who may connect besides this machine: addresses and networks with\n"
      "commas between, as 192.168.1.0/24,10.0.0.5; may be given more than once"},

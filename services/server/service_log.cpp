@@ -24,26 +24,24 @@ QString printable(QStringView text, qsizetype most) {
 }
 
 void ServiceLog::say(const QString& text) {
-  line(6, text);
+  line(news_, text);
 }
 
 void ServiceLog::warn(const QString& text) {
-  line(4, text);
+  line(warnings_, text);
 }
 
-void ServiceLog::line(int priority, const QString& text) {
-  const qint64 now = clock_.monotonicMs();
-  if (now - windowMs_ >= kWindowMs) {
-    if (left_ > 0)
-      write(prefix(4) + program_ + ": " + QByteArray::number(left_) + " lines left out\n");
-    windowMs_ = now;
-    inWindow_ = left_ = 0;
+void ServiceLog::line(Budget& budget, const QString& text) {
+  const QByteArray begin = prefix(budget.priority) + program_ + ": ";
+  if (const qint64 now = clock_.monotonicMs(); now - budget.sinceMs >= kWindowMs) {
+    if (budget.leftOut > 0) write(begin + QByteArray::number(budget.leftOut) + " lines left out\n");
+    budget.sinceMs = now;
+    budget.lines = budget.leftOut = 0;
   }
-  if (++inWindow_ > kMostLines) {
-    ++left_;
-    return;
-  }
-  write(prefix(priority) + program_ + ": " + printable(text, 500).toUtf8() + '\n');
+  if (++budget.lines > kMostLines)
+    ++budget.leftOut;
+  else
+    write(begin + printable(text, 500).toUtf8() + '\n');
 }
 
 void ServiceLog::write(const QByteArray& line) {

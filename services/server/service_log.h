@@ -19,12 +19,16 @@ class ServiceLog {
   virtual void write(const QByteArray& line);
 
  private:
-  void line(int priority, const QString& text);
+  struct Budget {  // of lines in a span of time, kept apart for news and for warnings
+    const int priority;
+    qint64 sinceMs = 0;
+    int lines = 0, leftOut = 0;
+  };
+  void line(Budget& budget, const QString& text);
 
   const Clock& clock_;
   const char* program_;
-  qint64 windowMs_ = 0;
-  int inWindow_ = 0, left_ = 0;
+  Budget news_{6}, warnings_{4};
 };
 
 QString printable(QStringView text, qsizetype most = 200);  // for the log

@@ -5,8 +5,6 @@
 #include <QCoreApplication>
 #include <cstdio>
 
-#include "platform/end_signal.h"
-
 namespace korvane {
 namespace {
 
@@ -18,7 +16,8 @@ int complain(const ServiceFrame& frame, const QString& error) {
 }  // namespace
 
 ServiceParts::ServiceParts(const char* program, ServerOptions options)
-    : chosen(std::move(options)),
+    : signal([] { QCoreApplication::exit(0); }),
+      chosen(std::move(options)),
       log(clock, program),
       server({tcp, ticker, clock, log, chosen.allow, chosen.limits}) {}
 
@@ -32,7 +31,6 @@ bool ServiceParts::listen(QString* error) {
 }
 
 int ServiceParts::run() {
-  const EndSignal signal([] { QCoreApplication::exit(0); });
   const int code = QCoreApplication::exec();
   log.say(u"ended"_s);
   return code;

@@ -1,6 +1,7 @@
 // The frame of a service's main(): command line, help, no root, an event loop until SIGTERM.
 #pragma once
 
+#include "platform/end_signal.h"
 #include "platform/service_pump.h"
 #include "platform/system_clock.h"
 #include "platform/tcp_server_qt.h"
@@ -22,6 +23,7 @@ struct ServiceParts {
   bool listen(QString* error);  // and says where
   int run();                    // until SIGTERM or SIGINT; the exit code
 
+  const EndSignal signal;  // first: threads begun later leave the signals to it
   const ServerOptions chosen;
   ServicePump pump;
   SystemClock clock;
