@@ -111,6 +111,9 @@ void MusicService::playFile(const Command& command) {
   tellAll({u"MUSICDURATION"_s, numberText(uses_.player.Duration())});
   tellAll({u"SONGPLAYING"_s, title_});
   tellState();
+  // The state alone does not light a console's play button; the one that asked has lit its own.
+  for (const Peer peer : uses_.server.peers())
+    if (peer != owner_) tell(peer, {u"PAUSETOPLAY"_s});
   uses_.musicTimer.start(uses_.settings.tickMs);
   sendCover(*path);
   uses_.log.say(u"connection %1 plays %2"_s.arg(command.peer).arg(printable(*path)));

@@ -109,7 +109,8 @@ void RecordServer::sendAll(const QByteArray& record) {
 
 void RecordServer::sendAllPicture(const QByteArray& announcement, const QByteArray& picture) {
   for (const Peer peer : peers()) {
-    peers_.at(peer).outbox.putPicture(announcement, picture);
+    if (const auto found = peers_.find(peer); found != peers_.end())
+      found->second.outbox.putPicture(announcement, picture);
     push(peer);
   }
 }
@@ -118,18 +119,19 @@ void RecordServer::dropPictures() {
   for (auto& [peer, connection] : peers_) connection.outbox.dropPictures();
 }
 
-// Gives the socket what it may have now; the ticker looks after the rest.
+// Gives the socket what it may have now; the ticker looks after the rest. A send may find the peer
+// gone, which is heard at once.
 void RecordServer::push(Peer peer) {
-  const auto found = peers_.find(peer);
-  if (found == peers_.end()) return;
-  Connection& connection = found->second;
-  if (connection.outbox.empty()) return;
-  if (connection.unsent == 0) connection.movedMs = nowMs();
   for (;;) {
+    const auto found = peers_.find(peer);
+    if (found == peers_.end()) return;
+    Connection& connection = found->second;
+    if (connection.outbox.empty() && connection.unsent == 0) return;
+    if (connection.unsent == 0) connection.movedMs = nowMs();
     const QByteArray bytes = connection.outbox.next(nowMs(), uses_.server.unsent(peer));
     if (bytes.isEmpty()) break;
-    uses_.server.send(peer, bytes);
     connection.unsent += bytes.size();
+    uses_.server.send(peer, bytes);
   }
   if (!uses_.ticker.running()) uses_.ticker.start(kLookMs);
 }

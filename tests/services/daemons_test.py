@@ -106,6 +106,8 @@ one.expect(r"MEDIAPLAYERSTATE\|0", r"MAXVOLUME\|\d+", r"VOLUME\|\d+")
 one.say("MUSIC|PLAY|Z:\\Music\\Four Seconds.WAV|Café$")
 for peer in (one, two):
     peer.expect(r"MUSICDURATION\|[\d.]+", r"SONGPLAYING\|Café", r"MEDIAPLAYERSTATE\|2")
+    if peer is two:
+        peer.expect("PAUSETOPLAY")
     peer.until(r"MUSICTIMER\|0:0\d\|\d+\.\d+")
 two.say("MUSIC|PAUSE$")
 one.until(r"MEDIAPLAYERSTATE\|1")
@@ -122,7 +124,7 @@ one.expect(r"MEDIAPLAYERSTATE\|2")
 one.until("ENDOFSTREAM")
 one.say("MUSIC|STOP$")
 one.expect(r"MEDIAPLAYERSTATE\|0")
-two.expect(r"MEDIAPLAYERSTATE\|2")
+two.expect(r"MEDIAPLAYERSTATE\|2", "PAUSETOPLAY")
 two.until(r"MEDIAPLAYERSTATE\|0")
 
 two.say("MUSIC|PLAY|covered.mp3|Covered$")

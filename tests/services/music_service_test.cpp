@@ -88,7 +88,7 @@ TEST_F(MusicServiceTest, AllConsolesHearOfAChangeAndOneOfTheEnd) {
   const Peer one = tcp.join(), two = tcp.join();
   play(one);
   heard(one);
-  EXPECT_EQ(heard(two), "MUSICDURATION|0$SONGPLAYING|A$MEDIAPLAYERSTATE|2$");
+  EXPECT_EQ(heard(two), "MUSICDURATION|0$SONGPLAYING|A$MEDIAPLAYERSTATE|2$PAUSETOPLAY$");
   say(two, "MUSIC|PAUSE$");
   EXPECT_EQ(heard(one), "MEDIAPLAYERSTATE|1$");
   player.CurrentPositionValue = 0;
@@ -100,7 +100,7 @@ TEST_F(MusicServiceTest, AllConsolesHearOfAChangeAndOneOfTheEnd) {
   player.end();
   EXPECT_EQ(heard(one), "ENDOFSTREAM$");
   play(one, "B");
-  EXPECT_EQ(heard(two), "MUSICDURATION|0$SONGPLAYING|B$MEDIAPLAYERSTATE|2$");
+  EXPECT_EQ(heard(two), "MUSICDURATION|0$SONGPLAYING|B$MEDIAPLAYERSTATE|2$PAUSETOPLAY$");
   player.end();
   heard(one);
   musicTimer.fire(), musicTimer.fire(), musicTimer.fire();
