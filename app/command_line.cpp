@@ -1,22 +1,29 @@
 #include "app/command_line.h"
 
+#include <QRegularExpression>
+
 namespace korvane {
 namespace {
 
-bool parseSize(const QString& text, QSize& size) {
-  const QStringList parts = text.split(u'x');
-  if (parts.size() != 2) return false;
-  size = {parts[0].toInt(), parts[1].toInt()};
-  return size.width() >= 320 && size.height() >= 240;
+// WxH or WxH+X+Y.
+bool parseWindow(const QString& text, CommandLine& line) {
+  static const QRegularExpression form(u"^(\\d+)x(\\d+)(?:\\+(\\d+)\\+(\\d+))?$"_s);
+  const QRegularExpressionMatch found = form.match(text);
+  line.size = {found.captured(1).toInt(), found.captured(2).toInt()};
+  if (found.hasCaptured(3))
+    line.place = QPoint(found.captured(3).toInt(), found.captured(4).toInt());
+  return line.size.width() >= 320 && line.size.height() >= 240;
 }
 
 }  // namespace
 
 QString CommandLine::usage() {
-  return u"korvane [--home DIR] [--windowed[=WxH]] [--control SOCKET] [--check-theme]\n"
-         "        [--scan DIR] [--list artists|albums|songs] [--version] [--help]\n\n"
+  return u"korvane [--home DIR] [--windowed[=WxH[+X+Y]]] [--control SOCKET]\n"
+         "        [--check-theme] [--scan DIR] [--list artists|albums|songs] [--version] "
+         "[--help]\n\n"
          "  --home DIR        the program directory: settings, database, themes and log\n"
-         "  --windowed[=WxH]  a window in place of the full screen, 1280x800 unless told\n"
+         "  --windowed[=WxH]  a window in place of the full screen, 1280x800 unless told;\n"
+         "                    +X+Y is its place on the screen\n"
          "  --control SOCKET  answers korvanectl on that local socket\n"
          "  --check-theme     lists what the theme lacks, and what is too small or too faint\n"
          "  --scan DIR        adds the songs below DIR to the library and ends\n"
@@ -42,7 +49,7 @@ std::optional<CommandLine> CommandLine::parse(const QStringList& arguments, QStr
     };
     if (name == "--windowed"_L1) {
       line.windowed = true;
-      if (given && !parseSize(value, line.size)) {
+      if (given && !parseWindow(value, line)) {
         *error = u"korvane: --windowed takes a size such as 1280x800, of at least 320x240"_s;
         return std::nullopt;
       }

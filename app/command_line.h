@@ -3,6 +3,7 @@
 
 #include <optional>
 
+#include <QPoint>
 #include <QSize>
 
 #include "platform/text.h"
@@ -11,9 +12,10 @@ namespace korvane {
 
 struct CommandLine {
   QString home;           // --home; empty for the usual places
-  bool windowed = false;  // --windowed[=WxH]
+  bool windowed = false;  // --windowed[=WxH[+X+Y]]
   QSize size{1280, 800};
-  QString control;  // --control SOCKET
+  std::optional<QPoint> place;  // of the window; the desktop's choice unless told
+  QString control;              // --control SOCKET
   bool checkTheme = false;
   QString scan;  // --scan DIR
   QString list;  // --list artists|albums|songs

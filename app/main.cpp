@@ -75,6 +75,7 @@ int show(const CommandLine& line, const QString& home, DiskFileSystem& files, Qt
         auto made =
             std::make_unique<WindowHost>(graphics, gate, line.windowed ? line.size : QSize());
         window = made.get();
+        if (line.place) window->stage().move(*line.place);
         return made;
       },
       home, end);

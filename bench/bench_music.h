@@ -6,7 +6,8 @@
 
 namespace korvane {
 
-int benchRecords(const QStringList& arguments);  // records
-int benchPlay(const QStringList& arguments);     // play FILE FILE2
+int benchRecords(const QStringList& arguments);   // records
+int benchPlay(const QStringList& arguments);      // play FILE FILE2
+int benchListener(const QStringList& arguments);  // listener LISTENER FILE
 
 }  // namespace korvane

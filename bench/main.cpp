@@ -16,10 +16,15 @@ struct Mode {
 };
 
 constexpr Mode kModes[] = {
-    {"scan", "TREE HOME", korvane::benchScan},    {"lists", "HOME", korvane::benchLists},
-    {"find", "HOME", korvane::benchFind},         {"play", "FILE FILE2", korvane::benchPlay},
-    {"records", "", korvane::benchRecords},       {"page", "GRID HOME", korvane::benchPage},
-    {"playlist", "HOME", korvane::benchPlaylist}, {"search", "HOME", korvane::benchSearch},
+    {"scan", "TREE HOME", korvane::benchScan},
+    {"lists", "HOME", korvane::benchLists},
+    {"find", "HOME", korvane::benchFind},
+    {"play", "FILE FILE2", korvane::benchPlay},
+    {"records", "", korvane::benchRecords},
+    {"page", "GRID HOME", korvane::benchPage},
+    {"playlist", "HOME", korvane::benchPlaylist},
+    {"search", "HOME", korvane::benchSearch},
+    {"listener", "LISTENER FILE", korvane::benchListener},
 };
 
 int usage() {

@@ -2,7 +2,7 @@
 # ../share/korvane/starter and the themes at ../themes beside these.
 
 set(data ${CMAKE_INSTALL_DATADIR}/korvane)
-foreach(program korvane korvanectl)
+foreach(program korvane korvanectl korvane-master korvane-listener)
   if(TARGET ${program})
     install(TARGETS ${program} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
   endif()
@@ -14,7 +14,7 @@ install(
   FILES themes/krvgraphics/MERIDIAN/logo.svg
   DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps
   RENAME korvane.svg)
-install(FILES docs/settings.md docs/credits.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES docs/settings.md docs/credits.md docs/protocol.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 
 find_program(GZIP gzip REQUIRED)
 function(korvane_zip from to)
@@ -24,14 +24,17 @@ function(korvane_zip from to)
     DEPENDS ${PROJECT_SOURCE_DIR}/${from}
     VERBATIM)
 endfunction()
-korvane_zip(packaging/korvane.1 korvane.1.gz)
-korvane_zip(packaging/korvanectl.1 korvanectl.1.gz)
+set(manuals)
+foreach(program korvane korvanectl korvane-master korvane-listener)
+  korvane_zip(packaging/${program}.1 ${program}.1.gz)
+  list(APPEND manuals ${CMAKE_BINARY_DIR}/${program}.1.gz)
+endforeach()
 korvane_zip(packaging/changelog changelog.gz)
-add_custom_target(
-  korvane_manuals ALL DEPENDS ${CMAKE_BINARY_DIR}/korvane.1.gz ${CMAKE_BINARY_DIR}/korvanectl.1.gz
-                              ${CMAKE_BINARY_DIR}/changelog.gz)
-install(FILES ${CMAKE_BINARY_DIR}/korvane.1.gz ${CMAKE_BINARY_DIR}/korvanectl.1.gz
-        DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+add_custom_target(korvane_manuals ALL DEPENDS ${manuals} ${CMAKE_BINARY_DIR}/changelog.gz)
+install(FILES ${manuals} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+# Debian looks for units here whatever the library directory is called. They are not enabled.
+install(FILES packaging/korvane-master.service packaging/korvane-listener.service
+        DESTINATION lib/systemd/system)
 install(FILES ${CMAKE_BINARY_DIR}/changelog.gz packaging/copyright DESTINATION ${CMAKE_INSTALL_DOCDIR})
 
 set(CPACK_GENERATOR DEB)

@@ -1,32 +1,16 @@
 #include "platform/winsock_qt.h"
 
-#include <netinet/in.h>
-#include <netinet/tcp.h>
-#include <sys/socket.h>
-
 #include <QNetworkInterface>
 #include <QTcpSocket>
 #include <QTimer>
+
+#include "platform/peer_watch.h"
 
 namespace korvane {
 namespace {
 
 constexpr qint64 kMostUnread = 1 << 20;
 constexpr qint64 kMostUnsent = 16 << 20;  // of a peer that reads nothing; then it counts as gone
-
-// A peer that lost its power is noticed within about half a minute.
-void watchPeer(QTcpSocket& socket) {
-  socket.setSocketOption(QAbstractSocket::LowDelayOption, 1);
-  socket.setSocketOption(QAbstractSocket::KeepAliveOption, 1);
-  const int handle = static_cast<int>(socket.socketDescriptor());
-  const auto set = [handle](int option, int value) {
-    setsockopt(handle, IPPROTO_TCP, option, &value, sizeof value);
-  };
-  set(TCP_KEEPIDLE, 15);
-  set(TCP_KEEPINTVL, 5);
-  set(TCP_KEEPCNT, 3);
-  set(TCP_USER_TIMEOUT, 30000);
-}
 
 QString addressOfMachine() {
   for (const QNetworkInterface& interface : QNetworkInterface::allInterfaces()) {

@@ -1,0 +1,97 @@
+// What peers send to the Master Listener and to a Music Listener. A byte of 3 ends a delivery, one
+// of 4 a connection.
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+#include "platform/disk_file_system.h"
+#include "services/listener/music_service.h"
+#include "services/master/master_service.h"
+#include "tests/fakes/fake_media_player.h"
+#include "tests/fakes/fake_system.h"
+#include "tests/fakes/fake_tcp_server.h"
+
+namespace {
+
+using namespace korvane;
+
+void require(bool held) {
+  if (!held) __builtin_trap();
+}
+
+struct Quiet : ServiceLog {
+  using ServiceLog::ServiceLog;
+  void write(const QByteArray& line) override {
+    require(line.endsWith('\n') && line.count('\n') == 1);
+  }
+};
+
+struct World {
+  FakeSystem system;
+  FakeTcpServer tcp;
+  FakeTicker ticker, musicTimer;
+  AllowList allow;
+  Quiet log{system.clock, "fuzz"};
+  RecordServer server{{tcp, ticker, system.clock, log, allow, {}}};
+};
+
+// All that `stream` holds, to a service behind `world`; each connection sees whole records.
+void serve(World& world, const QByteArray& stream) {
+  for (const QByteArray& connection : stream.split('\4')) {
+    const TcpServer::Peer peer = world.tcp.join();
+    for (const QByteArray& delivery : connection.split('\3')) {
+      if (world.server.has(peer)) world.tcp.arrive(peer, delivery);
+      world.system.pump.settle();
+      world.system.clock.advance(500);
+      world.ticker.fire();
+    }
+    const QByteArray sent = world.tcp.take(peer);
+    require(sent.isEmpty() || sent.endsWith('\1'));
+    if (world.server.has(peer)) world.tcp.leave(peer);
+    world.tcp.sent.clear();
+  }
+}
+
+// The player opens what stands below the root, and nothing else.
+struct CheckedPlayer : FakeMediaPlayer {
+  explicit CheckedPlayer(QString below) : root(std::move(below)) {}
+  void setFileName(const QString& path) override {
+    require(path.startsWith(root + u'/') && !path.contains("/../"_L1));
+    FakeMediaPlayer::setFileName(path);
+    calls.clear();
+  }
+  QString root;
+};
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+  const QByteArray stream(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
+  static const QTemporaryDir root;
+  static const bool song = [] {
+    QFile file(root.filePath(u"a.mp3"_s));
+    return file.open(QIODevice::WriteOnly) && file.write("x") == 1;
+  }();
+  require(song);
+  {
+    World world;
+    const MasterService master(world.server, world.log, WireText::Windows1252);
+    serve(world, stream);
+    require(master.table().entries().isEmpty());
+  }
+  World world;
+  CheckedPlayer player(QFileInfo(root.path()).canonicalFilePath());
+  static const DiskFileSystem files;
+  const MusicService music(
+      {world.server,
+       files,
+       player,
+       world.system.mixer,
+       world.musicTimer,
+       world.system.pump,
+       world.log,
+       {},
+       {{{root.path()}, {{u"Z:"_s, root.path()}}}, WireText::Utf8, 1000, true}});
+  serve(world, stream);
+  return 0;
+}

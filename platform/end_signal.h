@@ -1,0 +1,22 @@
+// Ends a service in order: SIGTERM and SIGINT as a call from the event loop.
+#pragma once
+
+#include <functional>
+#include <memory>
+
+class QSocketNotifier;
+
+namespace korvane {
+
+class EndSignal {
+ public:
+  // One at a time, and before any thread is begun: a thread of before would still end the program.
+  explicit EndSignal(std::function<void()> end);
+  ~EndSignal();
+
+ private:
+  int file_ = -1;
+  std::unique_ptr<QSocketNotifier> notifier_;
+};
+
+}  // namespace korvane

@@ -1,0 +1,64 @@
+// The command line of a service: "--name VALUE" or "--name=VALUE", told in a table.
+#pragma once
+
+#include <optional>
+#include <span>
+
+#include "services/server/record_server.h"
+
+namespace korvane {
+
+struct Option {
+  const char* name;     // without the two lines
+  const char* operand;  // what the help calls its value; null for an option without one
+  const char* help;     // lines of the help, with "\n" between
+};
+
+class Options {
+ public:
+  // Nothing with `error` in words for what the table does not hold.
+  static std::optional<Options> parse(std::span<const Option> table, const QStringList& arguments,
+                                      QString* error);
+  static QString help(const char* program, const char* what, std::span<const Option> table);
+
+  bool has(const char* name) const { return values_.contains(QLatin1StringView(name)); }
+  QString value(const char* name, const QString& otherwise = {}) const;  // the last one given
+  QStringList values(const char* name) const;
+  // Nothing with `error` when it is given and no whole number of that range.
+  std::optional<int> number(const char* name, int low, int high, int otherwise,
+                            QString* error) const;
+
+ private:
+  QHash<QString, QStringList> values_;
+};
+
+// What every service takes.
+struct ServerOptions {
+  QString bind = u"127.0.0.1"_s;
+  int port = 0;
+  AllowList allow;
+  ServerLimits limits;
+  WireText encoding = WireText::Windows1252;
+};
+inline constexpr Option kServerOptions[] = {
+    {"bind", "ADDRESS",
+     "the address of this machine to listen at, 127.0.0.1 unless told;\n"
+     "0.0.0.0 is all of them"},
+    {"port", "N",
+     "the port to listen at, 7410 for the Master Listener and 7411 for a Music\n"
+     "Listener unless told; 0 takes any free one"},
+    {"allow", "LIST",
+     "who may connect besides this machine: addresses and networks with\n"
+     "commas between, as 192.168.1.0/24,10.0.0.5; may be given more than once"},
+    {"connections", "N", "how many at a time, 128 unless told"},
+    {"record-bytes", "N", "the longest record that is taken, 8192 unless told"},
+    {"encoding", "NAME",
+     "of texts in records: Windows-1252 unless told, or UTF-8; as the consoles'\n"
+     "setting ListenerEncoding"},
+    {"as-root", nullptr, "runs even when started by root"},
+    {"version", nullptr, "prints the version"},
+    {"help", nullptr, "prints this"},
+};
+std::optional<ServerOptions> serverOptions(const Options& options, int port, QString* error);
+
+}  // namespace korvane

@@ -1,0 +1,41 @@
+// The frame of a service's main(): command line, help, no root, an event loop until SIGTERM.
+#pragma once
+
+#include "platform/end_signal.h"
+#include "platform/service_pump.h"
+#include "platform/system_clock.h"
+#include "platform/tcp_server_qt.h"
+#include "platform/ticker_qt.h"
+#include "services/server/options.h"
+
+namespace korvane {
+
+struct ServiceFrame {
+  const char* program;
+  const char* what;                 // the first line of its help
+  std::span<const Option> options;  // its own, besides kServerOptions
+  int port;                         // it listens at unless told
+};
+
+// The parts every service is made of.
+struct ServiceParts {
+  ServiceParts(const char* program, ServerOptions chosen);
+  bool listen(QString* error);  // and says where
+  int run();                    // until SIGTERM or SIGINT; the exit code
+
+  const EndSignal signal;  // first: threads begun later leave the signals to it
+  const ServerOptions chosen;
+  ServicePump pump;
+  SystemClock clock;
+  ServiceLog log;
+  TcpServerQt tcp;
+  TickerQt ticker;
+  RecordServer server;
+};
+
+// Calls `serve`, which returns the exit code; with `error` set that is said on standard error.
+int serviceMain(
+    int argc, char** argv, const ServiceFrame& frame,
+    const std::function<int(const Options&, const ServerOptions&, QString* error)>& serve);
+
+}  // namespace korvane

@@ -1,0 +1,190 @@
+"""korvane-master and korvane-listener as programs, over real TCP: the bytes of both directions; peers that
+flood, stop in the middle, vanish and never read; files outside of the root."""
+import os
+import pathlib
+import re
+import shutil
+import signal
+import socket
+import subprocess
+import sys
+import tempfile
+import time
+import wave
+
+MASTER, LISTENER, SONG, COVERED = sys.argv[1:5]
+folder = pathlib.Path(tempfile.mkdtemp(prefix="korvane-daemons-"))
+root = folder / "music"
+root.mkdir()
+shutil.copy(SONG, root / "tone.mp3")
+with wave.open(str(root / "four seconds.wav"), "wb") as sound:
+    sound.setparams((1, 2, 44100, 0, "NONE", ""))
+    sound.writeframes(b"\0\x10" * 4 * 44100)
+shutil.copy(COVERED, root / "covered.mp3")
+shutil.copy(SONG, folder / "outside.mp3")
+(root / "link.mp3").symlink_to("../outside.mp3")
+
+
+def signs(data):
+    return data.replace(b"\0", b"|").replace(b"\1", b"$").replace(b"\2", b"~").decode("cp1252")
+
+
+class Daemon:
+    def __init__(self, program, *arguments):
+        self.log = folder / f"{pathlib.Path(program).name}.{time.monotonic_ns()}.log"
+        environment = dict(os.environ, KORVANE_VLC_ARGS="--aout=adummy")
+        self.process = subprocess.Popen([program, "--as-root", *arguments], stderr=self.log.open("w"),
+                                        env=environment)
+        self.port = int(self.wait(r"listening at 127\.0\.0\.1 port (\d+)")[1])
+
+    def wait(self, pattern, seconds=10):
+        end = time.monotonic() + seconds
+        while not (found := re.search(pattern, self.log.read_text())):
+            assert time.monotonic() < end, f"{pattern} is not in {self.log.read_text()}"
+            time.sleep(0.02)
+        return found
+
+    def memory(self):
+        pages = pathlib.Path(f"/proc/{self.process.pid}/statm").read_text().split()[1]
+        return int(pages) * os.sysconf("SC_PAGESIZE")
+
+    def end(self):
+        self.process.terminate()
+        assert self.process.wait(timeout=10) == 0, self.log.read_text()
+        assert self.log.read_text().endswith("ended\n")
+
+
+class Peer:
+    def __init__(self, daemon):
+        self.socket = socket.create_connection(("127.0.0.1", daemon.port), timeout=15)
+        self.waiting = b""
+
+    def say(self, text):
+        self.socket.sendall(text.replace("|", "\0").replace("$", "\1").encode("cp1252"))
+
+    def record(self):
+        """The next record, its end cut off."""
+        while b"\1" not in self.waiting:
+            data = self.socket.recv(65536)
+            assert data, "the daemon ended the connection"
+            self.waiting += data
+        record, _, self.waiting = self.waiting.partition(b"\1")
+        return signs(record)
+
+    def expect(self, *records):
+        for wanted in records:
+            got = self.record()
+            assert re.fullmatch(wanted, got), f"{got} in place of {wanted}"
+
+    def until(self, pattern):
+        while not re.fullmatch(pattern, got := self.record()):
+            assert got.split("|")[0] in ("MUSICTIMER", "MUSICDURATION"), f"{got} before {pattern}"
+
+    def ended(self):
+        try:
+            while self.socket.recv(65536):
+                pass
+        except ConnectionResetError:
+            pass
+        except TimeoutError:
+            return False
+        return True
+
+
+master = Daemon(MASTER, "--port", "0")
+console = Peer(master)
+console.say("ML|REG|Seat 1|10.0.0.9|N/A|CLIENT|CLIENT$ML|IGET|ALL$")
+console.expect(r"IREQUEST\|Seat 1~10\.0\.0\.9~N/A~CLIENT")
+arguments = ["--root", str(root), "--tick", "200", "--name", "Salon", "--master", f"127.0.0.1:{master.port}"]
+listener = Daemon(LISTENER, "--port", "0", *arguments)
+entry = rf"Salon~127\.0\.0\.1~{listener.port}~MUSIC"
+console.expect(rf"NEW\|{entry}")
+
+one, two = Peer(listener), Peer(listener)
+one.say("MUSIC|STATUS$")
+one.expect(r"MEDIAPLAYERSTATE\|0", r"MAXVOLUME\|\d+", r"VOLUME\|\d+")
+one.say("MUSIC|PLAY|Z:\\Music\\Four Seconds.WAV|Café$")
+for peer in (one, two):
+    peer.expect(r"MUSICDURATION\|[\d.]+", r"SONGPLAYING\|Café", r"MEDIAPLAYERSTATE\|2")
+    if peer is two:
+        peer.expect("PAUSETOPLAY")
+    peer.until(r"MUSICTIMER\|0:0\d\|\d+\.\d+")
+two.say("MUSIC|PAUSE$")
+one.until(r"MEDIAPLAYERSTATE\|1")
+two.until(r"MEDIAPLAYERSTATE\|1")
+one.say("MUSIC|PLAY$")
+one.until("PAUSETOPLAY")
+two.until("PAUSETOPLAY")
+one.say("MUSIC|CURRENTPOSITION|3.5$")
+one.until("ENDOFSTREAM")
+one.say("MUSIC|PLAY|tone.mp3|Tone$")
+two.until(r"SONGPLAYING\|Tone")
+one.until(r"SONGPLAYING\|Tone")
+one.expect(r"MEDIAPLAYERSTATE\|2")
+one.until("ENDOFSTREAM")
+one.say("MUSIC|STOP$")
+one.expect(r"MEDIAPLAYERSTATE\|0")
+two.expect(r"MEDIAPLAYERSTATE\|2", "PAUSETOPLAY")
+two.until(r"MEDIAPLAYERSTATE\|0")
+
+two.say("MUSIC|PLAY|covered.mp3|Covered$")
+two.expect(r"MUSICDURATION\|[\d.]+", r"SONGPLAYING\|Covered", r"MEDIAPLAYERSTATE\|2")
+two.until(r"RECEIVEJPG\|\d+")
+assert two.waiting == b"", "the picture is a delivery of its own"
+picture = two.socket.recv(4 << 20)
+assert picture.startswith((b"\xff\xd8\xff", b"\x89PNG")), picture[:20]
+while len(picture) < 1000 or b"MUSICTIMER" not in (more := two.socket.recv(4 << 20)):
+    picture += more
+assert b"MUSICTIMER" not in picture
+two.say("MUSIC|STOP$")
+listener.end()
+master.wait("gone: MUSIC \"Salon\"")
+
+listener = Daemon(LISTENER, "--port", str(listener.port), *arguments)
+console.expect(rf"NEW\|{entry}")
+peer = Peer(listener)
+for path in (folder / "outside.mp3", "../outside.mp3", "..\\outside.mp3", root / "link.mp3", "link.mp3",
+             f"{root}/../outside.mp3", "/etc/passwd", "/dev/zero", "x" * 5000, "\x02\x7f\xff"):
+    peer.say(f"MUSIC|PLAY|{path}|x$")
+    peer.expect(r"ERROR\|File not found")
+assert str(folder / "outside.mp3") not in [str(file.resolve()) for file in pathlib.Path(
+    f"/proc/{listener.process.pid}/fd").iterdir()]
+
+flood, endless, deaf, half = (Peer(listener) for _ in range(4))
+try:
+    flood.say("MUSIC|STATUS$" * 100_000)
+except (ConnectionResetError, BrokenPipeError):
+    pass
+assert flood.ended()
+endless.socket.sendall(b"x" * 8193)
+assert endless.ended()
+half.say("MUSIC|PLA")
+before = listener.memory()
+for _ in range(300):
+    vanished = Peer(listener)
+    vanished.say("MUSIC|STATUS$MUSIC|PL")
+    vanished.socket.close()
+try:
+    for _ in range(4000):  # each is answered with as much, which is never read
+        deaf.say("MUSIC|VOLUME|" + "9" * 8000 + "$")
+        time.sleep(0.0025)
+except (ConnectionResetError, BrokenPipeError):
+    pass
+listener.wait("it does not read what it is sent")
+assert half.ended(), "half a record and nothing more"
+assert listener.memory() - before < 8 << 20, f"{listener.memory() - before} bytes more"
+peer = Peer(listener)
+peer.say("MUSIC|STATUS$")
+peer.expect(r"MEDIAPLAYERSTATE\|0")
+assert "QIODevice" not in listener.log.read_text()
+for word in ("more than 500 records", "more than 8192 bytes", "half a record"):
+    listener.wait(word)
+listener.process.send_signal(signal.SIGKILL)
+listener.process.wait()
+console.say("ML|GET|ALL$")
+console.expect(r"REQUEST\|Seat 1~10\.0\.0\.9~N/A~CLIENT")
+master.end()
+for program in (MASTER, LISTENER):
+    refused = subprocess.run([program, "--port", "0", "--root", str(root), "--nonsense"], capture_output=True)
+    assert refused.returncode == 1 and b"is not understood" in refused.stderr
+shutil.rmtree(folder)

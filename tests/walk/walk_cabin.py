@@ -1,0 +1,93 @@
+"""A whole cabin: the Master Listener, a Music Listener and two consoles. What one plays the other shows and
+pauses; the list of the one goes on; the listener is killed and comes back."""
+import os
+import pathlib
+import re
+import subprocess
+import sys
+import tempfile
+import time
+
+from console import Console
+
+program, master_program, listener_program, music = sys.argv[1:5]
+folder = pathlib.Path(tempfile.mkdtemp())
+
+
+def service(path, *arguments):
+    log = folder / f"{time.monotonic_ns()}.log"
+    process = subprocess.Popen([path, "--as-root", *arguments], stderr=log.open("w"),
+                               env=dict(os.environ, KORVANE_VLC_ARGS="--aout=adummy"))
+    for _ in range(200):
+        if found := re.search(r"listening at \S+ port (\d+)", log.read_text()):
+            return process, found[1]
+        time.sleep(0.05)
+    raise AssertionError(log.read_text())
+
+
+def listener_at(port):
+    return service(listener_program, "--port", port, "--root", music, "--name", "Salon", "--tick", "250",
+                   "--master", f"127.0.0.1:{master_port}")
+
+
+def seat(number):
+    return Console(program, user_values="[KRV\\MUSIC]\nMUSICTYPE=SERVER\n", size="800x480",
+                   settings=["LocalServer=1", "MasterListenerIP=127.0.0.1", f"MasterListenerPort={master_port}",
+                             f"MasterListenerMyName=Seat {number}", f"MusicListener=127.0.0.1:{port}"])
+
+
+def picture(console, index):
+    return console.get("cmdControls", index)["picture"]
+
+
+master, master_port = service(master_program, "--port", "0")
+listener, port = listener_at("0")
+one, two = seat(1), seat(2)
+one.press("imgTabs", 0)
+two.press("imgTabs", 0)
+one.press("Grid", 0, row=2)
+one.press("Grid", 2, row=1)
+songs = one.rows(1)
+one.press("Grid", 1, row=1)
+one.wait_until(lambda: one.position() > 0.5, "the song at seat 1")
+two.wait_until(lambda: two.title() == songs[0] and two.position() > 0.5, "the song at seat 2", 3)
+for console in (one, two):
+    console.wait_until(lambda: console.get("coverArt")["visible"], "the cover", 5)
+one.screenshot("cabin_seat_1")
+two.screenshot("cabin_seat_2")
+
+two.press("cmdControls", 2)
+one.wait_until(lambda: picture(one, 2).endswith("pauseb"), "the pause of seat 2 at seat 1", 2)
+held = one.position()
+time.sleep(0.6)
+assert one.position() == held
+one.screenshot("cabin_paused")
+two.press("cmdControls", 1)
+for console in (one, two):
+    console.wait_until(lambda: console.position() > held, "the song going on", 3)
+
+length = one.get("Slider1")["maximum"]
+two.must(cmd="set", name="Slider1", value=length - 1)
+for console in (one, two):
+    console.wait_until(lambda: console.title() == songs[1], "the next song of seat 1's list", 5)
+two.press("cmdControls", 3)
+one.wait_until(lambda: one.get("lblCurrentPlay")["caption"] == "Status: Idle", "the stop of seat 2", 2)
+
+one.press("Grid", 1, row=1)
+two.wait_until(lambda: two.position() > 0.5, "the song once more")
+listener.kill()
+listener.wait()
+for console in (one, two):
+    console.wait_until(lambda: console.get("lblCurrentPlay")["caption"] == "Status: Idle", "the loss", 3)
+listener, port = listener_at(port)
+for console in (one, two):
+    console.press("imgTabs", 3)
+    console.press("imgTabs", 0)
+one.press("Grid", 1, row=2)
+two.wait_until(lambda: two.title() == songs[1] and two.position() > 0.3, "control coming back", 3)
+two.screenshot("cabin_again")
+one.end()
+two.end()
+for process in (listener, master):
+    process.terminate()
+    assert process.wait(timeout=10) == 0
