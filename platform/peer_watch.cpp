@@ -15,10 +15,10 @@ void watchPeer(QTcpSocket& socket) {
   const auto set = [handle](int option, int value) {
     setsockopt(handle, IPPROTO_TCP, option, &value, sizeof value);
   };
-  set(TCP_KEEPIDLE, 15);
-  set(TCP_KEEPINTVL, 5);
-  set(TCP_KEEPCNT, 3);
-  set(TCP_USER_TIMEOUT, 30000);
+  set(TCP_KEEPIDLE, 5);
+  set(TCP_KEEPINTVL, 2);
+  set(TCP_KEEPCNT, 2);
+  set(TCP_USER_TIMEOUT, 9000);
 }
 
 }  // namespace korvane

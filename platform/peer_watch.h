@@ -1,5 +1,5 @@
 // The options of a TCP connection that both of its ends set: no delay for small writes, and a peer
-// that lost its power is noticed within about half a minute.
+// that lost its power is noticed within ten seconds.
 #pragma once
 
 class QTcpSocket;

@@ -5,8 +5,6 @@
 namespace korvane {
 namespace {
 
-constexpr char16_t kSubField = 2;
-
 QString plain(const QString& text) {
   QString clean =
       text.trimmed().first(std::min(text.trimmed().size(), ListenerTable::kLongestText));
@@ -85,7 +83,7 @@ std::optional<ListenerEntry> registrationOf(const QStringList& fields, const QSt
 }
 
 QString entryField(const ListenerEntry& entry) {
-  return QStringList{entry.description, entry.ip, entry.port, entry.type}.join(QChar(kSubField));
+  return QStringList{entry.description, entry.ip, entry.port, entry.type}.join(QLatin1Char(kSubFieldEnd));
 }
 
 }  // namespace korvane

@@ -2,16 +2,10 @@
 // they came. An entry lives as long as the connection that registered it.
 #pragma once
 
-#include <optional>
-
+#include "listener/listener_list.h"
 #include "platform/tcp_server.h"
 
 namespace korvane {
-
-struct ListenerEntry {
-  QString description, ip, port, type;  // port "N/A" for a client
-  bool operator==(const ListenerEntry&) const = default;
-};
 
 class ListenerTable {
  public:

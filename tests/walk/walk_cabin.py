@@ -33,7 +33,7 @@ def listener_at(port):
 def seat(number):
     return Console(program, user_values="[KRV\\MUSIC]\nMUSICTYPE=SERVER\n", size="800x480",
                    settings=["LocalServer=1", "MasterListenerIP=127.0.0.1", f"MasterListenerPort={master_port}",
-                             f"MasterListenerMyName=Seat {number}", f"MusicListener=127.0.0.1:{port}"])
+                             f"MasterListenerMyName=Seat {number}"])
 
 
 def picture(console, index):
@@ -79,10 +79,12 @@ listener.kill()
 listener.wait()
 for console in (one, two):
     console.wait_until(lambda: console.get("lblCurrentPlay")["caption"] == "Status: Idle", "the loss", 3)
+one.wait_until(lambda: one.get("framLink")["visible"], "what is wrong in words", 2)
+assert "Music: " in one.get("lblLink", 1)["caption"]
+one.screenshot("cabin_lost")
 listener, port = listener_at(port)
 for console in (one, two):
-    console.press("imgTabs", 3)
-    console.press("imgTabs", 0)
+    console.wait_until(lambda: console.get("lblLink", 1)["caption"] == "● Music", "the link", 3)
 one.press("Grid", 1, row=2)
 two.wait_until(lambda: two.title() == songs[1] and two.position() > 0.3, "control coming back", 3)
 two.screenshot("cabin_again")
