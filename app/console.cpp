@@ -27,6 +27,7 @@ Console::Console(System& doors, const MakeHost& makeHost, QString home, std::fun
       x10Control(system.makeWinsock()),
       master({state, settings, screen, messages, log, system.pump, *connectionML}),
       network({host, palette, state, messages}),
+      listeners({host, palette, state, system.network, *connectionML}),
       music({frmMain, state, settings, messages, log, system.pump, system.files, system.player,
              system.mixer, *connectionMP3, coverArtBytes}),
       links(frmMain, {state, settings, palette, system.clock, master, music}),

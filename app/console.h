@@ -12,6 +12,7 @@
 #include "library/favourites.h"
 #include "library/playlist_editor.h"
 #include "listener/link_supervision.h"
+#include "listener/listeners_form.h"
 #include "listener/network_form.h"
 #include "movies/movies_tab.h"
 #include "photos/photos_tab.h"
@@ -56,6 +57,7 @@ class Console : private StartupParts {
   std::unique_ptr<Winsock> connectionMP3, connectionMovie, connectionML, x10Control;
   MasterListener master;
   NetworkForm network;
+  ListenersForm listeners;
   MusicConnection music;
   LinkSupervision links;
   Transport transport;

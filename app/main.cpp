@@ -14,6 +14,7 @@
 #include "platform/login_session.h"
 #include "platform/media_player_vlc.h"
 #include "platform/mixer_alsa.h"
+#include "platform/network_linux.h"
 #include "platform/reading_drive.h"
 #include "platform/screen_saver_power.h"
 #include "platform/system_clock.h"
@@ -59,8 +60,9 @@ int show(const CommandLine& line, const QString& home, DiskFileSystem& files, Qt
   TrayIcon tray(QIcon(home + u"/krvgraphics/MERIDIAN/logo.svg"_s));
   MessageBox box;
   HomeLock lock(home);
+  NetworkLinux network;
   System system{
-      pump, clock, chance, files, player, disc, screenPower, session, mixer, tray, box, lock, [] {
+      pump, clock, chance, files, player, disc, screenPower, session, mixer, tray, box, lock, network, [] {
         return std::make_unique<WinsockQt>();
       }};
   WindowHost* window = nullptr;

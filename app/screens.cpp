@@ -17,6 +17,7 @@ Screens::Screens(Console& c)
       playList({c.host, c.palette, c.state, c.log, c.messages, c.playlists, *this}),
       colours({c.host, c.palette, c.settings, c.messages}),
       guiSetup({c.host, c.palette, c.state, c.settings, c.messages, c.frmMain, *this}),
+      nic(c.host, c.palette, c.system.network),
       setup({c.host, c.palette, c.state, c.settings, c.system.files, c.graphics, c.system.box,
              *dynamic_cast<Timer*>(c.frmMain.find(u"AddTimer")), *this}),
       access({c.state, c.settings, c.messages, *this, setup}) {
@@ -33,8 +34,10 @@ Screens::Screens(Console& c)
          if (playList.open()) console_.host.hide(setup.form());
        }},
       {"cmdOther", -1, [this] { guiSetup.open(); }},
+      {"cmdListener", -1, [this] { console_.listeners.open(); }},
   }});
   guiSetup.setDoors({{
+      {"cmdMulti", -1, [this] { guiSetup.chooseNic(nic); }},
       {"cmdColor", -1, [this] { colours.open(); }},
       {"cmdExportFavoriates", 0, [this] { console_.favourites.exportFavorites(); }},
       {"cmdExportFavoriates", 1, [this] { console_.favourites.importFavorites(); }},

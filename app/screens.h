@@ -39,6 +39,7 @@ class Screens : private SetupParts, private ImportNews, private PlayListViews {
   PlayListForm playList;
   ColourPickForm colours;
   GuiSetupForm guiSetup;
+  NicForm nic;
   SetupForm setup;
   SetupAccess access;
 

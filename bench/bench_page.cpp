@@ -54,6 +54,7 @@ int benchPage(const QStringList& arguments) {
                 fakes.tray,
                 fakes.box,
                 fakes.instance,
+                fakes.network,
                 [] { return std::make_unique<FakeWinsock>(); }};
   WindowHost* window = nullptr;
   Console console(

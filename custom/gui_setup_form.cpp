@@ -33,6 +33,7 @@ GuiSetupForm::Panel::Panel(Form& form) {
   bind(optIntListen, "optIntListen");
   bind(optIntListenM, "optIntListenM");
   bind(optControls, "optControls");
+  bind(txtNIC, "txtNIC");
   bind(chkShowX10, "chkShowX10");
   bind(ckRadio, "ckRadio");
   bind(chkMap, "chkMap");
@@ -99,6 +100,10 @@ void GuiSetupForm::open() {
   if (form_.shown()) return;
   Form_Load();
   uses_.host.showModal(form_);
+}
+
+void GuiSetupForm::chooseNic(NicForm& nic) {
+  panel_.txtNIC->text = nic.choose(panel_.txtNIC->text());
 }
 
 TextBox& GuiSetupForm::box(const SetupText& text) {

@@ -3,6 +3,7 @@
 
 #include "core/screen_doors.h"
 #include "custom/gui_setup_fields.h"
+#include "custom/nic_form.h"
 #include "custom/setup_general_form.h"
 
 namespace korvane {
@@ -16,7 +17,8 @@ class GuiSetupForm {
   // 1).
   void setDoors(ScreenDoors doors) { doors_ = std::move(doors); }
 
-  void open();  // Yields.
+  void open();                   // Yields.
+  void chooseNic(NicForm& nic);  // into txtNIC. Yields.
 
   Form& form() { return form_; }
   SetupGeneralForm& general() { return general_; }
@@ -29,6 +31,7 @@ class GuiSetupForm {
     Button *cmdGeneral, *cmdColor, *cmdSync, *cmdMulti, *cmdCamera;
     std::array<Button*, 2> cmdExportFavoriates;
     std::array<Check*, 2> optIntListen, optIntListenM, optControls;
+    TextBox* txtNIC;
     Check *chkShowX10, *ckRadio, *chkMap, *chkCamera;
     explicit Panel(Form& form);
   };

@@ -6,6 +6,7 @@
 #include "platform/file_system.h"
 #include "platform/machine.h"
 #include "platform/media_player.h"
+#include "platform/network.h"
 #include "platform/pump.h"
 #include "platform/winsock.h"
 
@@ -24,6 +25,7 @@ struct System {
   Tray& tray;
   SystemBox& box;
   OneInstance& instance;
+  Network& network;
   std::function<std::unique_ptr<Winsock>()> makeWinsock;
 };
 

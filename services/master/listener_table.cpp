@@ -83,7 +83,8 @@ std::optional<ListenerEntry> registrationOf(const QStringList& fields, const QSt
 }
 
 QString entryField(const ListenerEntry& entry) {
-  return QStringList{entry.description, entry.ip, entry.port, entry.type}.join(QLatin1Char(kSubFieldEnd));
+  return QStringList{entry.description, entry.ip, entry.port, entry.type}.join(
+      QLatin1Char(kSubFieldEnd));
 }
 
 }  // namespace korvane

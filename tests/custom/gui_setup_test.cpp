@@ -3,6 +3,7 @@
 #include "core/tab_controller.h"
 #include "tests/custom/custom_world.h"
 #include "tests/custom/fake_setup_parts.h"
+#include "tests/fakes/fake_network.h"
 
 namespace korvane {
 namespace {
@@ -33,6 +34,48 @@ struct GuiSetup : CustomWorld {
   FakeSetupParts parts;
   GuiSetupForm setup{{host, palette, state, settings, messages, main, parts}};
 };
+
+// The options are "Any" and up to three addresses; what is chosen is stored with Save.
+TEST_F(GuiSetup, ChoosesANetworkCard) {
+  FakeNetwork network;
+  NicForm nic(host, palette, network);
+  setup.setDoors({{{"cmdMulti", -1, [&] { setup.chooseNic(nic); }}}});
+  const auto options = [](Form& form) {
+    QStringList seen;
+    for (int i = 0; i < 4; ++i) {
+      const auto& option = dynamic_cast<Check&>(*form.find(u"optNic", i));
+      if (option.visible()) seen << option.caption() + (option.checked() ? u"*"_s : QString());
+    }
+    return seen;
+  };
+  saves([&](Form& form) {
+    host.onModal(u"frmNic"_s, [&](Form& card) {
+      EXPECT_EQ(options(card), QStringList{u"Any*"_s});
+      press(card, u"cmdOK"_s);
+    });
+    press(form, u"cmdMulti"_s);
+    EXPECT_EQ(textOf(form, u"txtNIC"_s), u"Any"_s);
+    network.addresses = QStringList{u"10.0.0.1"_s, u"10.0.0.2"_s, u"10.0.0.3"_s, u"10.0.0.4"_s};
+    host.onModal(u"frmNic"_s, [&](Form& card) {
+      EXPECT_EQ(options(card),
+                QStringList({u"Any*"_s, u"10.0.0.1"_s, u"10.0.0.2"_s, u"10.0.0.3"_s}));
+      tick(card, u"optNic"_s, true, 2);
+      press(card, u"optNic"_s, 2);
+      press(card, u"cmdOK"_s);
+    });
+    press(form, u"cmdMulti"_s);
+  });
+  EXPECT_EQ(stored(key::NICCard), u"10.0.0.2"_s);
+  network.addresses.clear();  // the cable is out
+  saves([&](Form& form) {
+    host.onModal(u"frmNic"_s, [&](Form& card) {
+      EXPECT_EQ(options(card), QStringList{u"Any"_s});
+      press(card, u"cmdOK"_s);
+    });
+    press(form, u"cmdMulti"_s);
+  });
+  EXPECT_EQ(stored(key::NICCard), u"10.0.0.2"_s);
+}
 
 TEST_F(GuiSetup, ShowsWhatIsStored) {
   given(key::LOCALLISTENER, u"2"_s);

@@ -7,6 +7,7 @@
 #include "tests/fakes/fake_disc_drive.h"
 #include "tests/fakes/fake_file_system.h"
 #include "tests/fakes/fake_machine.h"
+#include "tests/fakes/fake_network.h"
 #include "tests/fakes/fake_pump.h"
 
 namespace korvane {
@@ -23,6 +24,7 @@ struct FakeSystem {
   FakeTray tray;
   FakeBox box;
   FakeInstance instance;
+  FakeNetwork network;
 
   // `disk` where the files must be real ones. Refers to this and to the arguments.
   System with(MediaPlayer& player, std::function<std::unique_ptr<Winsock>()> makeWinsock,
@@ -40,6 +42,7 @@ struct FakeSystem {
             tray,
             box,
             instance,
+            network,
             std::move(makeWinsock)};
   }
 };
