@@ -51,7 +51,8 @@ TEST_F(AirNetworkTest, TakesMessagesFromAnyDeliveries) {
       {{"<" + tooLong, tooLong + "><B>"}, {u"B   "_s}},
       {{"<" + tooLong + "><B>"}, {u"B   "_s}},
   };
-  for (const Case& c : cases) EXPECT_EQ(hears(c.deliveries), c.heard) << c.deliveries[0].left(40).constData();
+  for (const Case& c : cases)
+    EXPECT_EQ(hears(c.deliveries), c.heard) << c.deliveries[0].left(40).constData();
 }
 
 TEST_F(AirNetworkTest, NamesComeFromTheTablesWhereThereAreSome) {

@@ -38,7 +38,7 @@ TEST_F(ListenersFormTest, PingsTheThreeInTurn) {
   host.onModal(u"frmListeners"_s, [&](Form& window) {
     EXPECT_EQ(textOf(window, u"lblthisIP"_s), u"This IP = 10.0.0.7"_s);
     EXPECT_EQ(lamps(window), QStringList({u"Movie 10.0.0.2: dark "_s, u"Music : dark "_s,
-                                        u"Master 10.0.0.1: dark "_s}));
+                                          u"Master 10.0.0.1: dark "_s}));
     for (int i = 0; i < 3; ++i) {
       EXPECT_EQ(network.asked.size(), i + 1);
       EXPECT_FALSE(window.find(u"Timer1")->enabled());
