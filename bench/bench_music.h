@@ -8,6 +8,7 @@ namespace korvane {
 
 int benchRecords(const QStringList& arguments);   // records
 int benchPlay(const QStringList& arguments);      // play FILE FILE2
+int benchLinks(const QStringList& arguments);     // links HOME
 int benchListener(const QStringList& arguments);  // listener LISTENER FILE
 
 }  // namespace korvane

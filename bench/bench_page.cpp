@@ -1,32 +1,15 @@
 // korvane-bench page GRID HOME: what a press on a tab costs, handler and paint, and a drag through
 // the list Grid(GRID) of the console at HOME, frame by frame. Draws without a display where there
 // is none.
-#include <QApplication>
-
-#include "app/console.h"
 #include "bench/bench.h"
+#include "bench/bench_console.h"
 #include "bench/bench_library.h"
-#include "platform/disk_file_system.h"
-#include "tests/fakes/fake_media_player.h"
-#include "tests/fakes/fake_system.h"
 #include "tests/fakes/fake_winsock.h"
-#include "view/qt_pump.h"
-#include "view/window_host.h"
 
 namespace korvane {
 namespace {
 
 constexpr int kFrames = 200;
-
-// Yields only while the console starts: a handler that yields would paint within its own time.
-class StillPump : public QtPump {
- public:
-  using QtPump::QtPump;
-  void doEvents() override {
-    if (!still) QtPump::doEvents();
-  }
-  bool still = false;
-};
 
 double milliseconds(const std::function<void()>& work) {
   return 1000 * fastest(1, work);
@@ -37,34 +20,10 @@ double milliseconds(const std::function<void()>& work) {
 int benchPage(const QStringList& arguments) {
   if (arguments.size() != 2) return 2;
   const int grid = arguments[0].toInt();
-  FakeSystem fakes;
-  FakeMediaPlayer player;
-  PressGate gate;
-  StillPump pump(gate);
-  DiskFileSystem files;
-  System system{pump,
-                fakes.clock,
-                fakes.chance,
-                files,
-                player,
-                fakes.disc,
-                fakes.screenPower,
-                fakes.session,
-                fakes.mixer,
-                fakes.tray,
-                fakes.box,
-                fakes.instance,
-                fakes.network,
-                [] { return std::make_unique<FakeWinsock>(); }};
-  WindowHost* window = nullptr;
-  Console console(
-      system,
-      [&](Graphics& graphics) {
-        auto made = std::make_unique<WindowHost>(graphics, gate, QSize(1280, 800));
-        window = made.get();
-        return made;
-      },
-      arguments[1], [] {});
+  BenchConsole bench(arguments[1], [] { return std::make_unique<FakeWinsock>(); });
+  Console& console = bench.console;
+  StillPump& pump = bench.pump;
+  WindowHost* window = bench.window;
   if (!console.SubMain()) return 1;
   // A page that has something to say is answered at once, and its press not counted.
   bool said = false;
@@ -109,8 +68,6 @@ int benchPage(const QStringList& arguments) {
   json.add("drag_frame_ms", sum / kFrames).add("drag_longest_ms", longest);
   json.add("peak_mib", measure([] {}).peakMib);
   json.print();
-  console.startup.closeit();
-  window->close();
   return list.row() > 1 ? 0 : 1;
 }
 

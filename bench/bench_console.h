@@ -1,0 +1,64 @@
+// A console in a window, with the real files, a player that does nothing and the sockets that a
+// mode wants. Draws without a display where there is none.
+#pragma once
+
+#include "app/console.h"
+#include "platform/disk_file_system.h"
+#include "tests/fakes/fake_media_player.h"
+#include "tests/fakes/fake_system.h"
+#include "view/qt_pump.h"
+#include "view/window_host.h"
+
+namespace korvane {
+
+// Yields only while the console starts: a handler that yields would paint within its own time.
+class StillPump : public QtPump {
+ public:
+  using QtPump::QtPump;
+  void doEvents() override {
+    if (!still) QtPump::doEvents();
+  }
+  bool still = false;
+};
+
+struct BenchConsole {
+  BenchConsole(const QString& home, std::function<std::unique_ptr<Winsock>()> makeWinsock)
+      : system{pump,
+               fakes.clock,
+               fakes.chance,
+               files,
+               player,
+               fakes.disc,
+               fakes.screenPower,
+               fakes.session,
+               fakes.mixer,
+               fakes.tray,
+               fakes.box,
+               fakes.instance,
+               fakes.network,
+               std::move(makeWinsock)},
+        console(
+            system,
+            [this](Graphics& graphics) {
+              auto made = std::make_unique<WindowHost>(graphics, gate, QSize(1280, 800));
+              window = made.get();
+              return made;
+            },
+            home, [] {}) {}
+  ~BenchConsole() {
+    console.startup.closeit();
+    window->close();
+  }
+  BenchConsole(const BenchConsole&) = delete;
+
+  FakeSystem fakes;
+  FakeMediaPlayer player;
+  PressGate gate;
+  StillPump pump{gate};
+  DiskFileSystem files;
+  System system;
+  WindowHost* window = nullptr;
+  Console console;
+};
+
+}  // namespace korvane
