@@ -72,7 +72,7 @@ QString LinkWatch::words(qint64 nowMs) const {
       break;
   }
   const qint64 seconds = (std::max<qint64>(dueMs_ - nowMs, 0) + 999) / 1000;
-  return u"%1; again in %2 s"_s.arg(why_).arg(seconds);
+  return u"%1; again in %2\u00a0s"_s.arg(why_).arg(seconds);
 }
 
 }  // namespace korvane

@@ -42,7 +42,7 @@ TEST(LinkWatch, ATryThatHangsIsTriedAnew) {
 TEST(LinkWatch, APressTriesAtOnce) {
   LinkWatch watch;
   watch.ends(1000, u"refused"_s);
-  EXPECT_EQ(watch.words(1000), u"refused; again in 1 s"_s);
+  EXPECT_EQ(watch.words(1000), u"refused; again in 1\u00a0s"_s);
   EXPECT_FALSE(watch.look(1001, true, false, kClosed));
   watch.again();
   EXPECT_TRUE(watch.look(1001, true, false, kClosed));
