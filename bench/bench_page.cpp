@@ -53,6 +53,7 @@ int benchPage(const QStringList& arguments) {
                 fakes.mixer,
                 fakes.tray,
                 fakes.box,
+                fakes.programs,
                 fakes.instance,
                 [] { return std::make_unique<FakeWinsock>(); }};
   WindowHost* window = nullptr;

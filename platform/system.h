@@ -6,6 +6,7 @@
 #include "platform/file_system.h"
 #include "platform/machine.h"
 #include "platform/media_player.h"
+#include "platform/programs.h"
 #include "platform/pump.h"
 #include "platform/winsock.h"
 
@@ -23,6 +24,7 @@ struct System {
   Mixer& mixer;
   Tray& tray;
   SystemBox& box;
+  Programs& programs;
   OneInstance& instance;
   std::function<std::unique_ptr<Winsock>()> makeWinsock;
 };

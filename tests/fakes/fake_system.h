@@ -7,6 +7,7 @@
 #include "tests/fakes/fake_disc_drive.h"
 #include "tests/fakes/fake_file_system.h"
 #include "tests/fakes/fake_machine.h"
+#include "tests/fakes/fake_programs.h"
 #include "tests/fakes/fake_pump.h"
 
 namespace korvane {
@@ -22,6 +23,7 @@ struct FakeSystem {
   FakeMixer mixer;
   FakeTray tray;
   FakeBox box;
+  FakePrograms programs;
   FakeInstance instance;
 
   // `disk` where the files must be real ones. Refers to this and to the arguments.
@@ -39,6 +41,7 @@ struct FakeSystem {
             mixer,
             tray,
             box,
+            programs,
             instance,
             std::move(makeWinsock)};
   }
