@@ -5,6 +5,7 @@
 #include "control/control_tabs.h"
 #include "core/startup.h"
 #include "core/window_buttons.h"
+#include "custom/button_editor.h"
 #include "custom/guest_lock.h"
 #include "custom/main_tab.h"
 #include "library/browsing.h"
@@ -71,6 +72,10 @@ class Console : private StartupParts {
   MusicTab musicTab;
   MoviesTab moviesTab;
   PhotosTab photosTab;
+  CustomButtons buttons;
+  PromptKeyboard buttonKeyboard;
+  ButtonEditor buttonEditor;
+  HomePanel homePanel;
   MainTab mainTab;
   MapsTab mapsTab;
   MoreTab moreTab;
@@ -79,6 +84,11 @@ class Console : private StartupParts {
   GuestLock guestLock;
   std::unique_ptr<Screens> screens;
 
+  // Opens the ripper; empty while this console has none.
+  std::function<void()> openRipper;
+
+  void doAction(ButtonAction action);  // of an owner's button. Yields.
+
  private:
   void wire();
   void wireMusic();
@@ -86,6 +96,7 @@ class Console : private StartupParts {
   void wireSound();
   void wirePlaylists();
   void wireWindow();
+  void wireHome();
 
   // StartupParts
   void showMainForm() override;
@@ -97,6 +108,9 @@ class Console : private StartupParts {
   void setUpGrids() override { browsing.setUpGrids(); }
   void loadMovedControls() override;
   void domainpage() override { mainTab.domainpage(); }
+  void openMusicList(int command);
+  void shuffle();
+  void playPause();
   void lblMoviesPlay_Click(int index) override { moviesTab.lblMoviesPlay_Click(index); }
   void loadAds() override {}
   void stopCd() override { cd.stopCd(); }

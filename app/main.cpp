@@ -8,6 +8,7 @@
 #include "app/console.h"
 #include "app/home.h"
 #include "app/tools.h"
+#include "platform/detached_programs.h"
 #include "platform/disc_reader_cdio.h"
 #include "platform/disk_file_system.h"
 #include "platform/home_lock.h"
@@ -59,12 +60,13 @@ int show(const CommandLine& line, const QString& home, DiskFileSystem& files, Qt
   MixerAlsa mixer;
   TrayIcon tray(QIcon(home + u"/krvgraphics/MERIDIAN/logo.svg"_s));
   MessageBox box;
+  DetachedPrograms programs;
   HomeLock lock(home);
   NetworkLinux network;
-  System system{
-      pump, clock, chance, files, player, disc, screenPower, session, mixer, tray, box, lock, network, [] {
-        return std::make_unique<WinsockQt>();
-      }};
+  System system{pump, clock,       chance,  files,   player,
+                disc, screenPower, session, mixer,   tray,
+                box,  programs,    lock,    network, [] {
+        return std::make_unique<WinsockQt>(); }};
   WindowHost* window = nullptr;
   bool ended = false;  // also while the start still runs its own turns of the event loop
   const auto end = [&ended] {

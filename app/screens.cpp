@@ -33,9 +33,11 @@ Screens::Screens(Console& c)
        [this] {
          if (playList.open()) console_.host.hide(setup.form());
        }},
+      {"cmdButtons", -1, [this] { editButtons(); }},
       {"cmdOther", -1, [this] { guiSetup.open(); }},
       {"cmdListener", -1, [this] { console_.listeners.open(); }},
   }});
+  c.buttonEditor.chooseAction = [this] { return chooseAction(); };
   guiSetup.setDoors({{
       {"cmdMulti", -1, [this] { guiSetup.chooseNic(nic); }},
       {"cmdColor", -1, [this] { colours.open(); }},
@@ -49,6 +51,25 @@ void Screens::chooseDirectory(const QString& caption, DirectoryRequest::Store st
   request.caption = caption;
   request.store = store;
   directorys.open(request);
+}
+
+void Screens::editButtons() {
+  showMainPage();
+  console_.buttonEditor.open();
+  setup.close();
+}
+
+std::optional<QString> Screens::chooseAction() {
+  DirectoryRequest request;
+  request.caption = u"Select Action File"_s;
+  request.mode = u"SINGLE"_s;
+  request.pattern = u"*.exe;*.com;*.bat"_s;
+  request.path = u"/usr/bin"_s;
+  request.customEntries = customSelectEntries();
+  request.alsoShown = [this](const QString& path) {
+    return console_.system.programs.runnable(path);
+  };
+  return directorys.open(request);
 }
 
 void Screens::songsChanged() {

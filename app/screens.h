@@ -21,6 +21,7 @@ class Screens : private SetupParts, private ImportNews, private PlayListViews {
 
   void cmdPlayLists_Click() { playList.open(); }      // Yields.
   void cmdSetup_Click() { access.cmdSetup_Click(); }  // Yields.
+  void openMusic();                                   // the Music tab
   // The lists of the whole library filled anew, at once from the database and, when the list file
   // is made, from that.
   void songsChanged() override;
@@ -45,7 +46,8 @@ class Screens : private SetupParts, private ImportNews, private PlayListViews {
 
  private:
   void useKeyboard();
-  void openMusic();
+  void editButtons();
+  std::optional<QString> chooseAction();  // of an owner's button. Yields.
   void chooseDirectory(const QString& caption, DirectoryRequest::Store store);
 
   // SetupParts

@@ -10,6 +10,7 @@ void Console::wire() {
   wireSound();
   wirePlaylists();
   wireWindow();
+  wireHome();
 }
 
 void Console::wireMusic() {
@@ -142,6 +143,53 @@ void Console::wireWindow() {
   guarded(u"cmdSetup", [this](int) { screens->cmdSetup_Click(); });
   guarded(u"imgExit", [this](int) { window.imgExit_Click(); });
   guarded(u"cmdMinimize", [this](int) { window.cmdMinimize_Click(); });
+}
+
+void Console::wireHome() {
+  const auto on = [this](QStringView name, Event::Type type, std::function<void(int)> handler) {
+    frmMain.on(name, type, [handler = std::move(handler)](Control& control, const Event&) {
+      handler(control.index);
+    });
+  };
+  on(u"cmdbutton", Event::Click, [this](int i) {
+    if (!buttonEditor.isOpen()) buttons.cmdbutton_Click(i);
+  });
+  on(u"cmdbutton", Event::Press, [this](int i) { buttonEditor.cmdbutton_MouseDown(i); });
+  on(u"cmdbutton", Event::Release, [this](int i) { buttonEditor.cmdbutton_MouseUp(i); });
+  on(u"frameButtons", Event::Release, [this](int) { buttonEditor.frameButtons_MouseUp(); });
+  on(u"cmdButtonAdd", Event::Click, [this](int) { buttonEditor.cmdButtonAdd_Click(); });
+  on(u"cmdButtonLabel", Event::Click, [this](int) { buttonEditor.cmdButtonLabel_Click(); });
+  on(u"cmdButtonAction", Event::Click, [this](int) { buttonEditor.cmdButtonAction_Click(); });
+  on(u"cmdButtonApplyAttr", Event::Click, [this](int) { buttonEditor.cmdButtonApplyAttr_Click(); });
+  on(u"cmdButtonKeyboard", Event::Click, [this](int) { buttonEditor.cmdButtonKeyboard_Click(); });
+  on(u"cmdButtonDel", Event::Click, [this](int) { buttonEditor.cmdButtonDel_Click(); });
+  on(u"cmdButtonDone", Event::Click, [this](int) { buttonEditor.cmdButtonDone_Click(); });
+  on(u"cmdButtonCancel", Event::Click, [this](int) { buttonEditor.cmdButtonCancel_Click(); });
+  for (const char* name : {"txtButtonWide", "txtButtonHigh", "txtButtonFontSize"})
+    frmMain.on(QString::fromLatin1(name), Event::Click, [this](Control& box, const Event&) {
+      buttonEditor.txtButton_Click(dynamic_cast<TextBox&>(box));
+    });
+  on(u"ButtonTimer", Event::Tick, [this](int) { buttons.ButtonTimer_Timer(); });
+  on(u"HomeTimer", Event::Tick, [this](int) { homePanel.HomeTimer_Timer(); });
+  on(u"cmdHome", Event::Click, [this](int i) {
+    enum { Previous, PlayPause, Next };
+    if (i != Next || guestLock.admits()) homePanel.cmdHome_Click(i);
+  });
+  for (const char* name : {"picHomeCover", "lblHomeTitle", "lblHomeArtist"})
+    on(QString::fromLatin1(name), Event::Click, [this](int) { homePanel.showSong(); });
+
+  buttonEditor.setKeyboard(buttonKeyboard);
+  buttonEditor.editing = [this](bool edits) { homePanel.editing(edits); };
+  buttons.act = [this](ButtonAction action) { doAction(action); };
+  buttons.programShown = [this] { window.showAlwaysOnTop(); };
+  buttons.programsEnded = [this] { window.closeAlwaysOnTop(); };
+  homePanel.pressTransport = [this](int i) { transport.cmdControls_Click(i); };
+  homePanel.startMusic = [this] { playPause(); };
+  homePanel.showSong = [this] { transport.lblCurrentPlay_DblClick(); };
+  homePanel.artist = [this] {
+    const Transport::Running& started = transport.started();
+    return state.playsDiscAudio() ? QString() : started.songs.value(started.record - 1).Artist;
+  };
 }
 
 }  // namespace korvane

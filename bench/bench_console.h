@@ -34,6 +34,7 @@ struct BenchConsole {
                fakes.mixer,
                fakes.tray,
                fakes.box,
+               fakes.programs,
                fakes.instance,
                fakes.network,
                std::move(makeWinsock)},

@@ -109,7 +109,8 @@ void Startup::applyColours() {
   form.find(u"framSongEdit")->colours = palette.button(u"PlayListcontrols");
   form.find(u"cmdPlayListChoices", 0)->colours = palette.button(u"PlayListCancel");
   form.find(u"cmdPlayListChoices", 1)->colours = palette.button(u"PlayListSave");
-  for (const char* name : {"frameButtons", "frameMap", "newKeyboard", "framListUndo", "framLink"})
+  for (const char* name :
+       {"frameButtons", "frameHome", "frameMap", "newKeyboard", "framListUndo", "framLink"})
     form.find(QString::fromLatin1(name))->colours = palette.button(u"Surface");
   form.find(u"framex10")->colours = palette.button(u"X10BACK");
   for (const auto& control : form.controls())

@@ -64,6 +64,7 @@ constexpr auto kAll = std::to_array<const SettingKey*>({
     &KeyboardLayout,
     &JukeboxLock,
     &ListUndo,
+    &HomePanel,
     &QuietMixer,
     &MusicListener,
     &LinkSupervision,

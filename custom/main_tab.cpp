@@ -2,10 +2,13 @@
 
 namespace korvane {
 
-MainTab::MainTab(TabParts& parts, TabController& tabs, Tab& music)
+MainTab::MainTab(TabParts& parts, TabController& tabs, Tab& music, CustomButtons& buttons,
+                 HomePanel& home)
     : parts_(parts),
       tabs_(tabs),
       music_(music),
+      buttons_(buttons),
+      home_(home),
       web_(parts.form, {"wb"}),
       camera_(parts.form, {"Icamera", "pCamera"}) {}
 
@@ -15,7 +18,8 @@ void MainTab::leave() {
   camera_.hide();
   parts_.top.show();
   web_.hide();
-  ControlSet(parts_.form, {"cmdbutton"}).hide();
+  buttons_.hide();
+  home_.hide();
   parts_.controls.show();
   parts_.status.show();
   parts_.form.find(u"lblCurrentPlayList")->visible = true;
@@ -28,8 +32,8 @@ void MainTab::enter() {
   parts_.tabPicture(kMainTab, u"main"_s, u"mainb"_s);
   parts_.hidePlaying();
   parts_.controls.hide();
-  if (parts_.state.gMainPage == "WB"_L1) web_.show();
-  if (parts_.state.gMainPage == "CB"_L1) showButtons();
+  parts_.main.showPlayState(parts_.state.gPlayMode);  // another tab has shown its own player's
+  showContent();
 }
 
 // Transport reports that arrive here concern the music.
@@ -37,19 +41,19 @@ void MainTab::pressTransport(int index) {
   music_.pressTransport(index);
 }
 
-void MainTab::showButtons() {
-  for (int i = 0; i <= parts_.form.upperBound(u"cmdbutton"); ++i) {
-    Control* button = parts_.form.find(u"cmdbutton", i);
-    if (button && !button->caption().isEmpty()) button->visible = true;
-  }
+void MainTab::showContent() {
+  if (parts_.state.gMainPage == "WB"_L1) web_.show();
+  if (parts_.state.gMainPage != "CB"_L1) return;
+  buttons_.show();
+  home_.show();
 }
 
 void MainTab::domainpage() {
   web_.hide();
-  ControlSet(parts_.form, {"cmdbutton"}).hide();
-  if (!tabs_.open(kMainTab)) return;
-  if (parts_.state.gMainPage == "WB"_L1) web_.show();
-  if (parts_.state.gMainPage == "CB"_L1) showButtons();
+  buttons_.hide();
+  home_.hide();
+  if (parts_.state.gMainPage == "CB"_L1) buttons_.loadCustomButtons();
+  if (tabs_.open(kMainTab)) showContent();
 }
 
 }  // namespace korvane

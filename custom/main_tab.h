@@ -1,15 +1,18 @@
-// The Main tab: a web page or the owner's buttons.
+// The Main tab: a web page, or the owner's buttons and what else makes a home page.
 #pragma once
 
 #include "core/tab.h"
 #include "core/tab_controller.h"
 #include "core/tab_parts.h"
+#include "custom/custom_buttons.h"
+#include "custom/home_panel.h"
 
 namespace korvane {
 
 class MainTab : public Tab {
  public:
-  MainTab(TabParts& parts, TabController& tabs, Tab& music);
+  MainTab(TabParts& parts, TabController& tabs, Tab& music, CustomButtons& buttons,
+          HomePanel& home);
 
   void leave() override;
   void enter() override;
@@ -19,11 +22,13 @@ class MainTab : public Tab {
   void domainpage();
 
  private:
-  void showButtons();
+  void showContent();
 
   TabParts& parts_;
   TabController& tabs_;
   Tab& music_;
+  CustomButtons& buttons_;
+  HomePanel& home_;
   ControlSet web_, camera_;
 };
 

@@ -7,6 +7,7 @@
 #include "platform/machine.h"
 #include "platform/media_player.h"
 #include "platform/network.h"
+#include "platform/programs.h"
 #include "platform/pump.h"
 #include "platform/winsock.h"
 
@@ -24,6 +25,7 @@ struct System {
   Mixer& mixer;
   Tray& tray;
   SystemBox& box;
+  Programs& programs;
   OneInstance& instance;
   Network& network;
   std::function<std::unique_ptr<Winsock>()> makeWinsock;

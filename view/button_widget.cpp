@@ -5,36 +5,85 @@
 #include "view/style.h"
 
 namespace korvane {
+namespace {
+
+constexpr int kMargin = 12, kGap = 14, kRing = 5;  // form units
+constexpr double kWide = 2.2;        // from this shape on the icon stands before the caption
+constexpr double kIconShare = 0.46;  // of the height, above a caption
+constexpr int kLargestIcon = 128;    // form units
+
+}  // namespace
 
 ButtonWidget::ButtonWidget(Button& button, Face& face, QWidget* parent)
     : PressWidget(button, face, parent), button_(button) {}
 
 void ButtonWidget::paintEvent(QPaintEvent*) {
   const Colours& colours = button_.colours();
+  const bool lit = looksPressed() && colours.selected;
   const QColor standard =
       button_.accent ? style::kAccent : style::mixed(style::kCard, Qt::white, 0.06);
-  const QColor body = style::colour(colours.back, standard);
+  const QColor body = style::colour(lit ? colours.selected : colours.back, standard);
   QPainter painter(this);
   if (!isEnabled()) painter.setOpacity(0.38);
   const double radius = face().px(14);
-  if (looksPressed())
+  if (looksPressed() && !lit)
     style::pressedCard(painter, rect(), radius, body);
   else
     style::card(painter, rect(), radius, body);
+  if (button_.marked()) drawRing(painter, radius);
 
-  const QRectF inner = QRectF(rect()).adjusted(face().px(12), 0, -face().px(12), 0);
-  if (!button_.picture().empty() && button_.caption().isEmpty()) {
-    const QPixmap picture = face().pictures.pixmap(button_.picture(), size() * 7 / 10);
-    painter.drawPixmap((width() - picture.width()) / 2, (height() - picture.height()) / 2, picture);
-    return;
-  }
-  painter.setPen(style::colour(colours.fore, style::readable(body)));
+  painter.setPen(style::colour(lit ? colours.selectedFore : colours.fore, style::readable(body)));
   painter.setFont(style::font(face().px(button_.fontUnits()), QFont::DemiBold));
-  if (painter.fontMetrics().horizontalAdvance(button_.caption()) <= inner.width()) {
-    painter.drawText(inner, Qt::AlignCenter | Qt::TextSingleLine, button_.caption());
-    return;
+  const QRectF inner = QRectF(rect()).adjusted(face().px(kMargin), 0, -face().px(kMargin), 0);
+  if (button_.picture().empty()) return drawCaption(painter, inner, Qt::AlignCenter);
+  if (button_.caption().isEmpty()) return drawPicture(painter, rect(), size() * 7 / 10);
+  drawIconAndCaption(painter, inner);
+}
+
+void ButtonWidget::drawRing(QPainter& painter, double radius) {
+  const double wide = face().px(kRing);
+  painter.setPen(QPen(style::colour(button_.colours().on, style::kAccent), wide));
+  painter.setBrush(Qt::NoBrush);
+  const QRectF ring = QRectF(rect()).adjusted(wide / 2, wide / 2, -wide / 2, -wide / 2);
+  painter.drawRoundedRect(ring, radius, radius);
+}
+
+void ButtonWidget::drawPicture(QPainter& painter, const QRectF& area, QSize size) {
+  const Picture& normal = button_.picture();
+  const auto partner = looksPressed() ? face().pictures.pressedPartner(normal) : std::nullopt;
+  QPixmap picture = face().pictures.pixmap(partner ? *partner : normal, size * devicePixelRatio());
+  picture.setDevicePixelRatio(devicePixelRatio());
+  const QSizeF shown = picture.deviceIndependentSize();
+  painter.drawPixmap(QPointF(std::floor(area.center().x() - shown.width() / 2),
+                             std::floor(area.center().y() - shown.height() / 2)),
+                     picture);
+}
+
+void ButtonWidget::drawIconAndCaption(QPainter& painter, const QRectF& inner) {
+  const double gap = face().px(kGap);
+  const bool wide = width() > kWide * height();
+  const double side =
+      std::min({height() * (wide ? 0.7 : kIconShare), double(face().px(kLargestIcon)),
+                wide ? inner.width() / 3 : inner.width()});
+  const QSize icon(static_cast<int>(side), static_cast<int>(side));
+  if (wide) {
+    drawPicture(painter, {inner.left(), 0, side, double(height())}, icon);
+    return drawCaption(painter, inner.adjusted(side + gap, 0, 0, 0),
+                       Qt::AlignLeft | Qt::AlignVCenter);
   }
-  painter.drawText(inner, int(Qt::AlignCenter) | Qt::TextWordWrap, button_.caption());
+  const double line = painter.fontMetrics().height();
+  const double lines =
+      painter.fontMetrics().horizontalAdvance(button_.caption()) > inner.width() ? 2 : 1;
+  const double top = std::max(0.0, (height() - side - gap / 2 - lines * line) / 2);
+  drawPicture(painter, {inner.left(), top, inner.width(), side}, icon);
+  drawCaption(painter, {inner.left(), top + side + gap / 2, inner.width(), lines * line},
+              Qt::AlignCenter);
+}
+
+void ButtonWidget::drawCaption(QPainter& painter, const QRectF& area, Qt::Alignment alignment) {
+  const bool oneLine = painter.fontMetrics().horizontalAdvance(button_.caption()) <= area.width();
+  painter.drawText(area, int(alignment) | (oneLine ? Qt::TextSingleLine : Qt::TextWordWrap),
+                   button_.caption());
 }
 
 }  // namespace korvane

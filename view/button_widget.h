@@ -1,4 +1,4 @@
-// A flat button with a caption, or a picture where it has no caption.
+// A tile with a caption, a picture, or both.
 #pragma once
 
 #include "view/press_widget.h"
@@ -13,6 +13,11 @@ class ButtonWidget : public PressWidget {
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  void drawRing(QPainter& painter, double radius);
+  void drawPicture(QPainter& painter, const QRectF& area, QSize size);
+  void drawIconAndCaption(QPainter& painter, const QRectF& inner);
+  void drawCaption(QPainter& painter, const QRectF& area, Qt::Alignment alignment);
+
   Button& button_;
 };
 

@@ -4,6 +4,7 @@
 
 #include "view/button_widget.h"
 #include "view/check_widget.h"
+#include "view/control_drag.h"
 #include "view/frame_widget.h"
 #include "view/grid_widget.h"
 #include "view/image_widget.h"
@@ -23,6 +24,17 @@ ControlWidget::ControlWidget(Control& control, Face& face, QWidget* parent)
   setEnabled(control.enabled());
   setToolTip(control.toolTip());
   setVisible(control.visible());
+}
+
+ControlWidget::~ControlWidget() = default;
+
+bool ControlWidget::event(QEvent* event) {
+  if (!control_.draggable) {
+    drag_.reset();
+    return QWidget::event(event);
+  }
+  if (!drag_) drag_ = std::make_unique<ControlDrag>(control_, face_);
+  return drag_->takes(*event) || QWidget::event(event);
 }
 
 void ControlWidget::mirror(Aspect aspect) {

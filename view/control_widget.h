@@ -2,15 +2,19 @@
 #pragma once
 
 #include <QWidget>
+#include <memory>
 
 #include "core/form/form.h"
 #include "view/face.h"
 
 namespace korvane {
 
+class ControlDrag;
+
 class ControlWidget : public QWidget {
  public:
   ControlWidget(Control& control, Face& face, QWidget* parent);
+  ~ControlWidget() override;
 
   Control& control() const { return control_; }
 
@@ -26,10 +30,12 @@ class ControlWidget : public QWidget {
  protected:
   bool fire(const Event& event) { return control_.form.fire(control_, event); }
   Face& face() const { return face_; }
+  bool event(QEvent* event) override;
 
  private:
   Control& control_;
   Face& face_;
+  std::unique_ptr<ControlDrag> drag_;  // while the control is draggable
 };
 
 // The widget for the kind of the control; null for a timer.

@@ -11,6 +11,7 @@ namespace korvane {
 namespace {
 
 constexpr int kPrepareMs = 2;  // a turn; the finger comes between
+constexpr int kLongMs = 10'000;
 
 }  // namespace
 
@@ -41,9 +42,22 @@ void FormView::add(Control& control) {
   widgets_.insert(&control, makeWidget(control, face_, box ? box : this));
 }
 
+// It stands where its array stands: behind what the inventory tells after member 0.
 void FormView::controlAdded(Control& control) {
   add(control);
-  if (ControlWidget* made = widget(control)) made->place();
+  ControlWidget* made = widget(control);
+  if (!made) return;
+  made->place();
+  bool behind = false;
+  for (const auto& other : form_.controls()) {
+    if (!behind) {
+      behind = other.get() == form_.find(control.name, 0);
+    } else if (ControlWidget* next = widget(*other); next && next != made &&
+                                                     other->name != control.name &&
+                                                     next->parentWidget() == made->parentWidget()) {
+      return made->stackUnder(next);
+    }
+  }
 }
 
 void FormView::controlChanged(Control& control, Aspect aspect) {
@@ -60,7 +74,9 @@ void FormView::runTimer(Timer& timer) {
   }
   if (!timer.enabled() || timer.interval() <= 0) return runs->stop();
   if (runs->isActive() && runs->interval() == timer.interval()) return;
-  runs->setTimerType(timer.interval() < 1000 ? Qt::PreciseTimer : Qt::CoarseTimer);
+  // A coarse one may be a twentieth late, which is much of a minute.
+  const bool precise = timer.interval() < 1000 || timer.interval() > kLongMs;
+  runs->setTimerType(precise ? Qt::PreciseTimer : Qt::CoarseTimer);
   runs->start(timer.interval());
 }
 

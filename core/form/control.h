@@ -52,8 +52,9 @@ struct Colours {
   bool operator==(const Colours&) const = default;
 };
 
-// Edges of the container that a control keeps its distance to when the surface grows.
-enum Anchor : unsigned { Left = 1, Top = 2, Right = 4, Bottom = 8 };
+// Edges of the container that a control keeps its distance to when the surface grows; with Spread,
+// its place and size grow as the surface does, each way for itself.
+enum Anchor : unsigned { Left = 1, Top = 2, Right = 4, Bottom = 8, Spread = 16 };
 
 class Control : public Noticing {
  public:
@@ -67,6 +68,8 @@ class Control : public Noticing {
   Control* container = nullptr;  // the frame it lies in; null for the form itself
   unsigned anchors = Left | Top;
   QString spokenName;  // for accessibility
+  // It follows the finger within its container: Press, then Release at its new place; no Click.
+  bool draggable = false;
 
   Watched<bool> visible{*this, Aspect::Visible, true};
   Watched<bool> enabled{*this, Aspect::Enabled, true};
@@ -100,11 +103,14 @@ class Label : public Control {
   Watched<bool> highlighted{*this, Aspect::Colours, false};
 };
 
+// A tile. With both a picture and a caption, the picture is the icon above the caption or, in a
+// wide one, before it. Its pressed colours are `selected` and `selectedFore`, where it has them.
 class Button : public Control {
  public:
   using Control::Control;
   Watched<int> fontUnits{*this, Aspect::Caption, 28};
-  bool accent = false;  // the one button of a dialog that goes on
+  Watched<bool> marked{*this, Aspect::Colours, false};  // the chosen one of several
+  bool accent = false;                                  // the one button of a dialog that goes on
 };
 
 class Check : public Control {

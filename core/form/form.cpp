@@ -36,6 +36,17 @@ std::unique_ptr<Control> makeControl(Form& form, const QString& name, int index,
   Q_UNREACHABLE();
 }
 
+int scaled(int length, int to, int from) {
+  return static_cast<int>(std::lround(double(length) * to / from));
+}
+
+// The same share of another container.
+Rect spread(Rect rect, int width, int height, int ofWidth, int ofHeight) {
+  const int left = scaled(rect.left, width, ofWidth), top = scaled(rect.top, height, ofHeight);
+  return {left, top, scaled(rect.right(), width, ofWidth) - left,
+          scaled(rect.bottom(), height, ofHeight) - top};
+}
+
 // Where a control stands when its container has grown by (dx, dy).
 Rect grown(Rect rect, unsigned anchors, int dx, int dy) {
   if (anchors & Right) {
@@ -99,6 +110,7 @@ Control* Form::load(QStringView controlName, int index) {
   controls_.push_back(makeControl(*this, model->name, index, model->kind));
   Control* control = controls_.back().get();
   control->anchors = model->anchors;
+  control->draggable = model->draggable;
   control->container = model->container;
   control->spokenName = model->spokenName;
   control->design = model->design;
@@ -153,6 +165,32 @@ void Form::controlChanged(Control& control, Aspect aspect) {
   for (FormObserver* observer : observers_) observer->controlChanged(control, aspect);
 }
 
+Rect Form::laidOut(const Control& control) const {
+  const Control* box = control.container;
+  const Rect& from = box ? box->design : design;
+  const int width = box ? box->laid.width : width_, height = box ? box->laid.height : height_;
+  if (control.anchors & Spread)
+    return spread(control.design, width, height, from.width, from.height);
+  return grown(control.design, control.anchors, width - from.width, height - from.height);
+}
+
+void Form::move(Control& control, Rect place) {
+  if (control.anchors & Spread) {
+    const Control* box = control.container;
+    const Rect& to = box ? box->design : design;
+    control.design = spread(place, to.width, to.height, box ? box->laid.width : width_,
+                            box ? box->laid.height : height_);
+    control.laid = place;
+  }
+  control.rect = place;
+}
+
+void Form::moveDesign(Control& control, Rect place) {
+  control.design = place;
+  control.laid = laidOut(control);
+  control.rect = control.laid;
+}
+
 void Form::resize(int width, int height) {
   width = std::max(width, design.width);
   height = std::max(height, design.height);
@@ -160,10 +198,7 @@ void Form::resize(int width, int height) {
   width_ = width;
   height_ = height;
   for (const auto& control : controls_) {
-    const Control* box = control->container;
-    const int dx = box ? box->laid.width - box->design.width : width - design.width;
-    const int dy = box ? box->laid.height - box->design.height : height - design.height;
-    const Rect laid = grown(control->design, control->anchors, dx, dy);
+    const Rect laid = laidOut(*control);
     Rect now = control->rect();
     now.left += laid.left - control->laid.left;
     now.top += laid.top - control->laid.top;

@@ -68,6 +68,10 @@ class Form : public Noticing {
   // A further member of an array, like its member 0 but hidden.
   Control* load(QStringView controlName, int index);
 
+  // Puts a control somewhere else, at a place of the present surface or of the design's.
+  void move(Control& control, Rect place);
+  void moveDesign(Control& control, Rect place);
+
   // Hears `type` of the control (all members of an array). Several may hear, in order.
   void on(QStringView controlName, Event::Type type, Handler handler);
   // Hears key events and the form's own clicks.
@@ -91,6 +95,7 @@ class Form : public Noticing {
 
  private:
   Control& make(const InventoryRow& row);
+  Rect laidOut(const Control& control) const;
   QString key(QStringView controlName, int index) const;
 
   std::vector<std::unique_ptr<Control>> controls_;

@@ -70,4 +70,10 @@ QString folderName(const QString& text) {
   return name;
 }
 
+QString customSelected(const QStringList& entries, int index) {
+  constexpr qsizetype kWordWidth = 14;
+  if (index <= 0 || index >= entries.size()) return {};
+  return entries[index].left(kWordWidth).trimmed();
+}
+
 }  // namespace korvane

@@ -22,6 +22,10 @@ int volumeOf(const QStringList& volumes, const QString& path);
 
 QString withSeparator(const QString& folder);  // '/' added where it has none at its end
 
+// The action that an entry of customSelect stands for: its trimmed first 14 characters. Empty for
+// the first entry (index 0) and for none (-1): there the chosen file is the action.
+QString customSelected(const QStringList& entries, int index);
+
 // A text as the name of one folder: what a path cannot hold becomes "_".
 QString folderName(const QString& text);
 

@@ -9,17 +9,23 @@ namespace {
 
 constexpr unsigned TL = Left | Top;
 
+// The three lists without and with the actions of a custom button beside them.
+constexpr Rect kLists[] = {{24, 80, 300, 428}, {340, 80, 452, 428}, {808, 80, 448, 428}};
+constexpr Rect kNarrowLists[] = {{564, 80, 216, 428}, {788, 80, 228, 428}, {1024, 80, 232, 428}};
+
 constexpr InventoryRow kDirectorys[] = {
     {"lblTitle", -1, Kind::Label, {24, 12, 1232, 60}, TL, "Title"},
-    {"Drive1", -1, Kind::Grid, {24, 80, 300, 428}, TL, "Volumes"},
-    {"Dir1", -1, Kind::Grid, {340, 80, 452, 428}, TL, "Folders"},
-    {"File1", -1, Kind::Grid, {808, 80, 448, 428}, TL, "Files"},
+    {"Drive1", -1, Kind::Grid, kLists[0], TL, "Volumes"},
+    {"Dir1", -1, Kind::Grid, kLists[1], TL, "Folders"},
+    {"File1", -1, Kind::Grid, kLists[2], TL, "Files"},
     {"lblPath", -1, Kind::Label, {24, 516, 768, 44}, TL, "Folder"},
     {"lblfiles", -1, Kind::Label, {808, 516, 448, 44}, TL, "Files found"},
     {"lblListener", -1, Kind::Label, {24, 572, 280, 72}, TL, ""},
     {"txtListenerDrive", -1, Kind::Text, {304, 572, 136, 72}, TL, "Listener Drive Letter"},
     {"txtStatus", -1, Kind::Label, {464, 564, 792, 44}, TL, "Status"},
     {"lblRate", -1, Kind::Label, {464, 608, 792, 44}, TL, "Progress"},
+    {"frameCustomButton", -1, Kind::Frame, {24, 80, 524, 572}, TL, "Actions", "", false},
+    {"customSelect", -1, Kind::Grid, {12, 60, 500, 500}, TL, "Actions", "frameCustomButton"},
     {"cmdCancel", -1, Kind::Button, {664, 664, 288, 88}, TL, "Cancel"},
     {"cmdok", -1, Kind::Button, {968, 664, 288, 88}, TL, "OK"},
 };
@@ -43,6 +49,8 @@ DirectorysForm::Panel::Panel(Form& form) {
   bind(Drive1, "Drive1");
   bind(Dir1, "Dir1");
   bind(File1, "File1");
+  bind(customSelect, "customSelect");
+  bind(frameCustomButton, "frameCustomButton");
   bind(txtListenerDrive, "txtListenerDrive");
   bind(cmdok, "cmdok");
   bind(cmdCancel, "cmdCancel");
@@ -58,10 +66,18 @@ DirectorysForm::DirectorysForm(Uses uses)
   panel_.Drive1->columns = {{u"Volume"_s}};
   panel_.Dir1->columns = {{u"Folder"_s}};
   panel_.File1->columns = {{u"File"_s}};
+  panel_.frameCustomButton->caption = u"What the button does"_s;
+  // The entry as it is stored, and the two halves of it that are read.
+  panel_.customSelect->columns = {{u"Entry"_s, 0, true, false},
+                                  {u"Action"_s, 44, false, false},
+                                  {u"Meaning"_s, 56, false, false}};
 
   form_.on(u"Drive1", Event::Click,
            [this](Control&, const Event& event) { Drive1_Change(event.row); });
   form_.on(u"Dir1", Event::Click, [this](Control&, const Event& event) { Dir1_Change(event.row); });
+  // What was chosen last counts: an action or a file.
+  form_.on(u"File1", Event::Click,
+           [this](Control&, const Event&) { panel_.customSelect->row = 0; });
   form_.on(u"txtListenerDrive", Event::Click,
            [this](Control&, const Event&) { txtListenerDrive_Click(); });
   form_.on(u"cmdok", Event::Click, [this](Control&, const Event&) { cmdok_Click(); });
@@ -97,7 +113,32 @@ void DirectorysForm::Form_Load() {
   panel_.Drive1->setRows(rowsOf(uses_.files.volumes()));
   if (request_.pattern.isEmpty()) request_.pattern = uses_.import.musicPattern();
   lookScanning(false);
+  showCustomButton();
   showFolder(beginning());
+}
+
+void DirectorysForm::showCustomButton() {
+  const bool shown = !request_.customEntries.isEmpty();
+  const auto& places = shown ? kNarrowLists : kLists;
+  panel_.Drive1->rect = places[0];
+  panel_.Dir1->rect = places[1];
+  panel_.File1->rect = places[2];
+  panel_.frameCustomButton->visible = shown;
+  std::vector<RowTable::Row> rows;
+  for (const QString& entry : std::as_const(request_.customEntries))
+    rows.push_back({{entry, entry.section(u' ', 0, 0), entry.section(u' ', 1).trimmed()}});
+  panel_.customSelect->setRows(std::move(rows));
+  panel_.customSelect->row = 0;
+}
+
+QStringList DirectorysForm::filesOf(const QString& path) const {
+  if (!request_.alsoShown) return fileRows(uses_.files, path, request_.pattern);
+  QStringList found = fileRows(uses_.files, path, u"*"_s);
+  found.removeIf([&](const QString& name) {
+    return !fitsPattern(name, request_.pattern) &&
+           !request_.alsoShown(FileSystem::BuildPath(path, name));
+  });
+  return found;
 }
 
 // The place told, else what is stored for this purpose, else the user's home.
@@ -130,7 +171,7 @@ QString DirectorysForm::beginning() const {
 
 void DirectorysForm::showFolder(const QString& path) {
   path_ = path;
-  const QStringList found = fileRows(uses_.files, path, request_.pattern);
+  const QStringList found = filesOf(path);
   panel_.lblPath->caption = path;
   panel_.Dir1->setRows(rowsOf(folderRows(uses_.files, path)));
   panel_.File1->setRows(rowsOf(found));
@@ -223,11 +264,15 @@ void DirectorysForm::finished(const ImportResult& result) {
 
 void DirectorysForm::takeFile() {
   const int row = panel_.File1->row();
-  if (row < 1 || row > panel_.File1->maxRows()) {
-    uses_.messages.say(u"Select a file first"_s);
-    return;
+  QString taken = customSelected(request_.customEntries, panel_.customSelect->row() - 1);
+  if (taken.isEmpty()) {
+    if (row < 1 || row > panel_.File1->maxRows()) {
+      uses_.messages.say(u"Select a file first"_s);
+      return;
+    }
+    taken = FileSystem::BuildPath(path_, panel_.File1->cell(1, row));
   }
-  chosen_ = FileSystem::BuildPath(path_, panel_.File1->cell(1, row));
+  chosen_ = taken;
   uses_.host.hide(form_);
 }
 

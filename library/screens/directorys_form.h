@@ -19,6 +19,11 @@ struct DirectoryRequest {
   QString pattern{};       // of the files shown; empty for music
   QString path{};          // where it begins; empty for the place of the last time
   bool runAtLoad = false;  // "DIR" on `path` at once, with no press
+
+  // With mode "SINGLE": entries of customSelect, one of which may be taken in a file's place, and
+  // which files are shown beside those of the pattern, by their paths.
+  QStringList customEntries{};
+  std::function<bool(const QString&)> alsoShown{};
 };
 
 class DirectorysForm : private ImportWatch {
@@ -36,8 +41,8 @@ class DirectorysForm : private ImportWatch {
   };
   explicit DirectorysForm(Uses uses);
 
-  // The chosen directory, with a separator at its end, or the chosen file with its path; nothing
-  // when cancelled or after a scan. Yields.
+  // The chosen directory, with a separator at its end, the chosen file with its path or the word of
+  // the chosen entry; nothing when cancelled or after a scan. Yields.
   std::optional<QString> open(const DirectoryRequest& request);
 
   void dofiles(const QString& path);  // Yields.
@@ -47,7 +52,8 @@ class DirectorysForm : private ImportWatch {
  private:
   struct Panel {
     Label *lblTitle, *lblPath, *lblfiles, *lblListener, *txtStatus, *lblRate;
-    Grid *Drive1, *Dir1, *File1;
+    Grid *Drive1, *Dir1, *File1, *customSelect;
+    Frame* frameCustomButton;
     TextBox* txtListenerDrive;
     Button *cmdok, *cmdCancel;
     explicit Panel(Form& form);
@@ -61,6 +67,8 @@ class DirectorysForm : private ImportWatch {
   void txtListenerDrive_Click();
 
   void showFolder(const QString& path);
+  void showCustomButton();
+  QStringList filesOf(const QString& path) const;
   QString beginning() const;
   void scanTagged();
   template <class Scan>

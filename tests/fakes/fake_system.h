@@ -8,6 +8,7 @@
 #include "tests/fakes/fake_file_system.h"
 #include "tests/fakes/fake_machine.h"
 #include "tests/fakes/fake_network.h"
+#include "tests/fakes/fake_programs.h"
 #include "tests/fakes/fake_pump.h"
 
 namespace korvane {
@@ -23,6 +24,7 @@ struct FakeSystem {
   FakeMixer mixer;
   FakeTray tray;
   FakeBox box;
+  FakePrograms programs;
   FakeInstance instance;
   FakeNetwork network;
 
@@ -30,8 +32,8 @@ struct FakeSystem {
   System with(MediaPlayer& player, std::function<std::unique_ptr<Winsock>()> makeWinsock,
               FileSystem* disk = nullptr) {
     FileSystem& used = disk ? *disk : files;
-    return {pump,    clock, chance, used, player,   disc,    screenPower,
-            session, mixer, tray,   box,  instance, network, std::move(makeWinsock)};
+    return {pump,  clock, chance, used,     player,   disc,    screenPower,           session,
+            mixer, tray,  box,    programs, instance, network, std::move(makeWinsock)};
   }
 };
 

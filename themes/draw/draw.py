@@ -12,6 +12,7 @@ import sys
 
 sys.dont_write_bytecode = True
 
+import buttons
 import colors
 import pictures
 import splash
@@ -32,6 +33,7 @@ def theme(palette, contrasts):
         if len(text) > LARGEST:
             raise SystemExit('draw: %s takes %d bytes' % (name, len(text)))
     files['COLORS.INI'] = colors.ini(palette, contrasts).encode('ascii')
+    files['Buttonpositons.txt'] = buttons.text().encode('ascii')
     files['splash.jpg'] = splash.jpeg(palette, contrasts)
     return files
 

@@ -134,6 +134,20 @@ def draw(palette, contrasts):
                              ('pledit', 'editlist', 'Edit'), ('plcreate', 'newlist', 'Create')):
         t.answer('music/' + name, icon, word, name == 'pluseplaylist', width=292, height=96)
 
+    # the owner's buttons
+    for name, icon in (('music', 'music'), ('movies', 'movies'), ('photos', 'photos'),
+                       ('maps', 'maps'), ('more', 'more'), ('artists', 'artist'),
+                       ('albums', 'album'), ('songs', 'song'), ('search', 'search'),
+                       ('playlists', 'playlist'), ('favourites', 'heart'), ('jukebox', 'jukebox'),
+                       ('shuffle', 'random'), ('playpause', 'playpause'), ('cd', 'dvd'),
+                       ('mute', 'muted'), ('setup', 'setup'), ('minimise', 'minimize'),
+                       ('exit', 'leave'), ('ripper', 'ripper'), ('restart', 'restart'),
+                       ('shutdown', 'exit'), ('connect', 'connect'), ('pictureedit', 'manage'),
+                       ('program', 'program')):
+        for suffix, pressed in (('', False), ('b', True)):
+            t.put('main/btn%s%s' % (name, suffix),
+                  tiles.button_icon(palette, icon, pressed, contrasts))
+
     # movies and photos
     t.pressable('movies/menu', 'pressed', 107, 84, 'menu', 'Menu')
     t.pressable('movies/fullscreen', 'pressed', 107, 84, 'fullscreen', 'Full screen')

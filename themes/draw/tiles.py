@@ -16,6 +16,7 @@ FOOT = 5             # room below the body: the shadow edge
 CAPTION = 16.5
 WORD = 19
 BUTTON = 27
+BUTTON_STROKE = 1.3  # of the large icons on the owner's buttons
 MARGIN = 8           # least room beside a word
 LAMP_ROOM = 9        # the lower end of a captioned tile, kept for the lamp
 
@@ -55,7 +56,7 @@ def path(data, fill, extra=''):
     return '<path d="%s" fill="%s"%s/>' % (data, fill, extra)
 
 
-def icon(name, x, y, size, colour, soft):
+def icon(name, x, y, size, colour, soft, stroke=icons.STROKE):
     """The icon with its upper left corner at x, y."""
     out = []
     for kind, data in icons.ICONS[name]:
@@ -67,7 +68,7 @@ def icon(name, x, y, size, colour, soft):
     scale = ('%.4f' % (size / icons.GRID)).rstrip('0').rstrip('.')
     return ('<g transform="translate(%s %s) scale(%s)" stroke="%s" stroke-width="%s" '
             'stroke-linecap="round" stroke-linejoin="round">%s</g>'
-            % (n(x), n(y), scale, colour, n(icons.STROKE), ''.join(out)))
+            % (n(x), n(y), scale, colour, n(stroke), ''.join(out)))
 
 
 def fade(colour, share):
@@ -284,6 +285,15 @@ def folder(palette, pressed, up, contrasts):
 
 
 LAMP_GLOW = 0.3
+
+
+def button_icon(palette, name, pressed, contrasts):
+    """The icon on one of the owner's buttons, whose tile the program paints."""
+    colour, ground = ((palette.pressed_ink, palette.pressed) if pressed
+                      else (palette.accent, palette.button))
+    contrasts.note(palette.name, "owner's button%s: icon" % (', pressed' if pressed else ''),
+                   rgb(colour), [rgb(ground)])
+    return svg(96, 96, icon(name, 0, 0, 96, colour, palette.soft, BUTTON_STROKE))
 
 
 def lamp_globe(palette, on, contrasts):

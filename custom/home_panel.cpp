@@ -1,0 +1,146 @@
+#include "custom/home_panel.h"
+
+#include <QLocale>
+
+#include "core/form/binder.h"
+
+namespace korvane {
+namespace {
+
+enum { kPrevious, kPlayPause, kNext };
+constexpr int kMinuteMs = 60'000, kSecondMs = 1000;
+constexpr int kPast = 20;  // ms behind the full minute, so that it has come
+
+QString timeText(const QTime& time) {
+  const bool noons = QLocale::system().timeFormat(QLocale::ShortFormat).contains(u'A');
+  return QLocale(QLocale::English).toString(time, noons ? u"h:mm AP"_s : u"HH:mm"_s);
+}
+
+}  // namespace
+
+QString homeTitle(const QString& currentPlay) {
+  if (currentPlay.isEmpty() || currentPlay.contains("Idle"_L1) ||
+      currentPlay.endsWith("Stopped"_L1))
+    return {};
+  constexpr auto kLead = "Playing: "_L1;
+  return currentPlay.startsWith(kLead) ? currentPlay.sliced(kLead.size()) : currentPlay;
+}
+
+HomePanel::Panel::Panel(Form& form) {
+  Binder bind(form, "home panel");
+  bind(lblHomeClock, "lblHomeClock");
+  bind(lblHomeDate, "lblHomeDate");
+  bind(lblHomeTitle, "lblHomeTitle");
+  bind(lblHomeArtist, "lblHomeArtist");
+  bind(lblHomePosition, "lblHomePosition");
+  bind(frameHome, "frameHome");
+  bind(picHomeCover, "picHomeCover");
+  bind(coverArt, "coverArt");
+  bind(cmdHome, "cmdHome");
+  bind(HomeTimer, "HomeTimer");
+  bind(lblCurrentPlay, "lblCurrentPlay");
+  bind(TxtTime, "TxtTime");
+  bind(lblDuration, "lblDuration");
+  bind(cmdPlay, "cmdControls", 1);
+}
+
+HomePanel::HomePanel(Form& form, Uses uses) : form_(form), uses_(uses), panel_(form) {
+  const struct {
+    Label* label;
+    int units;
+    bool bold;
+  } fonts[] = {{panel_.lblHomeClock, 150, true},
+               {panel_.lblHomeDate, 36, false},
+               {panel_.lblHomeTitle, 34, true},
+               {panel_.lblHomeArtist, 28, false},
+               {panel_.lblHomePosition, 24, false}};
+  for (const auto& [label, units, bold] : fonts) {
+    label->fontUnits = units;
+    label->bold = bold;
+  }
+  panel_.cmdHome[kPrevious]->setPicture(u"music"_s, u"prev"_s);
+  panel_.cmdHome[kNext]->setPicture(u"music"_s, u"next"_s);
+  form_.observe(this);
+}
+
+HomePanel::~HomePanel() {
+  form_.forget(this);
+}
+
+void HomePanel::dress() {
+  const auto ink = [](Colour fore) {
+    Colours colours;
+    colours.fore = fore;
+    return colours;
+  };
+  const Colour status = uses_.palette.fore(u"Status"), dim = uses_.palette.fore(u"Dim");
+  panel_.lblHomeClock->colours = panel_.lblHomeDate->colours = ink(status);
+  panel_.lblHomeTitle->colours = ink(uses_.palette.fore(u"Surface"));
+  panel_.lblHomeArtist->colours = panel_.lblHomePosition->colours = ink(dim);
+}
+
+void HomePanel::show() {
+  if (!uses_.settings.flag(key::HomePanel)) return hide();
+  dress();
+  for (Control* control :
+       std::initializer_list<Control*>{panel_.lblHomeClock, panel_.lblHomeDate, panel_.frameHome})
+    control->visible = true;
+  HomeTimer_Timer();
+  showMusic();
+}
+
+void HomePanel::hide() {
+  for (Control* control :
+       std::initializer_list<Control*>{panel_.lblHomeClock, panel_.lblHomeDate, panel_.frameHome})
+    control->visible = false;
+  panel_.HomeTimer->enabled = false;
+}
+
+void HomePanel::editing(bool on) {
+  if (!panel_.frameHome->visible()) return;
+  panel_.lblHomeClock->visible = panel_.lblHomeDate->visible = !on;
+}
+
+// Once a minute, at its beginning.
+void HomePanel::HomeTimer_Timer() {
+  const QDateTime now = uses_.clock.now();
+  panel_.lblHomeClock->caption = timeText(now.time());
+  panel_.lblHomeDate->caption = QLocale(QLocale::English).toString(now.date(), u"dddd, d MMMM"_s);
+  const int gone = now.time().second() * kSecondMs + now.time().msec();
+  panel_.HomeTimer->interval = kMinuteMs - gone + kPast;
+  panel_.HomeTimer->enabled = true;
+}
+
+void HomePanel::controlChanged(Control& control, Aspect) {
+  if (!panel_.frameHome->visible()) return;
+  if (&control == panel_.lblCurrentPlay || &control == panel_.TxtTime ||
+      &control == panel_.lblDuration || &control == panel_.coverArt || &control == panel_.cmdPlay)
+    showMusic();
+}
+
+void HomePanel::showMusic() {
+  const QString title = homeTitle(panel_.lblCurrentPlay->caption());
+  const bool song = !title.isEmpty();
+  panel_.lblHomeTitle->caption = song ? title : u"Nothing is playing"_s;
+  panel_.lblHomeArtist->caption = song ? artist() : u"Press play to hear any of your songs"_s;
+  const QString time = panel_.TxtTime->caption();
+  panel_.lblHomePosition->caption =
+      song && !time.contains(u'-') ? time + u" / "_s + panel_.lblDuration->caption() : QString();
+  const bool cover = song && panel_.coverArt->tag() == "TRUE"_L1;
+  panel_.picHomeCover->picture =
+      cover ? panel_.coverArt->picture() : Picture{u"root"_s, u"emptyart"_s, nullptr};
+  panel_.cmdHome[kPlayPause]->setPicture(u"music"_s, plays() ? u"pause"_s : u"play"_s);
+  panel_.cmdHome[kPrevious]->enabled = song && !uses_.state.jukeboxMode;
+  panel_.cmdHome[kNext]->enabled = song;
+}
+
+void HomePanel::cmdHome_Click(int index) {
+  enum { Previous = 0, Play = 1, Pause = 2, Next = 4 };
+  if (index == kPrevious) return pressTransport(Previous);
+  if (index == kNext) return pressTransport(Next);
+  if (plays()) return pressTransport(Pause);
+  if (uses_.state.gPlayMode != 0) return pressTransport(Play);
+  startMusic();
+}
+
+}  // namespace korvane

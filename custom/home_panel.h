@@ -1,0 +1,64 @@
+// The upper half of a Main tab that is a home page: the time, the date, and what plays with its
+// cover and the buttons for it. It mirrors the controls of the transport, and only while it shows.
+#pragma once
+
+#include "core/form/form.h"
+#include "core/palette.h"
+#include "core/settings.h"
+#include "platform/clock.h"
+
+namespace korvane {
+
+class HomePanel : private FormObserver {
+ public:
+  struct Uses {
+    const AppState& state;
+    const Settings& settings;
+    const Palette& palette;
+    const Clock& clock;
+  };
+  HomePanel(Form& form, Uses uses);
+  ~HomePanel();
+
+  // Set by the console: the artist of the song that plays, a press on the transport (index as in
+  // cmdControls), music where none plays, and the way to the song in its list.
+  std::function<QString()> artist = [] { return QString(); };
+  std::function<void(int)> pressTransport = [](int) {};
+  std::function<void()> startMusic = [] {};
+  std::function<void()> showSong = [] {};
+
+  void show();  // nothing unless "HomePanel" is on
+  void hide();
+  void editing(bool on);  // the place of the clock is free for the buttons' pattern
+
+  void HomeTimer_Timer();
+  void cmdHome_Click(int index);  // 0 previous, 1 play or pause, 2 next. Yields.
+
+ private:
+  struct Panel {
+    Label *lblHomeClock, *lblHomeDate, *lblHomeTitle, *lblHomeArtist, *lblHomePosition;
+    Frame* frameHome;
+    PictureArea *picHomeCover, *coverArt;
+    std::array<Image*, 3> cmdHome;
+    Timer* HomeTimer;
+    Label *lblCurrentPlay, *TxtTime, *lblDuration;
+    Image* cmdPlay;
+    explicit Panel(Form& form);
+  };
+
+  void controlChanged(Control& control, Aspect aspect) override;
+  void formChanged(Form&, Aspect) override {}
+  void dress();
+  void showTime();
+  void showMusic();
+  bool plays() const { return panel_.cmdPlay->picture().name == "playb"_L1; }
+
+  Form& form_;
+  Uses uses_;
+  Panel panel_;
+};
+
+// The caption of what plays without its lead, empty when nothing does.
+QString homeTitle(const QString& currentPlay);
+
+}  // namespace korvane
