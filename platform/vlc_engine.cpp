@@ -2,6 +2,8 @@
 
 #include <QDir>
 
+#include <atomic>
+
 namespace korvane {
 namespace {
 
@@ -23,6 +25,11 @@ int openStream(void* stream, void** data, uint64_t* size) {
 ssize_t readStream(void* stream, unsigned char* to, size_t length) {
   return static_cast<SoundStream*>(stream)->read({reinterpret_cast<char*>(to), length});
 }
+
+// The first instance of the process is never released. With the last one libVLC unloads its
+// plug-ins, and the one for tags leaves objects of its own behind in the TagLib that this program
+// uses too.
+std::atomic_flag keptInstance;
 
 }  // namespace
 
@@ -56,7 +63,7 @@ void MediaPlayerVlc::Engine::run() {
     vlc_->libvlc_media_player_release(player_);
   }
   if (media_) vlc_->libvlc_media_release(media_);
-  if (instance_) vlc_->libvlc_release(instance_);
+  if (instance_ && keptInstance.test_and_set()) vlc_->libvlc_release(instance_);
   lock.lock();
   over_ = true;
   wake_.notify_all();
