@@ -121,15 +121,17 @@ Rect ButtonEditor::freePlace() const {
           other.visible() && meet(place, other.design))
         return true;
     const Control* panel = form_.find(u"frameHome");
-    return panel->visible() && meet(place, panel->design);
+    return (panel->visible() && meet(place, panel->design)) ||
+           meet(place, panel_.frameButtons->rect());
   };
   for (place.top = kPage.top; place.bottom() <= kPage.bottom(); place.top += kStep)
     for (place.left = kPage.left; place.right() <= kPage.right(); place.left += kStep)
       if (!taken()) return place;
-  const int shift =
-      kStep * (uses_.buttons.count() % 10);  // seen as one more, though it covers some
-  place.left = std::min(kPage.left + shift, kPage.right() - place.width);
-  place.top = std::min(kPage.top + shift, kPage.bottom() - place.height);
+  // No room: below the tools, each a little aside of the one before, though it covers others.
+  const int shift = kStep * (uses_.buttons.count() % 10);
+  place.left = std::min(kPage.left + 2 * shift, kPage.right() - place.width);
+  place.top =
+      std::min(panel_.frameButtons->rect().bottom() + kGap + shift, kPage.bottom() - place.height);
   return place;
 }
 

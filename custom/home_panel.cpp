@@ -19,11 +19,10 @@ QString timeText(const QTime& time) {
 }  // namespace
 
 QString homeTitle(const QString& currentPlay) {
-  if (currentPlay.isEmpty() || currentPlay.contains("Idle"_L1) ||
-      currentPlay.endsWith("Stopped"_L1))
-    return {};
   constexpr auto kLead = "Playing: "_L1;
-  return currentPlay.startsWith(kLead) ? currentPlay.sliced(kLead.size()) : currentPlay;
+  if (currentPlay.startsWith(kLead)) return currentPlay.sliced(kLead.size());
+  const bool idle = currentPlay.endsWith("Idle"_L1) || currentPlay.endsWith("Stopped"_L1);
+  return idle ? QString() : currentPlay;
 }
 
 HomePanel::Panel::Panel(Form& form) {

@@ -8,24 +8,34 @@ namespace korvane {
 namespace {
 
 constexpr unsigned TL = Left | Top;
+constexpr int kMeaningSize = 12;
 
-// The three lists without and with the actions of a custom button beside them.
-constexpr Rect kLists[] = {{24, 80, 300, 428}, {340, 80, 452, 428}, {808, 80, 448, 428}};
-constexpr Rect kNarrowLists[] = {{564, 80, 216, 428}, {788, 80, 228, 428}, {1024, 80, 232, 428}};
+// Volumes, folders, files, and below them the folder and their number: without and with the actions
+// of a custom button before them.
+constexpr Rect kPlaces[] = {{24, 80, 300, 428},
+                            {340, 80, 452, 428},
+                            {808, 80, 448, 428},
+                            {24, 516, 768, 44},
+                            {808, 516, 448, 44}};
+constexpr Rect kNarrowPlaces[] = {{680, 80, 144, 476},
+                                  {832, 80, 208, 476},
+                                  {1048, 80, 208, 476},
+                                  {680, 564, 576, 40},
+                                  {680, 608, 576, 40}};
 
 constexpr InventoryRow kDirectorys[] = {
     {"lblTitle", -1, Kind::Label, {24, 12, 1232, 60}, TL, "Title"},
-    {"Drive1", -1, Kind::Grid, kLists[0], TL, "Volumes"},
-    {"Dir1", -1, Kind::Grid, kLists[1], TL, "Folders"},
-    {"File1", -1, Kind::Grid, kLists[2], TL, "Files"},
-    {"lblPath", -1, Kind::Label, {24, 516, 768, 44}, TL, "Folder"},
-    {"lblfiles", -1, Kind::Label, {808, 516, 448, 44}, TL, "Files found"},
+    {"Drive1", -1, Kind::Grid, kPlaces[0], TL, "Volumes"},
+    {"Dir1", -1, Kind::Grid, kPlaces[1], TL, "Folders"},
+    {"File1", -1, Kind::Grid, kPlaces[2], TL, "Files"},
+    {"lblPath", -1, Kind::Label, kPlaces[3], TL, "Folder"},
+    {"lblfiles", -1, Kind::Label, kPlaces[4], TL, "Files found"},
     {"lblListener", -1, Kind::Label, {24, 572, 280, 72}, TL, ""},
     {"txtListenerDrive", -1, Kind::Text, {304, 572, 136, 72}, TL, "Listener Drive Letter"},
     {"txtStatus", -1, Kind::Label, {464, 564, 792, 44}, TL, "Status"},
     {"lblRate", -1, Kind::Label, {464, 608, 792, 44}, TL, "Progress"},
-    {"frameCustomButton", -1, Kind::Frame, {24, 80, 524, 572}, TL, "Actions", "", false},
-    {"customSelect", -1, Kind::Grid, {12, 60, 500, 500}, TL, "Actions", "frameCustomButton"},
+    {"frameCustomButton", -1, Kind::Frame, {24, 80, 640, 572}, TL, "Actions", "", false},
+    {"customSelect", -1, Kind::Grid, {12, 60, 616, 500}, TL, "Actions", "frameCustomButton"},
     {"cmdCancel", -1, Kind::Button, {664, 664, 288, 88}, TL, "Cancel"},
     {"cmdok", -1, Kind::Button, {968, 664, 288, 88}, TL, "OK"},
 };
@@ -119,14 +129,15 @@ void DirectorysForm::Form_Load() {
 
 void DirectorysForm::showCustomButton() {
   const bool shown = !request_.customEntries.isEmpty();
-  const auto& places = shown ? kNarrowLists : kLists;
-  panel_.Drive1->rect = places[0];
-  panel_.Dir1->rect = places[1];
-  panel_.File1->rect = places[2];
+  Control* const placed[] = {panel_.Drive1, panel_.Dir1, panel_.File1, panel_.lblPath,
+                             panel_.lblfiles};
+  for (size_t i = 0; i < std::size(placed); ++i)
+    placed[i]->rect = shown ? kNarrowPlaces[i] : kPlaces[i];
   panel_.frameCustomButton->visible = shown;
   std::vector<RowTable::Row> rows;
   for (const QString& entry : std::as_const(request_.customEntries))
     rows.push_back({{entry, entry.section(u' ', 0, 0), entry.section(u' ', 1).trimmed()}});
+  panel_.customSelect->fontSize = kMeaningSize;
   panel_.customSelect->setRows(std::move(rows));
   panel_.customSelect->row = 0;
 }

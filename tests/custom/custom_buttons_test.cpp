@@ -1,0 +1,303 @@
+// The owner's buttons and their tools on the real main form, with a real file of the theme.
+#include "custom/custom_buttons.h"
+
+#include "core/log.h"
+#include "custom/button_editor.h"
+#include "tests/custom/custom_world.h"
+#include "tests/fakes/fake_programs.h"
+
+namespace korvane {
+namespace {
+
+const QString kFile = u"krvgraphics/TEST/Buttonpositons.txt"_s;
+
+struct ButtonsTest : CustomWorld {
+  ButtonsTest() {
+    form.find(u"frameHome")->visible = false;
+    buttons.act = [this](ButtonAction action) { done.push_back(action); };
+    buttons.programShown = [this] { strip << u"shown"_s; };
+    buttons.programsEnded = [this] { strip << u"ended"_s; };
+    editor.setKeyboard(keyboard);
+  }
+
+  void given(const QByteArray& file, const QString& name = kFile) { home.put(name, file); }
+  void load() {
+    buttons.loadCustomButtons();
+    buttons.show();
+  }
+  QString log() { return QString::fromUtf8(home.get(u"log.txt"_s)); }
+  QStringList shown() {
+    QStringList captions;
+    for (int i = 0; i <= form.upperBound(u"cmdbutton"); ++i)
+      if (buttons.button(i).visible()) captions << buttons.button(i).caption();
+    return captions;
+  }
+  void press(int index) {
+    editor.cmdbutton_MouseDown(index);
+    editor.cmdbutton_MouseUp(index);
+    if (!editor.isOpen()) buttons.cmdbutton_Click(index);
+  }
+  QString text(const char* name) {
+    return dynamic_cast<TextBox*>(form.find(QString::fromLatin1(name)))->text();
+  }
+  void write(const char* name, const QString& value) {
+    dynamic_cast<TextBox*>(form.find(QString::fromLatin1(name)))->text = value;
+  }
+
+  Form form{u"frmMain"_s, mainInventory()};
+  Log logFile{files, clock, home.path()};
+  Graphics graphics{files, state, home.path()};
+  Screen screen;
+  FakePrograms programs;
+  CustomButtons buttons{form, {graphics, palette, files, logFile, screen, programs}};
+  ButtonEditor editor{form, {buttons, palette, messages}};
+  PromptKeyboard keyboard{messages};
+  std::vector<ButtonAction> done;
+  QStringList strip;
+};
+
+TEST_F(ButtonsTest, EachThemeHasItsOwn) {
+  given("Night@@#160@@#260@@#MUSIC@@#150@@#260@@#10\nRed@@#1@@#2@@#MAPS@@#80@@#90@@#12\n");
+  given("Day@@#10@@#20@@#PHOTOS@@#80@@#90@@#12\n", u"krvgraphics/DAY/Buttonpositons.txt"_s);
+  load();
+  EXPECT_EQ(shown(), (QStringList{u"Night"_s, u"Red"_s}));
+  const Button& night = buttons.button(1);
+  EXPECT_EQ(night.rect(), (Rect{160, 260, 260, 150}));
+  EXPECT_EQ(night.tag(), u"MUSIC"_s);
+  EXPECT_EQ(night.toolTip(), u"MUSIC"_s);
+  EXPECT_EQ(night.fontUnits(), 24);
+  EXPECT_EQ(night.picture().name, u"btnmusic"_s);
+  EXPECT_EQ(night.colours().back, palette.back(u"CustomButtons"));
+  for (const auto& [theme, wanted] :
+       {std::pair{u"DAY"_s, QStringList{u"Day"_s}}, {u"NONE"_s, {}}}) {
+    state.gTheme = theme;
+    load();
+    EXPECT_EQ(shown(), wanted);
+  }
+}
+
+TEST_F(ButtonsTest, ABrokenLineIsToldWithItsFileAndNumber) {
+  given("Good@@#160@@#260@@#MUSIC@@#150@@#260@@#10\nBad@@#1\n");
+  load();
+  EXPECT_EQ(shown(), QStringList{u"Good"_s});
+  EXPECT_TRUE(log().contains("Buttonpositons.txt, line 2 is no button: it has 2 fields, not 7"_L1))
+      << log().toStdString();
+}
+
+TEST_F(ButtonsTest, OneOffTheSurfaceIsBroughtOntoItAndKeepsItsLine) {
+  const QByteArray line = "Far@@#9000.5@@#-40@@#MUSIC@@#80@@#90@@#12\n";
+  given(line);
+  load();
+  EXPECT_EQ(buttons.button(1).rect(), (Rect{1190, 0, 90, 80}));
+  QString error;
+  EXPECT_TRUE(buttons.save(&error));
+  EXPECT_EQ(home.get(kFile), line);
+}
+
+TEST_F(ButtonsTest, TheyTakeTheirShareOfALargerSurface) {
+  given("A@@#160@@#260@@#MUSIC@@#150@@#260@@#10\n");
+  load();
+  form.resize(1600, 960);
+  EXPECT_EQ(buttons.button(1).rect(), (Rect{200, 325, 325, 188}));
+  form.move(buttons.button(1), {400, 325, 325, 188});  // by a finger
+  QString error;
+  EXPECT_TRUE(buttons.save(&error));
+  EXPECT_EQ(home.get(kFile), "A@@#320@@#260@@#MUSIC@@#150@@#260@@#10\n");
+  form.resize(1280, 768);
+  EXPECT_EQ(buttons.button(1).rect(), (Rect{320, 260, 260, 150}));
+}
+
+TEST_F(ButtonsTest, APressDoesWhatItsTagSays) {
+  const struct {
+    const char* tag;
+    ButtonAction action;
+  } table[] = {{"RIPPER", ButtonAction::Ripper},
+               {"restart", ButtonAction::Restart},
+               {"Shutdown", ButtonAction::Shutdown},
+               {"CONNECT", ButtonAction::Connect},
+               {"PICTUREEDIT", ButtonAction::PictureEdit}};
+  for (const auto& [tag, action] : table) {
+    given(QByteArray("A@@#1@@#2@@#") + tag + "@@#80@@#90@@#12\n");
+    load();
+    press(1);
+    ASSERT_EQ(done, std::vector{action}) << tag;
+    done.clear();
+  }
+  for (const char* tag : {"", "RESET", "RIPPER ", "no such word"}) {  // paths that are not there
+    programs.missing << QString::fromLatin1(tag);
+    given(QByteArray("A@@#1@@#2@@#") + tag + "@@#80@@#90@@#12\n");
+    load();
+    press(1);
+    EXPECT_TRUE(done.empty()) << tag;
+    EXPECT_TRUE(messages.texts.isEmpty()) << "a failed start is ignored";
+  }
+  screen.MousePointer = Screen::Hourglass;
+  given("A@@#1@@#2@@#RIPPER@@#80@@#90@@#12\n");
+  load();
+  press(1);
+  EXPECT_TRUE(done.empty()) << "another press is at work";
+}
+
+TEST_F(ButtonsTest, EveryEntryOfTheChooserButTwoIsAnAction) {
+  const QStringList entries = customSelectEntries();
+  EXPECT_EQ(entries[1], u"PICTUREEDIT   allow edit of pictures"_s);
+  QStringList unknown;
+  for (const QString& entry : entries) {
+    const QString word = entry.left(14).trimmed();
+    const ButtonAction action = buttonActionOf(word);
+    if (action == ButtonAction::Program) unknown << word;
+    EXPECT_FALSE(buttonIcon(action).isEmpty()) << word.toStdString();
+    EXPECT_LT(word.size(), 14) << "a blank divides it from its meaning";
+  }
+  EXPECT_EQ(unknown, QStringList{u"RESET"_s});
+}
+
+TEST_F(ButtonsTest, AProgramIsStartedOnceAndThenBroughtForward) {
+  const QString path = home.put(u"Apps/Eyes"_s, "x");
+  given("A@@#1@@#2@@#" + (home / u"apps\\EYES"_s).toUtf8() + "@@#80@@#90@@#12\n");
+  load();
+  press(1);
+  EXPECT_EQ(programs.calls, QStringList{u"start "_s + path}) << "found without regard to case";
+  EXPECT_TRUE(strip.isEmpty());
+  buttons.ButtonTimer_Timer();
+  EXPECT_EQ(strip, QStringList{u"shown"_s}) << "it still runs";
+  press(1);
+  EXPECT_EQ(programs.calls.last(), u"activate 1"_s);
+  programs.hasWindow = false;
+  press(1);
+  EXPECT_EQ(programs.calls.last(), u"start "_s + path) << "what cannot be activated is started";
+  strip.clear();
+  programs.end(1);
+  EXPECT_TRUE(strip.isEmpty()) << "the second one runs on";
+  programs.end(2);
+  EXPECT_EQ(strip, QStringList{u"ended"_s});
+  press(1);
+  programs.end(3);
+  strip.clear();
+  buttons.ButtonTimer_Timer();
+  EXPECT_TRUE(strip.isEmpty()) << "what was over at once has shown nothing";
+}
+
+struct EditorTest : ButtonsTest {
+  void SetUp() override {
+    given("One@@#160@@#260@@#MUSIC@@#150@@#260@@#10\nTwo@@#500@@#260@@#MAPS@@#80@@#90@@#12\n");
+    load();
+    editor.open();
+  }
+  QByteArrayList saved() { return home.get(kFile).trimmed().split('\n'); }
+};
+
+TEST_F(EditorTest, ShowsAllWithThePatternChosenAndAPressOnlyChooses) {
+  EXPECT_TRUE(editor.isOpen());
+  EXPECT_EQ(shown(), (QStringList{u"Pattern"_s, u"One"_s, u"Two"_s}));
+  EXPECT_TRUE(buttons.button(0).marked());
+  EXPECT_TRUE(buttons.button(2).draggable);
+  press(2);
+  EXPECT_TRUE(done.empty());
+  EXPECT_TRUE(buttons.button(2).marked());
+  EXPECT_FALSE(buttons.button(0).marked());
+  EXPECT_EQ(text("txtButtonWide") + u'x' + text("txtButtonHigh"), u"90x80"_s);
+  EXPECT_EQ(text("txtButtonFontSize"), u"12"_s);
+  editor.cmdButtonDone_Click();
+  EXPECT_EQ(shown(), (QStringList{u"One"_s, u"Two"_s}));
+  EXPECT_FALSE(buttons.button(2).draggable);
+  press(2);
+  EXPECT_EQ(done, std::vector{ButtonAction::Maps});
+}
+
+TEST_F(EditorTest, ANewOneIsMadeNamedSizedAndSaved) {
+  messages.typed = {u"Café"_s};
+  editor.chooseAction = [] { return std::optional<QString>(u"FAVOURITES"_s); };
+  write("txtButtonWide", u"200"_s);
+  write("txtButtonHigh", u"100"_s);
+  write("txtButtonFontSize", u"9.5"_s);
+  editor.cmdButtonApplyAttr_Click();  // of the pattern
+  editor.cmdButtonAdd_Click();
+  const Button& made = buttons.button(3);
+  EXPECT_EQ(made.rect().width, 200);
+  for (int i = 0; i < 3; ++i) {
+    const Rect &a = made.rect(), &b = buttons.button(i).rect();
+    EXPECT_TRUE(a.right() <= b.left || b.right() <= a.left || a.bottom() <= b.top ||
+                b.bottom() <= a.top)
+        << "it covers " << i;
+  }
+  editor.cmdButtonLabel_Click();
+  editor.cmdButtonAction_Click();
+  EXPECT_EQ(messages.texts, QStringList{u"Enter Button Label"_s});
+  const Rect at = made.rect();
+  editor.cmdButtonDone_Click();
+  ASSERT_EQ(saved().size(), 3);
+  EXPECT_EQ(QString::fromUtf8(saved()[2]),
+            u"Café@@#%1@@#%2@@#FAVOURITES@@#100@@#200@@#9.5"_s.arg(at.left).arg(at.top));
+  EXPECT_EQ(saved()[0], "One@@#160@@#260@@#MUSIC@@#150@@#260@@#10");
+}
+
+TEST_F(EditorTest, TheFirstCannotBeDeletedAndADeletedOneIsNotWritten) {
+  editor.cmdButtonDel_Click();
+  EXPECT_EQ(messages.texts, QStringList{u"You cannot delete this button"_s});
+  press(1);
+  editor.cmdButtonDel_Click();
+  EXPECT_EQ(buttons.button(1).tag(), u"DELETE"_s);
+  EXPECT_FALSE(buttons.button(1).visible());
+  EXPECT_TRUE(buttons.button(0).marked());
+  editor.cmdButtonDone_Click();
+  EXPECT_EQ(saved(), QByteArrayList{"Two@@#500@@#260@@#MAPS@@#80@@#90@@#12"});
+  EXPECT_EQ(shown(), QStringList{u"Two"_s});
+}
+
+TEST_F(EditorTest, CancelBringsBackWhatTheFileHolds) {
+  const QByteArray before = home.get(kFile);
+  press(1);
+  editor.cmdButtonDel_Click();
+  editor.cmdButtonAdd_Click();
+  form.move(buttons.button(2), {700, 600, 90, 80});
+  editor.cmdButtonCancel_Click();
+  EXPECT_EQ(shown(), (QStringList{u"One"_s, u"Two"_s}));
+  EXPECT_EQ(buttons.button(2).rect().left, 500);
+  EXPECT_EQ(home.get(kFile), before);
+}
+
+TEST_F(EditorTest, WhatTheFileCannotHoldIsRefusedWithWords) {
+  press(1);
+  messages.typed = {u"a@@#b"_s};
+  editor.cmdButtonLabel_Click();
+  EXPECT_EQ(buttons.button(1).caption(), u"One"_s);
+  EXPECT_TRUE(messages.texts.last().contains("cannot hold @@#"_L1));
+  editor.chooseAction = [] { return std::optional<QString>(u"/bin/@@#"_s); };
+  editor.cmdButtonAction_Click();
+  EXPECT_EQ(buttons.button(1).tag(), u"MUSIC"_s);
+  for (const auto& [name, bad] : {std::pair{"txtButtonWide", u"71"_s},
+                                  {"txtButtonHigh", u"9999"_s},
+                                  {"txtButtonFontSize", u"large"_s}}) {
+    press(1);
+    write(name, bad);
+    messages.texts.clear();
+    editor.cmdButtonApplyAttr_Click();
+    EXPECT_EQ(messages.texts.size(), 1) << name;
+    EXPECT_EQ(buttons.button(1).rect(), (Rect{160, 260, 260, 150})) << name;
+  }
+}
+
+TEST_F(EditorTest, AFileThatCannotBeWrittenKeepsTheToolsOpen) {
+  press(1);
+  QFile::remove(home / kFile);
+  home.folder(kFile);  // where the file should be
+  editor.cmdButtonDone_Click();
+  EXPECT_TRUE(editor.isOpen());
+  EXPECT_EQ(messages.texts.size(), 1);
+}
+
+TEST_F(EditorTest, TheKeyboardTypesIntoTheBoxThatWasTouchedLast) {
+  auto& high = dynamic_cast<TextBox&>(*form.find(u"txtButtonHigh"));
+  messages.typed = {u"90"_s, u"95"_s, QString()};
+  editor.txtButton_Click(high);
+  EXPECT_EQ(high.text(), u"90"_s);
+  EXPECT_EQ(form.focus(), &high);
+  editor.cmdButtonKeyboard_Click();
+  EXPECT_EQ(high.text(), u"95"_s);
+  editor.cmdButtonKeyboard_Click();
+  EXPECT_EQ(high.text(), u"95"_s) << "cancelled";
+}
+
+}  // namespace
+}  // namespace korvane

@@ -1,0 +1,108 @@
+#include "custom/home_panel.h"
+
+#include "tests/custom/custom_world.h"
+
+namespace korvane {
+namespace {
+
+struct HomePanelTest : CustomWorld {
+  HomePanelTest() {
+    panel.pressTransport = [this](int index) { presses.push_back(index); };
+    panel.startMusic = [this] { ++starts; };
+    panel.artist = [] { return u"Odd Kestrel"_s; };
+  }
+  QString caption(const char* name) { return form.find(QString::fromLatin1(name))->caption(); }
+  bool shown(const char* name) { return form.find(QString::fromLatin1(name))->visible(); }
+  void plays(const QString& title) {
+    form.find(u"lblCurrentPlay")->caption = u"Playing: "_s + title;
+    form.find(u"cmdControls", 1)->setPicture(u"Music"_s, u"playb"_s);
+    state.gPlayMode = 2;
+  }
+
+  Form form{u"frmMain"_s, mainInventory()};
+  HomePanel panel{form, {state, settings, palette, clock}};
+  std::vector<int> presses;
+  int starts = 0;
+};
+
+TEST_F(HomePanelTest, IsNotThereUnlessItsKeyIsOn) {
+  panel.show();
+  EXPECT_FALSE(shown("frameHome") || shown("lblHomeClock"));
+  EXPECT_FALSE(form.find(u"HomeTimer")->enabled());
+  given(key::HomePanel, u"yes"_s);
+  panel.show();
+  EXPECT_TRUE(shown("frameHome") && shown("lblHomeClock"));
+}
+
+TEST_F(HomePanelTest, TheClockTicksOnceAtTheBeginningOfEachMinuteAndOnlyWhileItShows) {
+  given(key::HomePanel, u"YES"_s);
+  clock.start = QDateTime(QDate(2024, 2, 29), QTime(9, 5, 40, 250));
+  panel.show();
+  auto& timer = dynamic_cast<Timer&>(*form.find(u"HomeTimer"));
+  EXPECT_EQ(caption("lblHomeClock"), u"09:05"_s);
+  EXPECT_EQ(caption("lblHomeDate"), u"Thursday, 29 February"_s);
+  EXPECT_TRUE(timer.enabled());
+  for (int minute = 6; minute < 9; ++minute) {
+    clock.advance(timer.interval());
+    panel.HomeTimer_Timer();
+    EXPECT_EQ(caption("lblHomeClock"), u"09:0%1"_s.arg(minute));
+    EXPECT_LT(clock.now().time().msecsSinceStartOfDay() % 60'000, 100);
+  }
+  panel.hide();
+  EXPECT_FALSE(timer.enabled());
+}
+
+TEST_F(HomePanelTest, ShowsWhatPlaysWhileItShows) {
+  given(key::HomePanel, u"YES"_s);
+  plays(u"Window Seat"_s);
+  EXPECT_EQ(caption("lblHomeTitle"), QString()) << "hidden, it does nothing";
+  panel.show();
+  EXPECT_EQ(caption("lblHomeTitle"), u"Window Seat"_s);
+  EXPECT_EQ(caption("lblHomeArtist"), u"Odd Kestrel"_s);
+  EXPECT_EQ(form.find(u"picHomeCover")->picture().name, u"emptyart"_s);
+
+  const Picture cover{{}, {}, std::make_shared<const QByteArray>("JPEG")};
+  form.find(u"coverArt")->picture = cover;
+  form.find(u"coverArt")->tag = u"TRUE"_s;
+  form.find(u"TxtTime")->caption = u"0:02"_s;
+  form.find(u"lblDuration")->caption = u"3:10"_s;
+  EXPECT_EQ(form.find(u"picHomeCover")->picture(), cover);
+  EXPECT_EQ(caption("lblHomePosition"), u"0:02 / 3:10"_s);
+  EXPECT_EQ(form.find(u"cmdHome", 1)->picture().name, u"pause"_s);
+
+  form.find(u"lblCurrentPlay")->caption = u"Status: Idle"_s;
+  form.find(u"cmdControls", 1)->setPicture(u"Music"_s, u"play"_s);
+  EXPECT_EQ(caption("lblHomeTitle"), u"Nothing is playing"_s);
+  EXPECT_EQ(form.find(u"picHomeCover")->picture().name, u"emptyart"_s);
+  EXPECT_FALSE(form.find(u"cmdHome", 2)->enabled());
+}
+
+TEST_F(HomePanelTest, ItsButtonsAreTheTransports) {
+  given(key::HomePanel, u"YES"_s);
+  panel.show();
+  panel.cmdHome_Click(1);
+  EXPECT_EQ(starts, 1) << "nothing has played yet";
+  plays(u"Window Seat"_s);
+  for (const int i : {0, 1, 2}) panel.cmdHome_Click(i);
+  EXPECT_EQ(presses, (std::vector{0, 2, 4})) << "previous, pause, next";
+  form.find(u"cmdControls", 1)->setPicture(u"Music"_s, u"play"_s);
+  state.gPlayMode = 1;
+  panel.cmdHome_Click(1);
+  EXPECT_EQ(presses.back(), 1) << "play";
+}
+
+TEST(HomeTitle, IsWhatThePlayerSaysWithoutItsLead) {
+  const struct {
+    QString caption, title;
+  } table[] = {{u"Playing: Playing: It Cool"_s, u"Playing: It Cool"_s},
+               {u"Playing: Idle Hands"_s, u"Idle Hands"_s},
+               {u"Status: Idle"_s, QString()},
+               {u"Status:Idle"_s, QString()},
+               {u"CD Stopped"_s, QString()},
+               {u"CD Playing"_s, u"CD Playing"_s},
+               {QString(), QString()}};
+  for (const auto& [caption, title] : table) EXPECT_EQ(homeTitle(caption), title);
+}
+
+}  // namespace
+}  // namespace korvane
