@@ -17,6 +17,30 @@ constexpr int kLargestIcon = 128;    // form units
 ButtonWidget::ButtonWidget(Button& button, Face& face, QWidget* parent)
     : PressWidget(button, face, parent), button_(button) {}
 
+void ButtonWidget::mirror(Aspect aspect) {
+  PressWidget::mirror(aspect);
+  if (aspect == Aspect::Picture) drawAhead();
+}
+
+void ButtonWidget::place() {
+  PressWidget::place();
+  drawAhead();
+}
+
+void ButtonWidget::drawAhead() {
+  if (button_.picture().empty() || button_.caption().isEmpty()) return;
+  const int side = static_cast<int>(iconSide());
+  face().pictures.prepare(button_.picture(), QSize(side, side) * devicePixelRatio());
+}
+
+// Of the picture of a button that has a caption too.
+double ButtonWidget::iconSide() const {
+  const bool wide = width() > kWide * height();
+  const double inner = width() - 2 * face().px(kMargin);
+  return std::min({height() * (wide ? 0.7 : kIconShare), double(face().px(kLargestIcon)),
+                   wide ? inner / 3 : inner});
+}
+
 void ButtonWidget::paintEvent(QPaintEvent*) {
   const Colours& colours = button_.colours();
   const bool lit = looksPressed() && colours.selected;
@@ -62,9 +86,7 @@ void ButtonWidget::drawPicture(QPainter& painter, const QRectF& area, QSize size
 void ButtonWidget::drawIconAndCaption(QPainter& painter, const QRectF& inner) {
   const double gap = face().px(kGap);
   const bool wide = width() > kWide * height();
-  const double side =
-      std::min({height() * (wide ? 0.7 : kIconShare), double(face().px(kLargestIcon)),
-                wide ? inner.width() / 3 : inner.width()});
+  const double side = iconSide();
   const QSize icon(static_cast<int>(side), static_cast<int>(side));
   if (wide) {
     drawPicture(painter, {inner.left(), 0, side, double(height())}, icon);

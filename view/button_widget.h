@@ -9,10 +9,15 @@ class ButtonWidget : public PressWidget {
  public:
   ButtonWidget(Button& button, Face& face, QWidget* parent);
 
+  void mirror(Aspect aspect) override;
+  void place() override;
+
  protected:
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  void drawAhead();
+  double iconSide() const;
   void drawRing(QPainter& painter, double radius);
   void drawPicture(QPainter& painter, const QRectF& area, QSize size);
   void drawIconAndCaption(QPainter& painter, const QRectF& inner);

@@ -18,7 +18,7 @@ void DrawAhead::ask(const PictureKey& key, const PictureSource& source) {
   const auto same = [&key](const Job& job) { return job.key == key; };
   if (drawing_ == key || drawn_.contains(key) || std::ranges::any_of(queue_, same)) return;
   if (drawn_.size() >= kMostUnasked) drawn_.clear();  // the window has changed its size
-  queue_.push_back({key, source});
+  queue_.insert(key.fit == Fit::Inside ? queue_.end() : queue_.begin(), {key, source});
   if (!thread_.joinable())
     thread_ = std::jthread([this](const std::stop_token& stop) { work(stop); });
   changed_.notify_all();

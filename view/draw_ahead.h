@@ -16,7 +16,7 @@ class DrawAhead {
   // Ends within the drawing of one picture.
   ~DrawAhead();
 
-  // A picture asked for twice is drawn once.
+  // A picture asked for twice is drawn once. One that fills the screen comes first.
   void ask(const PictureKey& key, const PictureSource& source);
 
   // What was drawn; waits while it is being drawn. Nothing when it was not asked for or has not

@@ -84,6 +84,7 @@ void FormView::formChanged(Form&, Aspect aspect) {
   switch (aspect) {
     case Aspect::Picture:
       background_ = {};
+      if (isVisible()) face_.pictures.prepare(form_.picture(), size(), backgroundFit());
       [[fallthrough]];
     case Aspect::Colours:
       update();
@@ -131,9 +132,7 @@ void FormView::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
   if (!form_.picture().empty() && background_.isNull()) {
     readyBackingStore(*this);
-    const bool covers = !rounded_;
-    background_ =
-        face_.pictures.render(form_.picture(), size(), covers ? Fit::Cover : Fit::Stretch);
+    background_ = face_.pictures.render(form_.picture(), size(), backgroundFit());
   }
   if (!background_.isNull()) return painter.drawPixmap(event->rect(), background_, event->rect());
   const QColor ground = style::colour(form_.colours().back, style::kGround);

@@ -38,6 +38,7 @@ class FormView : public QWidget, private FormObserver {
   void mouseDoubleClickEvent(QMouseEvent* event) override;
 
  private:
+  Fit backgroundFit() const { return rounded_ ? Fit::Stretch : Fit::Cover; }
   void controlChanged(Control& control, Aspect aspect) override;
   void formChanged(Form& form, Aspect aspect) override;
   void controlAdded(Control& control) override;

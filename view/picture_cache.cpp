@@ -17,28 +17,31 @@ PictureSource PictureCache::source(const Picture& picture) const {
   return {file, file->bytes, file->svg()};
 }
 
+QImage PictureCache::drawn(const PictureSource& from, QSize size, Fit fit) {
+  std::optional<QImage> image = ahead_.take({from.owner.get(), size.width(), size.height(), fit});
+  return image ? *std::move(image) : drawPicture(from, size, fit);
+}
+
 QPixmap PictureCache::pixmap(const Picture& picture, QSize size, Fit fit) {
   const PictureSource from = source(picture);
   if (!from.owner || size.isEmpty()) return {};
   const PictureKey key{from.owner.get(), size.width(), size.height(), fit};
   if (const Kept* found = kept_.object(key)) return found->pixmap;
-  std::optional<QImage> image = ahead_.take(key);
-  if (!image) image = drawPicture(from, size, fit);
-  QPixmap pixmap = QPixmap::fromImage(*std::move(image), Qt::NoOpaqueDetection);
+  QPixmap pixmap = QPixmap::fromImage(drawn(from, size, fit), Qt::NoOpaqueDetection);
   const int cost = 1 + pixmap.width() * pixmap.height() / 256;
   kept_.insert(key, new Kept{from.owner, pixmap}, cost);
   return pixmap;
 }
 
-void PictureCache::prepare(const Picture& picture, QSize size) {
+void PictureCache::prepare(const Picture& picture, QSize size, Fit fit) {
   const PictureSource from = source(picture);
   if (!from.owner || size.isEmpty()) return;
-  const PictureKey key{from.owner.get(), size.width(), size.height(), Fit::Inside};
+  const PictureKey key{from.owner.get(), size.width(), size.height(), fit};
   if (!kept_.contains(key)) ahead_.ask(key, from);
 }
 
-QPixmap PictureCache::render(const Picture& picture, QSize size, Fit fit) const {
-  return QPixmap::fromImage(drawPicture(source(picture), size, fit), Qt::NoOpaqueDetection);
+QPixmap PictureCache::render(const Picture& picture, QSize size, Fit fit) {
+  return QPixmap::fromImage(drawn(source(picture), size, fit), Qt::NoOpaqueDetection);
 }
 
 std::optional<Picture> PictureCache::pressedPartner(const Picture& picture) {

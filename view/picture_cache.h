@@ -18,11 +18,11 @@ class PictureCache {
   // empty, missing or broken picture.
   QPixmap pixmap(const Picture& picture, QSize size, Fit fit = Fit::Inside);
 
-  // Begins to draw what pixmap() will soon be asked for.
-  void prepare(const Picture& picture, QSize size);
+  // Begins to draw what pixmap() or render() will soon be asked for.
+  void prepare(const Picture& picture, QSize size, Fit fit = Fit::Inside);
 
   // The same without keeping it, for what is as large as the screen.
-  QPixmap render(const Picture& picture, QSize size, Fit fit) const;
+  QPixmap render(const Picture& picture, QSize size, Fit fit);
 
   // The theme's pressed partner, the name with "b" added; nothing when there is none.
   std::optional<Picture> pressedPartner(const Picture& picture);
@@ -34,6 +34,7 @@ class PictureCache {
   };
 
   PictureSource source(const Picture& picture) const;
+  QImage drawn(const PictureSource& source, QSize size, Fit fit);
 
   Graphics& graphics_;
   QCache<PictureKey, Kept> kept_;
