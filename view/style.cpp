@@ -5,6 +5,8 @@
 namespace korvane::style {
 namespace {
 
+constexpr float kLight = 0.7F;
+
 Colour bgrOf(const QColor& of) {
   return static_cast<Colour>(of.blue() << 16 | of.green() << 8 | of.red());
 }
@@ -14,9 +16,14 @@ void body(QPainter& painter, const QRectF& rect, double radius, const QColor& to
   QLinearGradient fill(rect.topLeft(), rect.bottomLeft());
   fill.setColorAt(0, top);
   fill.setColorAt(1, bottom);
+  // Light falls on the upper edge of a dark body; a light one shows by the shade of its lower edge.
+  const bool light = top.lightnessF() > kLight;
+  const float tone = light ? 0 : 1;
   QLinearGradient edge(rect.topLeft(), rect.bottomLeft());
-  edge.setColorAt(0, QColor::fromRgbF(1, 1, 1, static_cast<float>(edgeTop)));
-  edge.setColorAt(1, QColor::fromRgbF(1, 1, 1, static_cast<float>(edgeBottom)));
+  edge.setColorAt(
+      0, QColor::fromRgbF(tone, tone, tone, static_cast<float>(light ? edgeBottom : edgeTop)));
+  edge.setColorAt(
+      1, QColor::fromRgbF(tone, tone, tone, static_cast<float>(light ? edgeTop : edgeBottom)));
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(QPen(QBrush(edge), 1));
   painter.setBrush(fill);

@@ -79,8 +79,8 @@ DirectorysForm::DirectorysForm(Uses uses)
   panel_.frameCustomButton->caption = u"What the button does"_s;
   // The entry as it is stored, and the two halves of it that are read.
   panel_.customSelect->columns = {{u"Entry"_s, 0, true, false},
-                                  {u"Action"_s, 44, false, false},
-                                  {u"Meaning"_s, 56, false, false}};
+                                  {u"Action"_s, 39, false, false},
+                                  {u"Meaning"_s, 61, false, false}};
 
   form_.on(u"Drive1", Event::Click,
            [this](Control&, const Event& event) { Drive1_Change(event.row); });

@@ -25,10 +25,13 @@ class Console:
             text = "\n".join(kept).replace("[STARTUP]", "[STARTUP]\n" + line, 1) + "\n"
         ini.write_text(text)
         (self.home / "user.ini").write_text(user_values)
+        self.size, self.environment = size, dict(os.environ, KORVANE_VLC_ARGS=vlc)
+        self.start()
+
+    def start(self):
         path = str(self.home / "control")
-        environment = dict(os.environ, KORVANE_VLC_ARGS=vlc)
-        self.process = subprocess.Popen(
-            [program, "--home", self.home, "--control", path, f"--windowed={size}"], env=environment)
+        self.process = subprocess.Popen([self.program, "--home", self.home, "--control", path,
+                                         f"--windowed={self.size}"], env=self.environment)
         self.socket = socket.socket(socket.AF_UNIX)
         for _ in range(600):
             try:
@@ -83,8 +86,17 @@ class Console:
     def position(self):
         return self.get("Slider1")["value"]
 
-    def end(self):
+    def stop(self):
         self.ask(cmd="quit")
         code = self.process.wait(timeout=20)
-        shutil.rmtree(self.home)
         assert code == 0, f"the console ended with {code}"
+
+    def restart(self):
+        self.stop()
+        self.start()
+
+    def end(self):
+        try:
+            self.stop()
+        finally:
+            shutil.rmtree(self.home)

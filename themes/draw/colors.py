@@ -15,7 +15,7 @@ def table(p):
         ('the form', (('Status', mean, p.ink), ('Accent', *lead), ('Surface', p.surface, p.ink),
                       ('Button', *button), ('ButtonPressed', *pressed), ('Edge', p.edge, p.ink),
                       ('Dim', p.panel, p.dim), ('Messagebox', p.surface, p.ink),
-                      ('Keyboard', p.surface, p.ink), ('CustomButtons', *button))),
+                      ('Keyboard', p.surface, p.ink), ('CustomButtons', p.states['normal'].top, p.ink))),
         ('lists of the music', (('MUSICGRID', *panel), ('MUSICGridSelected', *chosen),
                                 ('MUSICGridTopLine', p.panel_line, p.dim),
                                 ('MusicSlider', *slider),

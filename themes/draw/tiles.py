@@ -290,7 +290,7 @@ LAMP_GLOW = 0.3
 def button_icon(palette, name, pressed, contrasts):
     """The icon on one of the owner's buttons, whose tile the program paints."""
     colour, ground = ((palette.pressed_ink, palette.pressed) if pressed
-                      else (palette.accent, palette.button))
+                      else (palette.accent, palette.states['normal'].top))
     contrasts.note(palette.name, "owner's button%s: icon" % (', pressed' if pressed else ''),
                    rgb(colour), [rgb(ground)])
     return svg(96, 96, icon(name, 0, 0, 96, colour, palette.soft, BUTTON_STROKE))
