@@ -135,6 +135,7 @@ void Console::wireWindow() {
   };
   press(u"imgTabs", [this](int i) {
     listUndo.hide();
+    screens->newKeyboard.hide();
     if (!state.loadingForm) tabs.imgTabs_Click(i);
     links.look();
   });
