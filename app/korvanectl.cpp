@@ -20,7 +20,7 @@ constexpr char kHelp[] =
     "\n"
     "  press NAME [INDEX]           a tap; row=7 col=1 in a list\n"
     "  doublepress NAME [INDEX]     two taps\n"
-    "  hold NAME [INDEX], release   a finger that stays down\n"
+    "  hold NAME [INDEX], release   a finger that stays down; dx=0 dy=-90 slides before it lets go\n"
     "  drag NAME [INDEX]            dx=0 dy=-200 ms=200\n"
     "  type TEXT                    key NAME, as Return or Ctrl+A\n"
     "  set NAME [INDEX] VALUE       a slider, a text, a check, a list's row\n"

@@ -1,4 +1,5 @@
 """A console in a real window, worked through its control socket as a finger would."""
+import atexit
 import json
 import os
 import pathlib
@@ -29,6 +30,7 @@ class Console:
         environment = dict(os.environ, KORVANE_VLC_ARGS=vlc)
         self.process = subprocess.Popen(
             [program, "--home", self.home, "--control", path, f"--windowed={size}"], env=environment)
+        atexit.register(self.process.kill)  # a walk that fails leaves nothing behind
         self.socket = socket.socket(socket.AF_UNIX)
         for _ in range(600):
             try:
