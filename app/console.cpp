@@ -49,7 +49,6 @@ Console::Console(System& doors, const MakeHost& makeHost, QString home, std::fun
       moviesTab(parts),
       photosTab(parts, system, messages),
       buttons(frmMain, {graphics, palette, system.files, log, screen, system.programs}),
-      buttonKeyboard(messages),
       buttonEditor(frmMain, {buttons, palette, messages}),
       homePanel(frmMain, {state, settings, palette, system.clock}),
       mainTab(parts, tabs, musicTab, buttons, homePanel),

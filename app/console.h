@@ -73,7 +73,6 @@ class Console : private StartupParts {
   MoviesTab moviesTab;
   PhotosTab photosTab;
   CustomButtons buttons;
-  PromptKeyboard buttonKeyboard;
   ButtonEditor buttonEditor;
   HomePanel homePanel;
   MainTab mainTab;

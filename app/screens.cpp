@@ -8,6 +8,8 @@ Screens::Screens(Console& c)
     : console_(c),
       keyboardFiles({c.settings, c.system.files, c.log}),
       keyboard(c.host, c.palette),
+      searchKeyboard(c.frmMain, c.palette),
+      newKeyboard(c.frmMain, u"newKeyboard"_s, c.host, c.palette),
       import(c.database, c.system.pump, c.settings, c.log),
       directorys({c.host, c.palette, c.state, c.settings, c.system.files, c.screen, c.messages,
                   import, *this}),
@@ -23,6 +25,8 @@ Screens::Screens(Console& c)
       access({c.state, c.settings, c.messages, *this, setup}) {
   c.messages.setLinePrompt(&keyboard);
   useKeyboard();
+  wireSearch();
+  wireMapKeyboard();
   setup.setDoors({{
       {"cmdAddDir", 0,
        [this] { chooseDirectory(u"Select Photos Directory"_s, DirectoryRequest::Photos); }},
@@ -86,6 +90,32 @@ void Screens::useKeyboard() {
   const KeyboardLayout chosen = keyboardFiles.chosen();
   keyboardLayout_ = chosen.name;
   keyboard.setLayout(chosen);
+  searchKeyboard.setLayout(chosen);
+  newKeyboard.setLayout(chosen);
+}
+
+void Screens::wireSearch() {
+  PlaylistEditor& editor = console_.editor;
+  editor.searchPanel().showKeyboard = [this](bool on) {
+    if (!on) return searchKeyboard.hide();
+    searchKeyboard.showFor(static_cast<TextBox&>(*console_.frmMain.find(u"txtSearch")));
+  };
+  searchKeyboard.shownChanged = [this, &editor](bool) {
+    editor.keyboardShown(searchKeyboard.top());
+  };
+}
+
+void Screens::wireMapKeyboard() {
+  Form& form = console_.frmMain;
+  const auto name = [&form](const QString& caption) { form.find(u"cmdmap", 1)->caption = caption; };
+  name(u"Keyboard On"_s);
+  newKeyboard.hidden = [name] { name(u"Keyboard On"_s); };
+  form.on(u"cmdmap", Event::Click, [this, name, &form](Control& pressed, const Event&) {
+    if (pressed.index != 1) return;
+    if (newKeyboard.shown()) return newKeyboard.hide();
+    newKeyboard.showFor(*form.find(u"txtLookup"));
+    name(u"Keyboard Off"_s);
+  });
 }
 
 void Screens::nextKeyboardLayout() {

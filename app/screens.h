@@ -3,9 +3,11 @@
 #pragma once
 
 #include "custom/colour_pick_form.h"
+#include "custom/ctrl_keyboard.h"
 #include "custom/gui_setup_form.h"
 #include "custom/keyboard_files.h"
 #include "custom/keyboard_form.h"
+#include "custom/nctrl_keyboard.h"
 #include "custom/setup_access.h"
 #include "library/screens/mp3_setup_form.h"
 #include "library/screens/play_list_form.h"
@@ -33,6 +35,8 @@ class Screens : private SetupParts, private ImportNews, private PlayListViews {
  public:
   KeyboardFiles keyboardFiles;
   KeyboardForm keyboard;
+  CtrlKeyboard searchKeyboard;
+  NctrlKeyboard newKeyboard;
   ScannerImport import;
   DirectorysForm directorys;
   SingleSongForm singleSong;
@@ -48,6 +52,8 @@ class Screens : private SetupParts, private ImportNews, private PlayListViews {
   void useKeyboard();
   void editButtons();
   std::optional<QString> chooseAction();  // of an owner's button. Yields.
+  void wireSearch();
+  void wireMapKeyboard();
   void chooseDirectory(const QString& caption, DirectoryRequest::Store store);
 
   // SetupParts

@@ -136,6 +136,7 @@ void Console::wireWindow() {
   };
   press(u"imgTabs", [this](int i) {
     listUndo.hide();
+    screens->newKeyboard.hide();
     if (!state.loadingForm) tabs.imgTabs_Click(i);
     links.look();
   });
@@ -178,7 +179,12 @@ void Console::wireHome() {
   for (const char* name : {"picHomeCover", "lblHomeTitle", "lblHomeArtist"})
     on(QString::fromLatin1(name), Event::Click, [this](int) { homePanel.showSong(); });
 
-  buttonEditor.setKeyboard(buttonKeyboard);
+  buttonEditor.showKeyboard = [this](TextBox* box) {
+    if (box)
+      screens->newKeyboard.showFor(*box);
+    else
+      screens->newKeyboard.hide();
+  };
   buttonEditor.editing = [this](bool edits) { homePanel.editing(edits); };
   buttons.act = [this](ButtonAction action) { doAction(action); };
   buttons.programShown = [this] { window.showAlwaysOnTop(); };

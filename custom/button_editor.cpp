@@ -76,7 +76,7 @@ void ButtonEditor::open() {
 
 void ButtonEditor::close() {
   panel_.frameButtons->visible = false;
-  if (keyboard_) keyboard_->hideKeyboard();
+  showKeyboard(nullptr);
   for (int i = 0; i <= form_.upperBound(u"cmdbutton"); ++i) {
     Button& each = uses_.buttons.button(i);
     each.draggable = false;
@@ -214,7 +214,7 @@ void ButtonEditor::txtButton_Click(TextBox& box) {
 }
 
 void ButtonEditor::cmdButtonKeyboard_Click() {
-  if (keyboard_) keyboard_->showKeyboardFor(*typedInto_);
+  showKeyboard(typedInto_);
 }
 
 void ButtonEditor::cmdButtonDel_Click() {

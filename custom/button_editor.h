@@ -2,7 +2,7 @@
 // tab. While they are up, a button follows the finger and its click does nothing.
 #pragma once
 
-#include "custom/button_keyboard.h"
+#include "core/prompt.h"
 #include "custom/custom_buttons.h"
 
 namespace korvane {
@@ -16,9 +16,9 @@ class ButtonEditor {
   };
   ButtonEditor(Form& form, Uses uses);
 
-  // Set by the console: what is typed with, who is told that the tools come and go, and the choice
-  // of an action, nothing when it was cancelled (Yields).
-  void setKeyboard(ButtonKeyboard& keyboard) { keyboard_ = &keyboard; }
+  // Set by the console: the keyboard that comes up for a box, or goes (null); who is told that the
+  // tools come and go; and the choice of an action, nothing when it was cancelled (Yields).
+  std::function<void(TextBox*)> showKeyboard = [](TextBox*) {};
   std::function<void(bool)> editing = [](bool) {};
   std::function<std::optional<QString>()> chooseAction = [] { return std::nullopt; };
 
@@ -32,11 +32,11 @@ class ButtonEditor {
   void cmdButtonLabel_Click();   // Yields.
   void cmdButtonAction_Click();  // Yields.
   void cmdButtonApplyAttr_Click();
-  void cmdButtonKeyboard_Click();  // Yields.
+  void cmdButtonKeyboard_Click();
   void cmdButtonDel_Click();
   void cmdButtonDone_Click();
   void cmdButtonCancel_Click();
-  void txtButton_Click(TextBox& box);  // Yields.
+  void txtButton_Click(TextBox& box);
 
  private:
   struct Panel {
@@ -57,7 +57,6 @@ class ButtonEditor {
   Form& form_;
   Uses uses_;
   Panel panel_;
-  ButtonKeyboard* keyboard_ = nullptr;
   TextBox* typedInto_ = nullptr;
   int chosen_ = 0;
 };

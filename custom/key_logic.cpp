@@ -93,7 +93,7 @@ KeyResult pressKey(const KeyboardLayout& layout, int code, KeyState state) {
       state.selStart = 0;
       break;
     default:
-      insert(state, typed(*key, state.shifted()));
+      if (!key->plain.isEmpty()) insert(state, typed(*key, state.shifted()));
   }
   return {state};
 }

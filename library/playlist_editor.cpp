@@ -22,6 +22,7 @@ PlaylistEditor::Panel::Panel(Form& form) {
   bind(playlistslider, "playlistslider");
   bind(VscrollAllSongs, "VscrollAllSongs");
   bind(cmdOneSong, "cmdOneSong");
+  bind(cmdTop, "cmdTop");
   bind(cmdPlayListCommands, "cmdPlayListCommands");
   bind(cmdPlayListChoices, "cmdPlayListChoices");
   bind(optMode, "optMode");
@@ -149,6 +150,27 @@ void PlaylistEditor::hide() {
   uses_.main.positionControl(*panel_.VscrollAllSongs);
   uses_.main.positionControl(*panel_.cmdOneSong[0]);
   uses_.main.positionControl(*panel_.cmdOneSong[1]);
+}
+
+void PlaylistEditor::keyboardShown(int keyboardTop) {
+  const int top = search_.keyboardShown(keyboardTop);
+  const bool up = keyboardTop > 0;
+  Grid& list = *panel_.gridPlayListSongs;
+  if (!tall_) tall_ = list.rect();
+  Rect place = *tall_;
+  if (up) {
+    place.top = top;
+    place.width = panel_.playlistslider->rect().right() - place.left;
+    place.height = keyboardTop - kGap - top;
+  } else {
+    tall_.reset();
+  }
+  list.rect = place;
+  for (Image* command : panel_.cmdTop)
+    command->visible = !up || command->rect().bottom() < keyboardTop;
+  const bool beside = !up && panel_.gridPlayListSongs->visible();
+  panel_.playlistslider->visible = beside;
+  panel_.cmdOneSong[2]->visible = panel_.cmdOneSong[3]->visible = beside;
 }
 
 void PlaylistEditor::close() {

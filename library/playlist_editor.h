@@ -36,6 +36,10 @@ class PlaylistEditor : public ListEditor {
   void show();
   void hide();
 
+  // The search panel's keyboard has come up, or gone (0): what stands beside the panel ends above
+  // `keyboardTop`.
+  void keyboardShown(int keyboardTop);
+
   // ListEditor
   void cancel() override;
   void listShown(int grid) override;
@@ -53,6 +57,7 @@ class PlaylistEditor : public ListEditor {
     Frame* framSongEdit;
     Slider *playlistslider, *VscrollAllSongs;
     std::array<Image*, 4> cmdOneSong;
+    std::array<Image*, 7> cmdTop;
     std::array<Image*, 5> cmdPlayListCommands;
     std::array<Button*, 2> cmdPlayListChoices;
     std::array<Image*, 2> optMode;
@@ -82,6 +87,7 @@ class PlaylistEditor : public ListEditor {
   SearchPanel search_;
   QString name_;
   std::vector<std::pair<Control*, Rect>> moved_;  // and where they stood
+  std::optional<Rect> tall_;                      // of gridPlayListSongs without the keyboard
   std::vector<Grid::Column> wideColumns_;         // of Grid(5)
 };
 

@@ -6,6 +6,8 @@ namespace korvane {
 namespace {
 
 constexpr const char* kKinds[] = {"ARTIST", "ALBUM", "SONG"};
+constexpr int kGap = 6;         // form units
+constexpr int kRowHeight = 30;  // above the keyboard, in the unit of GridHeight
 constexpr const char* kCaptions[] = {"Artists", "Albums", "Songs"};
 
 }  // namespace
@@ -53,6 +55,33 @@ void SearchPanel::choose(int kind) {
   find();
 }
 
+// The kinds go beside the field, and the rows take their room.
+int SearchPanel::keyboardShown(int keyboardTop) {
+  for (const auto& [control, place] : std::exchange(moved_, {})) control->rect = place;
+  const int rowHeight =
+      keyboardTop > 0 ? kRowHeight : std::max(kRowHeight, uses_.state.gGridHeight);
+  search_.setMostRowHeight(rowHeight);
+  panel_.gridSearch->rowHeight = std::min(rowHeight, uses_.state.gGridHeight);
+  if (keyboardTop == 0) return panel_.gridSearch->rect().top;
+  const auto move = [this](Control* control, Rect to) {
+    moved_.emplace_back(control, control->rect());
+    control->rect = to;
+  };
+  const Rect field = panel_.txtSearch->rect();
+  Rect list = panel_.gridSearch->rect();
+  int left = list.right() + kGap;
+  for (Button* kind : panel_.cmdSearchKind) {
+    Rect beside = kind->rect();
+    beside.left = std::exchange(left, left + beside.width + kGap);
+    beside.top = field.top;
+    move(kind, beside);
+  }
+  list.top = field.bottom() + kGap;
+  list.height = keyboardTop - kGap - list.top;
+  move(panel_.gridSearch, list);
+  return list.top;
+}
+
 // Also where the form holds it for focused already, though a button has taken the keys.
 void SearchPanel::focusField() {
   form_.setFocus(nullptr);
@@ -68,7 +97,7 @@ void SearchPanel::txtSearch_Change() {
 }
 
 void SearchPanel::txtSearch_Click() {
-  if (showKeyboard) return;
+  if (showKeyboard) return showKeyboard(true);
   const QString typed = uses_.messages.ask(u"Enter search value and hit enter"_s);
   focusField();
   if (typed.isEmpty()) return;

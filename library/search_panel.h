@@ -30,9 +30,11 @@ class SearchPanel {
   void cmdSearchKind_Click(int index);
   void gridSearch_Click(int row);
 
-  // A keyboard on the form that types into the field; without one a press on the field asks for the
-  // text. Told true when the panel opens and false when it closes.
+  // Shows or hides a keyboard on the form that types into the field: with the panel, and when the
+  // field is pressed. Without one a press on the field asks for the text.
   std::function<void(bool)> showKeyboard;
+  // The keyboard has come up, or gone (0): the rows end above `keyboardTop`. Their top is returned.
+  int keyboardShown(int keyboardTop);
 
  private:
   struct Panel {
@@ -51,6 +53,7 @@ class SearchPanel {
   Panel panel_;
   clsSearch search_;
   int kind_ = 0;
+  std::vector<std::pair<Control*, Rect>> moved_;  // for the keyboard, and where they stood
 };
 
 }  // namespace korvane

@@ -20,7 +20,7 @@ void clsSearch::SetupPlaySongs() {
 
 void clsSearch::Setup(const QString& kind) {
   kind_ = kind;
-  grid_.rowHeight = state_.gGridHeight;
+  grid_.rowHeight = std::min(state_.gGridHeight, mostRowHeight_);
   grid_.header = kind == "ARTIST"_L1  ? u"Artist"_s
                  : kind == "ALBUM"_L1 ? u"Album"_s
                                       : u"Song Title"_s;

@@ -25,6 +25,8 @@ class clsSearch {
   // '%' in the text stands for any text. An empty one finds the first ten.
   void Search(const QString& kind, const QString& text);
 
+  // Rows no higher than this many units of GridHeight from the next list on.
+  void setMostRowHeight(int units) { mostRowHeight_ = units; }
   const QString& kind() const { return kind_; }  // of the rows at hand
 
  private:
@@ -35,6 +37,7 @@ class clsSearch {
   const Palette& palette_;
   const AppState& state_;
   QString kind_ = u"ARTIST"_s;
+  int mostRowHeight_ = std::numeric_limits<int>::max();
 };
 
 }  // namespace korvane

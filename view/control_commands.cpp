@@ -160,8 +160,13 @@ void ControlCommands::hold(const QJsonObject& command, const Answer& answer) {
   acted([&] { finger_.press(*found.widget, at); }, answer);
 }
 
-void ControlCommands::release(const QJsonObject&, const Answer& answer) {
+void ControlCommands::release(const QJsonObject& command, const Answer& answer) {
   if (!finger_.down()) return answer(failed(u"nothing is held"_s));
+  const Form* top = host_.topForm();
+  const double scale = top ? host_.view(*top)->scale() : 1;
+  const QPoint by(static_cast<int>(command["dx"_L1].toDouble() * scale),
+                  static_cast<int>(command["dy"_L1].toDouble() * scale));
+  if (!by.isNull()) finger_.move(by);
   acted([&] { finger_.release(); }, answer);
 }
 

@@ -2,7 +2,7 @@
 // {"ok":false,"error":"..."}.
 //
 //   press, doublepress  {name, index?, row?, col?, form?}
-//   hold, release       {name, index?} and {}
+//   hold, release       {name, index?} and {dx?, dy?}, a slide before it lets go
 //   drag                {name, index?, from:[x,y]?, to:[x,y]? or dx, dy, ms?}, form units within
 //   the control type {text}         key {key: "Return", "Ctrl+A"...} set                 {name,
 //   index?, value}: a slider by its thumb, a text, a check, a list's row get                 {name,

@@ -50,6 +50,7 @@ void ControlWidget::mirror(Aspect aspect) {
       place();
       break;
     case Aspect::Caption:
+      setAccessibleName(control_.spokenName);
       setToolTip(control_.toolTip());
       if (face_.captionDelayMs > 0)
         QTimer::singleShot(face_.captionDelayMs, this, [this] { update(); });

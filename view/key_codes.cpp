@@ -41,4 +41,10 @@ int virtualKey(int qtKey, bool keypad) {
   return 0;
 }
 
+int qtKey(int virtualKey) {
+  for (const auto& [key, code] : kCodes)
+    if (code == virtualKey) return key;
+  return Qt::Key_unknown;
+}
+
 }  // namespace korvane

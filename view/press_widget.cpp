@@ -41,6 +41,14 @@ void PressWidget::mouseDoubleClickEvent(QMouseEvent* event) {
   if (event->button() == Qt::LeftButton && face().touch.lastPressed == this) press(true);
 }
 
+void PressWidget::mouseMoveEvent(QMouseEvent* event) {
+  if (!held_) return;
+  const auto units = [this](double pixels) {
+    return static_cast<int>(std::lround(pixels / face().scale));
+  };
+  fire({Event::Move, 0, 0, 0, {}, units(event->position().x()), units(event->position().y())});
+}
+
 void PressWidget::mouseReleaseEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton || !held_) return;
   held_ = false;

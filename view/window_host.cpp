@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QKeyEvent>
+#include <QPointer>
 #include <QWindow>
 
 #include "view/drag_mover.h"
@@ -233,6 +234,20 @@ WId WindowHost::nativeWindow(Control& surface) {
   const FormView* of = view(surface.form);
   auto* found = of ? dynamic_cast<SurfaceWidget*>(of->widget(surface)) : nullptr;
   return found ? found->nativeWindow() : 0;
+}
+
+bool WindowHost::sendKey(Form& form, int key, const QString& text) {
+  Control* focus = form.focus();
+  FormView* of = view(form);
+  ControlWidget* widget = focus && of ? of->widget(*focus) : nullptr;
+  if (!widget || !widget->isVisible() || !widget->isEnabled()) return false;
+  const QPointer<QWidget> to = widget->focusProxy() ? widget->focusProxy() : widget;
+  if (!to->hasFocus()) to->setFocus();
+  for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+    QKeyEvent event(type, qtKey(key), Qt::NoModifier, text);
+    if (to) QCoreApplication::sendEvent(to, &event);
+  }
+  return true;
 }
 
 void WindowHost::keyPressed(QKeyEvent& event) {

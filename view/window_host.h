@@ -26,6 +26,7 @@ class WindowHost : public FormHost {
   void showModal(Form& form) override;
   void hide(Form& form) override;
   void fadeOut(Form& form, int milliseconds) override;
+  bool sendKey(Form& form, int key, const QString& text) override;
   void close();  // takes the window down; no form is mirrored any more
 
   void setSinglePress(bool on) { touch_.singlePress = on; }

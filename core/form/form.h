@@ -22,12 +22,14 @@ struct Event {
     KeyDown,
     KeyPress,
     ButtonClicked,
-    Tick
+    Tick,
+    Move  // of a finger that holds the control
   };
   Type type = Click;
   int column = 0, row = 0;  // of a grid; row 0 is the header
   int key = 0;              // of a keyboard: the key code
   QString text{};           // of a keyboard: what it types
+  int x = 0, y = 0;         // of a move: form units from the control's corner, also beyond it
 };
 
 class FormObserver {
@@ -115,6 +117,9 @@ class FormHost {
   virtual void showModal(Form& form) = 0;  // Yields.
   virtual void hide(Form& form) = 0;
   virtual void fadeOut(Form& form, int milliseconds) = 0;  // Yields; hides the form at its end.
+  // A key, with its code and what it types, as if a hardware keyboard had sent it to the control
+  // that has the form's focus. False when none has it. Yields.
+  virtual bool sendKey(Form& form, int key, const QString& text) = 0;
 };
 
 }  // namespace korvane

@@ -80,24 +80,52 @@ TEST(KeyLogic, OnlyEnterAccepts) {
     EXPECT_EQ(pressKey(usKeyboard(), key.code, {u"x"_s, 1}).accepted, key.code == scan::Enter);
 }
 
-// Keys for a finger: none under 64 units, none over another, all on the surface, each code once.
+// Keys for a finger: none under 64 units, none over another, all in their frame, each code once.
 TEST(KeyboardLayout, KeysHaveRoom) {
-  const std::vector<Key>& keys = usKeyboard().keys;
-  for (const Key& key : keys) {
-    SCOPED_TRACE(key.code);
-    EXPECT_GE(std::min(key.rect.width, key.rect.height), 64);
-    EXPECT_GE(key.rect.left, 0);
-    EXPECT_LE(key.rect.right(), 1280);
-    EXPECT_LE(key.rect.bottom(), 768);
-    EXPECT_LT(key.code, 220);
-    for (const Key& other : keys) {
-      if (&other == &key) continue;
-      EXPECT_NE(other.code, key.code);
-      const bool apart = other.rect.left >= key.rect.right() ||
-                         other.rect.right() <= key.rect.left ||
-                         other.rect.top >= key.rect.bottom() || other.rect.bottom() <= key.rect.top;
-      EXPECT_TRUE(apart) << other.code;
+  const struct {
+    KeyboardLayout keyboard;
+    Rect area;  // in the frame, without its margin
+    int gap;
+  } cases[] = {{usKeyboard(), {16, 200, 1248, 552}, 8},
+               {controlKeyboard(usKeyboard()), {8, 8, 1120, 336}, 4},
+               {sendingKeyboard(usKeyboard()), {8, 8, 1120, 352}, 4}};
+  for (const auto& [keyboard, area, gap] : cases) {
+    for (const Key& key : keyboard.keys) {
+      SCOPED_TRACE(key.code);
+      const Rect at = keyPlace(key, area, gap);
+      EXPECT_GE(std::min(at.width, at.height), 64);
+      EXPECT_GE(at.left, area.left);
+      EXPECT_LE(at.right(), area.right());
+      EXPECT_LE(at.bottom(), area.bottom());
+      EXPECT_LT(key.code, 220);
+      for (const Key& other : keyboard.keys) {
+        if (&other == &key) continue;
+        EXPECT_NE(other.code, key.code);
+        const Rect beside = keyPlace(other, area, gap);
+        EXPECT_TRUE(beside.left >= at.right() || beside.right() <= at.left ||
+                    beside.top >= at.bottom() || beside.bottom() <= at.top)
+            << other.code;
+      }
     }
+  }
+}
+
+TEST(KeyboardLayout, TheOtherKeyboardsTypeWhatTheChosenOneDoes) {
+  const KeyboardLayout us = sendingKeyboard(usKeyboard());
+  EXPECT_EQ(typed(*us.key(26), true), u"{"_s);
+  EXPECT_EQ(typed(*us.key(43), true), u"|"_s);
+  EXPECT_EQ(typed(*controlKeyboard(usKeyboard()).key(26), true), u"["_s);
+
+  KeyboardLayout other = usKeyboard();
+  other.name = u"X"_s;
+  Key& key = *std::ranges::find(other.keys, 26, &Key::code);
+  key.plain = u"ü"_s;
+  key.variants = {u"û"_s};
+  for (const KeyboardLayout& made : {controlKeyboard(other), sendingKeyboard(other)}) {
+    EXPECT_EQ(made.name, u"X"_s);
+    EXPECT_EQ(typed(*made.key(26), true), u"Ü"_s);
+    EXPECT_EQ(made.key(26)->variants, key.variants);
+    EXPECT_TRUE(made.key(scan::Hide));
   }
 }
 

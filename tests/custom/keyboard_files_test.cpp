@@ -2,6 +2,7 @@
 
 #include <QDir>
 
+#include "custom/key_logic.h"
 #include "custom/keyboard_files.h"
 #include "tests/fakes/print.h"
 
@@ -18,7 +19,6 @@ TEST(KeyboardFile, PutsItsKeysIntoTheUsKeyboard) {
   EXPECT_EQ(read->key(39)->variants, (QStringList{u"ô"_s, u"œ"_s}));
   EXPECT_EQ(read->key(12)->shifted, QString());
   EXPECT_EQ(read->key(17)->plain, u"w"_s) << "what is not told stays";
-  EXPECT_EQ(read->key(39)->rect, usKeyboard().key(39)->rect);
 }
 
 TEST(KeyboardFile, IsRefusedWholeWithTheLineThatIsWrong) {
@@ -42,17 +42,47 @@ TEST(KeyboardFile, IsRefusedWholeWithTheLineThatIsWrong) {
   }
 }
 
-// What is shipped can be read, whole.
-TEST(KeyboardFile, EveryShippedOneIsGood) {
+QString charactersOf(const KeyboardLayout& layout, bool shifted) {
+  QString all;
+  for (const auto& [first, last] : {std::pair{2, 13}, {16, 27}, {30, 40}, {44, 53}})
+    for (int code = first; code <= last; ++code) all += typed(*layout.key(code), shifted);
+  return all;
+}
+
+// As the standard keyboards of the countries are; each types all of ASCII.
+TEST(KeyboardFile, EveryShippedOneIsThatOfItsCountry) {
+  const struct {
+    QString name, plain, shifted;
+  } countries[] = {
+      {u"US"_s, u"1234567890-=qwertyuiop[]asdfghjkl;'zxcvbnm,./"_s,
+       u"!@#$%^&*()-=QWERTYUIOP[]ASDFGHJKL:'ZXCVBNM<>?"_s},
+      {u"GERMAN"_s, u"1234567890ß´qwertzuiopü+asdfghjklöäyxcvbnm,.-"_s,
+       u"!\"§$%&/()=?`QWERTZUIOPÜ*ASDFGHJKLÖÄYXCVBNM;:_"_s},
+      {u"FRENCH"_s, u"&é\"'(-è_çà)=azertyuiop^$qsdfghjklmùwxcvbn,;:!"_s,
+       u"1234567890°+AZERTYUIOP¨£QSDFGHJKLM%WXCVBN?./§"_s},
+      {u"SPANISH"_s, u"1234567890'¡qwertyuiop`+asdfghjklñ´zxcvbnm,.-"_s,
+       u"!\"·$%&/()=?¿QWERTYUIOP^*ASDFGHJKLÑ¨ZXCVBNM;:_"_s},
+  };
   const QDir folder(QStringLiteral(KORVANE_STARTER) + u"/Keyboards"_s);
-  const QStringList files = folder.entryList({u"*.keys"_s});
-  EXPECT_GE(files.size(), 3);
-  for (const QString& name : files) {
-    QFile file(folder.filePath(name));
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    QString error;
-    EXPECT_TRUE(readKeyboard(name, file.readAll(), &error))
-        << name.toStdString() << error.toStdString();
+  EXPECT_EQ(folder.entryList({u"*.keys"_s}).size() + 1, qsizetype(std::size(countries)));
+  for (const auto& [name, plain, shifted] : countries) {
+    SCOPED_TRACE(name.toStdString());
+    KeyboardLayout layout = usKeyboard();
+    if (name != "US"_L1) {
+      QFile file(folder.filePath(name + u".keys"_s));
+      ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+      QString error;
+      const auto read = readKeyboard(name, file.readAll(), &error);
+      ASSERT_TRUE(read) << error.toStdString();
+      layout = *read;
+    }
+    EXPECT_EQ(charactersOf(layout, false), plain);
+    EXPECT_EQ(charactersOf(layout, true), shifted);
+    QString offered;
+    for (const Key& key : layout.keys)
+      offered += typed(key, false) + typed(key, true) + key.variants.join(QString());
+    for (char16_t ascii = u' '; ascii < 0x7F; ++ascii)
+      EXPECT_TRUE(offered.contains(ascii)) << char(ascii);
   }
 }
 

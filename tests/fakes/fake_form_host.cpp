@@ -46,6 +46,23 @@ void FakeFormHost::fadeOut(Form& form, int) {
   form.shown = false;
 }
 
+bool FakeFormHost::sendKey(Form& form, int key, const QString& text) {
+  constexpr int kBackspace = 8, kDelete = 46;
+  auto* box = dynamic_cast<TextBox*>(form.focus());
+  if (!box || !box->visible()) return false;
+  sent << QString::number(key) + u' ' + text;
+  QString then = box->text();
+  const int caret = box->selStart();
+  if (key == kBackspace && caret > 0) box->selStart = caret - 1;
+  if (key == kBackspace || key == kDelete)
+    then.remove(key == kDelete ? caret : box->selStart(), key == kDelete || caret > 0 ? 1 : 0);
+  else if (!text.isEmpty() && text[0].isPrint())
+    box->selStart = caret + static_cast<int>(text.size());
+  if (!text.isEmpty() && text[0].isPrint()) then.insert(caret, text);
+  box->text = then;
+  return true;
+}
+
 bool canPress(Form& form, const QString& control, int index) {
   const Control* it = found<Control>(form, control, index);
   if (!it || !it->enabled()) return false;

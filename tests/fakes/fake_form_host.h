@@ -20,8 +20,11 @@ class FakeFormHost : public FormHost {
   void showModal(Form& form) override;
   void hide(Form& form) override;
   void fadeOut(Form& form, int milliseconds) override;
+  // Types into a text box at its caret, Backspace and Delete as well; other keys are only noted.
+  bool sendKey(Form& form, int key, const QString& text) override;
 
   QStringList opened;  // names of the modal forms, in order
+  QStringList sent;    // keys, "code text"
 
  private:
   std::map<QString, std::deque<Script>> scripts_;
