@@ -96,6 +96,7 @@ ButtonFile readButtons(const QByteArray& bytes) {
   for (QByteArray line : bytes.split('\n')) {
     ++number;
     if (number == 1 && line.startsWith("\xEF\xBB\xBF")) line.remove(0, 3);
+    const QByteArray asItStands = line;
     if (line.endsWith('\r')) line.chop(1);
     if (line.trimmed().isEmpty()) continue;
     CustomButton button;
@@ -106,7 +107,7 @@ ButtonFile readButtons(const QByteArray& bytes) {
     if (trouble.isEmpty())
       file.buttons.push_back(button);
     else
-      refuse(number, trouble, line);
+      refuse(number, trouble, asItStands);
   }
   return file;
 }

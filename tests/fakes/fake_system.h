@@ -30,20 +30,8 @@ struct FakeSystem {
   System with(MediaPlayer& player, std::function<std::unique_ptr<Winsock>()> makeWinsock,
               FileSystem* disk = nullptr) {
     FileSystem& used = disk ? *disk : files;
-    return {pump,
-            clock,
-            chance,
-            used,
-            player,
-            disc,
-            screenPower,
-            session,
-            mixer,
-            tray,
-            box,
-            programs,
-            instance,
-            std::move(makeWinsock)};
+    return {pump,    clock, chance, used, player,   disc,     screenPower,
+            session, mixer, tray,   box,  programs, instance, std::move(makeWinsock)};
   }
 };
 
