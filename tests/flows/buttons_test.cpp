@@ -29,6 +29,10 @@ class HomePage : public CabinTest {
       korvane::press(form, u"cmdControls"_s, answer);
     });
   }
+  void transportStops() {
+    console().transport.cmdControls_Click(Transport::Stop);
+    system().pump.settle();
+  }
   enum { Yes, No, Ok };
 };
 
@@ -112,6 +116,13 @@ TEST_F(HomePage, PlaysPausesAndGoesOnWithTheSameTransport) {
   songEnds();
   EXPECT_GT(player.calls.size(), before);
   EXPECT_EQ(caption(u"lblHomeTitle"_s), playing()) << "the next song shows by itself";
+  press(u"cmdHome"_s, 1);
+  transportStops();
+  EXPECT_EQ(caption(u"lblHomeTitle"_s), u"Nothing is playing"_s);
+  const QString stopped = playing();
+  press(u"cmdHome"_s, 1);
+  EXPECT_EQ(playing(), stopped) << "what was stopped plays again";
+  EXPECT_EQ(caption(u"lblHomeTitle"_s), stopped);
   press(u"imgTabs"_s, kMusicTab);
   EXPECT_FALSE(shown(u"frameHome"_s) || shown(u"lblHomeClock"_s));
   EXPECT_FALSE(control(u"HomeTimer"_s).enabled());
@@ -128,6 +139,8 @@ TEST_F(HomePage, SetupOpensTheToolsAndTheyHoldTheTab) {
   box(u"You need to finish the custom buttons before proceeding to other tabs."_s, Ok);
   press(u"imgTabs"_s, kMusicTab);
   EXPECT_TRUE(console().tabs.open(kMainTab));
+  box(u"You need to finish the custom buttons before proceeding to setup."_s, Ok);
+  press(u"cmdSetup"_s);
 
   press(u"cmdButtonAdd"_s);
   host->onModal(u"frmDirectorys"_s, [](Form& chooser) {
