@@ -33,11 +33,11 @@ void Console::shuffle() {
 }
 
 // What is paused goes on, what was stopped begins again, and where nothing has played yet, any song
-// does.
+// does. The jukebox and the CD know their own beginning.
 void Console::playPause() {
   if (state.gPlayMode == MediaPlayer::Playing)
     transport.cmdControls_Click(Transport::Pause);
-  else if (state.gPlayMode == MediaPlayer::Paused)
+  else if (state.gPlayMode == MediaPlayer::Paused || state.jukeboxMode || state.playsDiscAudio())
     transport.cmdControls_Click(Transport::Play);
   else if (const Transport::Running last = transport.started(); last.number > 0)
     transport.resume(last, true);

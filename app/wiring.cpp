@@ -141,7 +141,10 @@ void Console::wireWindow() {
     links.look();
   });
   press(u"lblMoviesPlay", [this](int i) { moviesTab.lblMoviesPlay_Click(i); });
-  guarded(u"cmdSetup", [this](int) { screens->cmdSetup_Click(); });
+  guarded(u"cmdSetup", [this](int) {
+    if (!buttonEditor.isOpen()) return screens->cmdSetup_Click();
+    messages.say(u"You need to finish the custom buttons before proceeding to setup."_s);
+  });
   guarded(u"imgExit", [this](int) { window.imgExit_Click(); });
   guarded(u"cmdMinimize", [this](int) { window.cmdMinimize_Click(); });
 }
@@ -190,7 +193,7 @@ void Console::wireHome() {
   buttons.programShown = [this] { window.showAlwaysOnTop(); };
   buttons.programsEnded = [this] { window.closeAlwaysOnTop(); };
   homePanel.pressTransport = [this](int i) { transport.cmdControls_Click(i); };
-  homePanel.startMusic = [this] { playPause(); };
+  homePanel.playPause = [this] { playPause(); };
   homePanel.showSong = [this] { transport.lblCurrentPlay_DblClick(); };
   homePanel.artist = [this] {
     const Transport::Running& started = transport.started();

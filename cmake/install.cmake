@@ -14,7 +14,7 @@ install(
   FILES themes/krvgraphics/MERIDIAN/logo.svg
   DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps
   RENAME korvane.svg)
-install(FILES docs/settings.md docs/credits.md docs/protocol.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES docs/settings.md docs/credits.md docs/protocol.md docs/buttons.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 
 find_program(GZIP gzip REQUIRED)
 function(korvane_zip from to)

@@ -9,7 +9,7 @@
 namespace korvane {
 namespace {
 
-constexpr char kSeparator[] = "@@#";
+constexpr char kSeparator[] = "@@#", kByteOrderMark[] = "\xEF\xBB\xBF";
 constexpr int kFields = 7;
 constexpr float kFarthest = 10'000;  // units from the surface's corner
 constexpr float kLeastSize = 8, kLargestSize = 4'000, kLeastFont = 1, kLargestFont = 200;
@@ -95,7 +95,8 @@ ButtonFile readButtons(const QByteArray& bytes) {
   int number = 0;
   for (QByteArray line : bytes.split('\n')) {
     ++number;
-    if (number == 1 && line.startsWith("\xEF\xBB\xBF")) line.remove(0, 3);
+    const QByteArray asItStands = line;
+    while (line.startsWith(kByteOrderMark)) line.remove(0, 3);
     if (line.endsWith('\r')) line.chop(1);
     if (line.trimmed().isEmpty()) continue;
     CustomButton button;
@@ -106,7 +107,7 @@ ButtonFile readButtons(const QByteArray& bytes) {
     if (trouble.isEmpty())
       file.buttons.push_back(button);
     else
-      refuse(number, trouble, line);
+      refuse(number, trouble, asItStands);
   }
   return file;
 }

@@ -6,6 +6,7 @@ namespace korvane {
 namespace {
 
 constexpr double kFontStep = 2.4;      // form units of one unit of a font size, as in the lists
+constexpr int kFinger = 72;            // units
 constexpr float kPatternFont = 14;     // of new buttons
 constexpr int kTakesTheScreen = 1000;  // ms that a program runs before the console makes room
 
@@ -71,7 +72,10 @@ void CustomButtons::loadCustomButtons() {
 void CustomButtons::fill(int index, const CustomButton& from) {
   Button& made = loaded(index);
   Rect place = rounded(from);
-  // What the file has put off the surface can be reached all the same.
+  // What the file has made too small for a finger or put off the surface can be pressed all the
+  // same.
+  place.width = std::max(place.width, kFinger);
+  place.height = std::max(place.height, kFinger);
   place.left = std::clamp(place.left, 0, std::max(0, form_.design.width - place.width));
   place.top = std::clamp(place.top, 0, std::max(0, form_.design.height - place.height));
   stored_[static_cast<size_t>(index)] = {from, place};

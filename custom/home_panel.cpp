@@ -9,6 +9,7 @@ namespace {
 
 enum { kPrevious, kPlayPause, kNext };
 constexpr int kMinuteMs = 60'000, kSecondMs = 1000;
+constexpr Rect kPlace{688, 16, 568, 216}, kBesideCamera{580, 16, 568, 216};
 constexpr int kPast = 20;  // ms behind the full minute, so that it has come
 
 QString timeText(const QTime& time) {
@@ -81,6 +82,7 @@ void HomePanel::dress() {
 void HomePanel::show() {
   if (!uses_.settings.flag(key::HomePanel)) return hide();
   dress();
+  form_.moveDesign(*panel_.frameHome, uses_.state.gCamera ? kBesideCamera : kPlace);
   for (Control* control :
        std::initializer_list<Control*>{panel_.lblHomeClock, panel_.lblHomeDate, panel_.frameHome})
     control->visible = true;
@@ -134,12 +136,9 @@ void HomePanel::showMusic() {
 }
 
 void HomePanel::cmdHome_Click(int index) {
-  enum { Previous = 0, Play = 1, Pause = 2, Next = 4 };
-  if (index == kPrevious) return pressTransport(Previous);
-  if (index == kNext) return pressTransport(Next);
-  if (plays()) return pressTransport(Pause);
-  if (uses_.state.gPlayMode != 0) return pressTransport(Play);
-  startMusic();
+  enum { Previous = 0, Next = 4 };
+  if (index == kPlayPause) return playPause();
+  pressTransport(index == kPrevious ? Previous : Next);
 }
 
 }  // namespace korvane

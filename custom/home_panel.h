@@ -21,10 +21,10 @@ class HomePanel : private FormObserver {
   ~HomePanel();
 
   // Set by the console: the artist of the song that plays, a press on the transport (index as in
-  // cmdControls), music where none plays, and the way to the song in its list.
+  // cmdControls), play or pause whatever there is, and the way to the song in its list.
   std::function<QString()> artist = [] { return QString(); };
   std::function<void(int)> pressTransport = [](int) {};
-  std::function<void()> startMusic = [] {};
+  std::function<void()> playPause = [] {};
   std::function<void()> showSong = [] {};
 
   void show();  // nothing unless "HomePanel" is on

@@ -10,7 +10,8 @@ namespace {
 constexpr int kMargin = 12, kGap = 14, kRing = 5;  // form units
 constexpr double kWide = 2.2;        // from this shape on the icon stands before the caption
 constexpr double kIconShare = 0.46;  // of the height, above a caption
-constexpr int kLargestIcon = 128;    // form units
+constexpr double kSmallestShare = 0.6, kShareStep = 0.1;  // of a caption's own size
+constexpr int kLargestIcon = 128;                         // form units
 
 }  // namespace
 
@@ -98,14 +99,31 @@ void ButtonWidget::drawIconAndCaption(QPainter& painter, const QRectF& inner) {
       painter.fontMetrics().horizontalAdvance(button_.caption()) > inner.width() ? 2 : 1;
   const double top = std::max(0.0, (height() - side - gap / 2 - lines * line) / 2);
   drawPicture(painter, {inner.left(), top, inner.width(), side}, icon);
-  drawCaption(painter, {inner.left(), top + side + gap / 2, inner.width(), lines * line},
+  const double below = top + side + gap / 2;
+  drawCaption(painter,
+              {inner.left(), below, inner.width(), std::min(lines * line, height() - below)},
               Qt::AlignCenter);
 }
 
+// In lines as they fit, then smaller, then cut.
 void ButtonWidget::drawCaption(QPainter& painter, const QRectF& area, Qt::Alignment alignment) {
-  const bool oneLine = painter.fontMetrics().horizontalAdvance(button_.caption()) <= area.width();
-  painter.drawText(area, int(alignment) | (oneLine ? Qt::TextSingleLine : Qt::TextWordWrap),
-                   button_.caption());
+  const QString& caption = button_.caption();
+  const int wrapped = int(alignment) | Qt::TextWordWrap;
+  const auto fits = [&](int flags) {
+    const QRectF needs = painter.boundingRect(area, flags, caption);
+    return needs.width() <= area.width() && needs.height() <= area.height() + 1;
+  };
+  const double full = painter.font().pixelSize();
+  for (double share = 1; share > kSmallestShare; share -= kShareStep) {
+    QFont smaller = painter.font();
+    smaller.setPixelSize(std::max(1, static_cast<int>(full * share)));
+    painter.setFont(smaller);
+    for (const int flags : {int(alignment) | Qt::TextSingleLine, wrapped})
+      if (fits(flags)) return painter.drawText(area, flags, caption);
+  }
+  painter.drawText(
+      area, int(alignment) | Qt::TextSingleLine,
+      painter.fontMetrics().elidedText(caption, Qt::ElideRight, static_cast<int>(area.width())));
 }
 
 }  // namespace korvane

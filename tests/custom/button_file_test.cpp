@@ -40,7 +40,7 @@ TEST(ButtonFile, ABrokenLineIsSkippedToldAndKept) {
     ASSERT_EQ(file.broken.size(), 1U) << trouble;
     EXPECT_EQ(file.broken[0].number, 2);
     EXPECT_EQ(file.broken[0].trouble, QString::fromLatin1(trouble));
-    EXPECT_EQ(writeButtons(file.buttons, file.unread), good + "\n" + good + "\n" + line + "\n");
+    EXPECT_EQ(writeButtons(file.buttons, file.unread), good + "\n" + good + "\n" + line + "\r\n");
   }
 }
 

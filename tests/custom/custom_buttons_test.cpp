@@ -84,14 +84,16 @@ TEST_F(ButtonsTest, ABrokenLineIsToldWithItsFileAndNumber) {
       << log().toStdString();
 }
 
-TEST_F(ButtonsTest, OneOffTheSurfaceIsBroughtOntoItAndKeepsItsLine) {
-  const QByteArray line = "Far@@#9000.5@@#-40@@#MUSIC@@#80@@#90@@#12\n";
-  given(line);
+TEST_F(ButtonsTest, OneOutOfReachIsBroughtIntoItAndKeepsItsLine) {
+  const QByteArray file =
+      "Far@@#9000.5@@#-40@@#MUSIC@@#80@@#90@@#12\nTiny@@#700@@#300@@#MUSIC@@#10@@#20.5@@#12\n";
+  given(file);
   load();
   EXPECT_EQ(buttons.button(1).rect(), (Rect{1190, 0, 90, 80}));
+  EXPECT_EQ(buttons.button(2).rect(), (Rect{700, 300, 72, 72}));
   QString error;
   EXPECT_TRUE(buttons.save(&error));
-  EXPECT_EQ(home.get(kFile), line);
+  EXPECT_EQ(home.get(kFile), file);
 }
 
 TEST_F(ButtonsTest, TheyTakeTheirShareOfALargerSurface) {
