@@ -49,7 +49,7 @@ class Screens : private SetupParts, private ImportNews, private PlayListViews {
  private:
   void useKeyboard();
   void wireSearch();
-  void wireMapKeyboard();
+  void wireKeyboards();
   void openMusic();
   void chooseDirectory(const QString& caption, DirectoryRequest::Store store);
 

@@ -177,8 +177,8 @@ void KeyPad::showBubble(const Key& key) {
 
 void KeyPad::hideBubble() {
   marked_ = 0;
-  for (int i = 1; i <= std::exchange(variants_, 0); ++i)
-    form_.find(place_.variants, i)->visible = false;
+  const int shown = std::exchange(variants_, 0);
+  for (int i = 1; i <= shown; ++i) form_.find(place_.variants, i)->visible = false;
   if (Control* bubble = form_.find(place_.bubble, 1)) bubble->visible = false;
 }
 

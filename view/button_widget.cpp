@@ -13,7 +13,8 @@ void ButtonWidget::paintEvent(QPaintEvent*) {
   const Colours& colours = button_.colours();
   const QColor standard =
       button_.accent ? style::kAccent : style::mixed(style::kCard, Qt::white, 0.06);
-  const QColor body = style::colour(colours.back, standard);
+  const bool pressed = looksPressed() && colours.selected;
+  const QColor body = style::colour(pressed ? colours.selected : colours.back, standard);
   QPainter painter(this);
   if (!isEnabled()) painter.setOpacity(0.38);
   const double radius = face().px(14);
@@ -28,7 +29,8 @@ void ButtonWidget::paintEvent(QPaintEvent*) {
     painter.drawPixmap((width() - picture.width()) / 2, (height() - picture.height()) / 2, picture);
     return;
   }
-  painter.setPen(style::colour(colours.fore, style::readable(body)));
+  painter.setPen(
+      style::colour(pressed ? colours.selectedFore : colours.fore, style::readable(body)));
   painter.setFont(style::font(face().px(button_.fontUnits()), QFont::DemiBold));
   if (painter.fontMetrics().horizontalAdvance(button_.caption()) <= inner.width()) {
     painter.drawText(inner, Qt::AlignCenter | Qt::TextSingleLine, button_.caption());

@@ -107,7 +107,9 @@ bool TextWidget::eventFilter(QObject* watched, QEvent* event) {
     update();
   }
   if (event->type() == QEvent::FocusOut) update();
-  if (event->type() == QEvent::MouseButtonRelease) fire({Event::Click});
+  if (event->type() == QEvent::MouseButtonRelease && !fire({Event::Click}) &&
+      face().touch.textTouched)
+    face().touch.textTouched(box_);
   return ControlWidget::eventFilter(watched, event);
 }
 

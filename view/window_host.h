@@ -47,7 +47,7 @@ class WindowHost : public FormHost {
   std::function<void(Form&)> modalOpened;  // a modal form has come up and takes the presses
 
  private:
-  enum class Role { Main, Splash, Strip, Modal };
+  enum class Role { Main, Splash, Strip, Modal, Floating };
   struct Layer {
     FormView* view;
     Role role;
