@@ -4,6 +4,8 @@
 
 namespace korvane {
 
+constexpr int kSmallCaption = 22;  // form units
+
 Screens::Screens(Console& c)
     : console_(c),
       keyboardFiles({c.settings, c.system.files, c.log}),
@@ -87,6 +89,7 @@ void Screens::wireKeyboards() {
     form.find(u"cmdmap", 1)->caption = shown ? u"Keyboard Off"_s : u"Keyboard On"_s;
   };
   newKeyboard.shownChanged(false);
+  static_cast<Button*>(form.find(u"cmdmap", 1))->fontUnits = kSmallCaption;
   form.on(u"cmdmap", Event::Click, [this, &form](Control& pressed, const Event&) {
     if (pressed.index != 1) return;
     if (newKeyboard.shown()) return newKeyboard.hide();
