@@ -9,5 +9,6 @@ namespace korvane {
 int benchRecords(const QStringList& arguments);   // records
 int benchPlay(const QStringList& arguments);      // play FILE FILE2
 int benchListener(const QStringList& arguments);  // listener LISTENER FILE
+int benchKeys(const QStringList& arguments);      // of the prompt keyboard, in a window
 
 }  // namespace korvane

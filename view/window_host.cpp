@@ -265,7 +265,16 @@ bool WindowHost::sendKey(Form& form, int key, const QString& text) {
     QKeyEvent event(type, qtKey(key), Qt::NoModifier, text);
     if (to) QCoreApplication::sendEvent(to, &event);
   }
+  followFocus(form);
   return true;
+}
+
+// Tab has moved on, which a window that is not the desktop's active one tells nobody.
+void WindowHost::followFocus(Form& form) {
+  for (QWidget* at = stage_->focusWidget(); at; at = at->parentWidget()) {
+    auto* of = dynamic_cast<ControlWidget*>(at);
+    if (of && &of->control().form == &form) return form.setFocus(&of->control());
+  }
 }
 
 void WindowHost::keyPressed(QKeyEvent& event) {

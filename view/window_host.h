@@ -64,6 +64,7 @@ class WindowHost : public FormHost {
   void layOut();
   void fit(const Layer& layer);
   void keyPressed(QKeyEvent& event);
+  void followFocus(Form& form);
 
   PictureCache pictures_;
   PressGate& gate_;
