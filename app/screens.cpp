@@ -4,6 +4,8 @@
 
 namespace korvane {
 
+constexpr int kSmallCaption = 22;  // form units
+
 Screens::Screens(Console& c)
     : console_(c),
       keyboardFiles({c.settings, c.system.files, c.log}),
@@ -26,7 +28,7 @@ Screens::Screens(Console& c)
   c.messages.setLinePrompt(&keyboard);
   useKeyboard();
   wireSearch();
-  wireMapKeyboard();
+  wireKeyboards();
   setup.setDoors({{
       {"cmdAddDir", 0,
        [this] { chooseDirectory(u"Select Photos Directory"_s, DirectoryRequest::Photos); }},
@@ -105,17 +107,22 @@ void Screens::wireSearch() {
   };
 }
 
-void Screens::wireMapKeyboard() {
+void Screens::wireKeyboards() {
   Form& form = console_.frmMain;
-  const auto name = [&form](const QString& caption) { form.find(u"cmdmap", 1)->caption = caption; };
-  name(u"Keyboard On"_s);
-  newKeyboard.hidden = [name] { name(u"Keyboard On"_s); };
-  form.on(u"cmdmap", Event::Click, [this, name, &form](Control& pressed, const Event&) {
+  newKeyboard.shownChanged = [&form](bool shown) {
+    form.find(u"cmdmap", 1)->caption = shown ? u"Keyboard Off"_s : u"Keyboard On"_s;
+  };
+  newKeyboard.shownChanged(false);
+  static_cast<Button*>(form.find(u"cmdmap", 1))->fontUnits = kSmallCaption;
+  form.on(u"cmdmap", Event::Click, [this, &form](Control& pressed, const Event&) {
     if (pressed.index != 1) return;
     if (newKeyboard.shown()) return newKeyboard.hide();
     newKeyboard.showFor(*form.find(u"txtLookup"));
-    name(u"Keyboard Off"_s);
   });
+  console_.host.textTouched = [this, &form](TextBox& box) {
+    if (&box.form == &form) return newKeyboard.showFor(box);
+    keyboard.typeInto(box);
+  };
 }
 
 void Screens::nextKeyboardLayout() {

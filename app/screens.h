@@ -53,7 +53,7 @@ class Screens : private SetupParts, private ImportNews, private PlayListViews {
   void editButtons();
   std::optional<QString> chooseAction();  // of an owner's button. Yields.
   void wireSearch();
-  void wireMapKeyboard();
+  void wireKeyboards();
   void chooseDirectory(const QString& caption, DirectoryRequest::Store store);
 
   // SetupParts

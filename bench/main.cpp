@@ -24,6 +24,7 @@ constexpr Mode kModes[] = {
     {"page", "GRID HOME", korvane::benchPage},
     {"playlist", "HOME", korvane::benchPlaylist},
     {"search", "HOME", korvane::benchSearch},
+    {"keys", "", korvane::benchKeys},
     {"links", "HOME", korvane::benchLinks},
     {"listener", "LISTENER FILE", korvane::benchListener},
 };

@@ -63,6 +63,8 @@ Colours Palette::button(QStringView element) const {
   Colours colours;
   colours.back = back(element);
   colours.fore = fore(element);
+  colours.selected = back(u"ButtonPressed");
+  colours.selectedFore = fore(u"ButtonPressed");
   return colours;
 }
 

@@ -19,7 +19,7 @@ class Palette {
   // The three colours of a list, from the elements of its rows, its selected row and its header.
   Colours grid(QStringView rows, QStringView selected, QStringView header) const;
   Colours slider(QStringView back) const;
-  Colours button(QStringView element) const;
+  Colours button(QStringView element) const;  // and of a pressed one
 
  private:
   const Settings& settings_;

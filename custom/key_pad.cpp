@@ -7,7 +7,7 @@ namespace korvane {
 namespace {
 
 constexpr int kFirstRepeat = 400, kNextRepeat = 60;  // ms
-constexpr int kMostVariants = 8, kVariantWidth = 84, kVariantGap = 6, kBubbleMargin = 8;
+constexpr int kMostVariants = 8, kVariantWidth = 84, kVariantGap = 6, kBubbleMargin = 4;
 constexpr double kWordShare = 0.72;  // of the font of a single character
 
 }  // namespace
@@ -157,8 +157,8 @@ void KeyPad::showBubble(const Key& key) {
   const int width = variants_ * (kVariantWidth + kVariantGap) - kVariantGap + 2 * kBubbleMargin;
   const int most = frame_->rect().width - place_.margin - width;
   const int left = std::clamp(at.left + at.width / 2 - width / 2, place_.margin, most);
-  const int above = at.top - height - place_.gap;
-  const int top = above >= place_.top ? above : at.bottom() + place_.gap;
+  const int above = at.top - height;
+  const int top = above >= place_.top ? above : at.bottom();
   Control& bubble = *form_.find(place_.bubble, 1);
   bubble.rect = Rect{left, top, width, height};
   bubble.colours = palette_.button(u"Edge");
@@ -177,8 +177,8 @@ void KeyPad::showBubble(const Key& key) {
 
 void KeyPad::hideBubble() {
   marked_ = 0;
-  for (int i = 1; i <= std::exchange(variants_, 0); ++i)
-    form_.find(place_.variants, i)->visible = false;
+  const int shown = std::exchange(variants_, 0);
+  for (int i = 1; i <= shown; ++i) form_.find(place_.variants, i)->visible = false;
   if (Control* bubble = form_.find(place_.bubble, 1)) bubble->visible = false;
 }
 

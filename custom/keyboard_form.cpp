@@ -6,6 +6,7 @@ namespace korvane {
 namespace {
 
 constexpr int kTop = 184;  // form units above the keys
+constexpr int kIndexBelowCode = 2;
 
 constexpr InventoryRow kKeyboard[] = {
     {"framKeyBoard", -1, Kind::Frame, {0, 0, 1280, 768}, Left | Top | Right | Bottom, ""},
@@ -18,9 +19,24 @@ constexpr InventoryRow kKeyboard[] = {
     {"RepeatTimer", -1, Kind::Timer, {}, Left | Top, ""},
 };
 
+constexpr InventoryRow kBare[] = {
+    {"framKeyBoard", -1, Kind::Frame, {0, 0, 1280, 360}, Left | Top | Right | Bottom, "Keyboard"},
+    {"KEY", 0, Kind::Button, {}, Left | Top, "", "framKeyBoard", false},
+    {"BUBBLE", 0, Kind::Frame, {}, Left | Top, "", "framKeyBoard", false},
+    {"VARIANT", 0, Kind::Button, {}, Left | Top, "", "framKeyBoard", false},
+    {"RepeatTimer", -1, Kind::Timer, {}, Left | Top, ""},
+};
+
+KeyPad::Place barePlace() {
+  KeyPad::Place keys{u"framKeyBoard"_s, u"KEY"_s, u"VARIANT"_s, u"BUBBLE"_s, u"RepeatTimer"_s};
+  keys.indexBelowCode = kIndexBelowCode;
+  keys.margin = 12;
+  return keys;
+}
+
 KeyPad::Place place() {
   KeyPad::Place keys{u"framKeyBoard"_s, u"KEY"_s, u"VARIANT"_s, u"BUBBLE"_s, u"RepeatTimer"_s};
-  keys.indexBelowCode = 2;
+  keys.indexBelowCode = kIndexBelowCode;
   keys.top = kTop;
   keys.margin = 16;
   keys.gap = 8;
@@ -43,19 +59,54 @@ KeyboardForm::KeyboardForm(FormHost& host, const Palette& palette)
       palette_(palette),
       form_(u"frmKeyboard"_s, kKeyboard),
       panel_(form_),
-      keys_(form_, palette, place()) {
+      keys_(form_, palette, place()),
+      bare_(u"frmKeyboard"_s, kBare, {0, 0, 1280, 360}),
+      bareKeys_(bare_, palette, barePlace()) {
   panel_.cmdCancel->caption = u"Cancel"_s;
   panel_.lblMsg->fontUnits = 36;
   setLayout(usKeyboard());
   keys_.accepted = [this] { accept(); };
+  bare_.floating = true;
+  bare_.observe(this);
+  bareKeys_.hideAsked = [this] { host_.hide(bare_); };
+  bare_.on(u"framKeyBoard", Event::Press, [this](Control&, const Event&) { heldAt_ = -1; });
+  bare_.on(u"framKeyBoard", Event::Move,
+           [this](Control&, const Event& event) { framKeyBoard_Move(event.y); });
   form_.on(u"cmdCancel", Event::Click, [this](Control&, const Event&) { cmdcancel_Click(); });
   form_.on(Event::KeyDown, [this](Control&, const Event& event) { Form_KeyDown(event.key); });
   form_.on(Event::KeyPress, [this](Control&, const Event& event) { Form_KeyPress(event.text); });
 }
 
+KeyboardForm::~KeyboardForm() {
+  bare_.forget(this);
+}
+
+void KeyboardForm::setLayout(const KeyboardLayout& layout) {
+  keys_.setLayout(layout);
+  bareKeys_.setLayout(controlKeyboard(layout));
+}
+
+void KeyboardForm::typeInto(TextBox& target) {
+  bare_.colours = palette_.button(u"Keyboard");
+  bareKeys_.open(target);
+  if (!bare_.shown()) bare_.lift = 0;
+  host_.show(bare_);
+}
+
+void KeyboardForm::formChanged(Form& form, Aspect aspect) {
+  if (aspect == Aspect::Shown && !form.shown()) bareKeys_.close();
+}
+
+// The frame comes along with the finger, so each move counts from where the finger took it.
+void KeyboardForm::framKeyBoard_Move(int y) {
+  if (heldAt_ < 0) heldAt_ = y;
+  bare_.lift = std::max(0, bare_.lift() - (y - heldAt_));
+}
+
 void KeyboardForm::ask(QString& text, bool password) {
   const QString prompt = std::exchange(text, QString());
   if (form_.shown()) return;
+  host_.hide(bare_);
   cancelled_ = true;
   panel_.lblMsg->caption = prompt;
   panel_.txtInput->passwordChar = password ? u"*"_s : QString();

@@ -1,4 +1,5 @@
-// frmKeyboard: asks for one line with keys on the screen. A hardware keyboard works at the same
+// frmKeyboard: asks for one line with keys on the screen, or is a bare keyboard at the lower edge
+// of the screen, for typing into a text box of another form. A hardware keyboard works at the same
 // time.
 #pragma once
 
@@ -7,16 +8,22 @@
 
 namespace korvane {
 
-class KeyboardForm : public LinePrompt {
+class KeyboardForm : public LinePrompt, private FormObserver {
  public:
   KeyboardForm(FormHost& host, const Palette& palette);
+  ~KeyboardForm() override;
 
-  void setLayout(const KeyboardLayout& layout) { keys_.setLayout(layout); }
+  void setLayout(const KeyboardLayout& layout);
 
   // A second question while one is on screen is cancelled at once. Yields.
   void ask(QString& text, bool password) override;
 
+  // The bare keyboard, which types into `target` until it is hidden: by its own key, or with the
+  // modal form that `target` lies on.
+  void typeInto(TextBox& target);
+
   Form& form() { return form_; }
+  Form& bareForm() { return bare_; }
 
  private:
   struct Panel {
@@ -30,6 +37,9 @@ class KeyboardForm : public LinePrompt {
   void Form_KeyPress(const QString& text);
   void cmdcancel_Click();
   void accept();
+  void framKeyBoard_Move(int y);
+  void controlChanged(Control&, Aspect) override {}
+  void formChanged(Form& form, Aspect aspect) override;
   void applyColours();
 
   FormHost& host_;
@@ -37,7 +47,10 @@ class KeyboardForm : public LinePrompt {
   Form form_;
   Panel panel_;
   TextKeyboard keys_;
+  Form bare_;
+  TextKeyboard bareKeys_;
   bool cancelled_ = true;
+  int heldAt_ = 0;  // where the finger holds the frame of the bare keyboard, from its top
 };
 
 }  // namespace korvane

@@ -39,6 +39,7 @@ void NctrlKeyboard::showFor(Control& target) {
   pad_.open();
   frame_->visible = true;
   parent_.setFocus(target_);
+  if (shownChanged) shownChanged(true);
 }
 
 void NctrlKeyboard::hide() {
@@ -46,7 +47,7 @@ void NctrlKeyboard::hide() {
   pad_.close();
   target_ = nullptr;
   frame_->visible = false;
-  if (hidden) hidden();
+  if (shownChanged) shownChanged(false);
 }
 
 bool NctrlKeyboard::focusTarget() {

@@ -20,8 +20,8 @@ class NctrlKeyboard : private KeyPadOwner {
   void hide();
   bool shown() const { return frame_->visible(); }
 
-  // The parent's part of hiding, after BtnEnh1 or hide().
-  std::function<void()> hidden;
+  // The parent's part: told true when it has come up and false when BtnEnh1 or hide() hid it.
+  std::function<void(bool)> shownChanged;
 
  private:
   void keyPressed(int code) override;  // Yields.

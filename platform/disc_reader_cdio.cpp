@@ -9,6 +9,7 @@
 #include <QDirIterator>
 #include <QFile>
 
+#include "platform/cue_sheet.h"
 #include "platform/disc_table.h"
 #include "platform/mount_table.h"
 #include "platform/path_text.h"
@@ -65,6 +66,12 @@ DiscLook openTable(const QByteArray& path, const QString& name) {
                                : u"Cannot read %1: %2."_s.arg(name, why));
 }
 
+QString sheetTrouble(const QByteArray& path) {
+  QFile sheet(QFile::decodeName(path));
+  if (!sheet.open(QIODevice::ReadOnly)) return sheet.errorString();
+  return cueTrouble(sheet.read(kLongestSheet));
+}
+
 DiscLook lookAtImage(const QByteArray& path, const DiscLook& before) {
   const QString name = toPath(path);
   struct stat sheet {
@@ -76,6 +83,9 @@ DiscLook lookAtImage(const QByteArray& path, const DiscLook& before) {
     return nothing(
         DiscLook::NoDisc,
         u"Cannot play %1: a disc image is a CUE sheet with its BIN beside it."_s.arg(name));
+  if (const QString trouble = sheetTrouble(path); !trouble.isEmpty())
+    return nothing(DiscLook::NoDisc,
+                   u"Cannot read %1: it is no CUE sheet (%2)."_s.arg(name, trouble));
   takeCdioComplaint();
   const OwnedText bin(cdio_is_cuefile(path.constData()));
   if (!bin)
@@ -178,7 +188,9 @@ DiscLook DiscReaderCdio::look(const QString& source, const DiscLook& before) {
 
 std::unique_ptr<SectorReader> DiscReaderCdio::sectors(const QString& source) {
   takeCdioComplaint();
-  OpenDisc disc = openDisc(pathOf(source));
+  const QByteArray path = pathOf(source);
+  if (!isDevice(path) && !sheetTrouble(path).isEmpty()) return nullptr;
+  OpenDisc disc = openDisc(path);
   return disc ? std::make_unique<CdioSectors>(std::move(disc)) : nullptr;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QRect>
+#include <functional>
 
 #include "view/picture_cache.h"
 
@@ -13,8 +14,9 @@ class Bubble;
 
 // Of the whole window.
 struct Touch {
-  bool singlePress = false;              // one tap in a list activates its row
-  const QWidget* lastPressed = nullptr;  // a double press counts only where the first one fell
+  bool singlePress = false;                   // one tap in a list activates its row
+  const QWidget* lastPressed = nullptr;       // a double press counts only where the first one fell
+  std::function<void(TextBox&)> textTouched;  // and nobody has heard its Click
 };
 
 struct Face {

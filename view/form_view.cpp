@@ -92,6 +92,9 @@ void FormView::formChanged(Form&, Aspect aspect) {
     case Aspect::Caption:
       window()->setWindowTitle(form_.caption());
       break;
+    case Aspect::Rect:
+      if (lifted) lifted(form_);
+      break;
     case Aspect::Shown:
       if (shownChanged) shownChanged(form_);
       break;

@@ -30,6 +30,7 @@ class FormView : public QWidget, private FormObserver {
   ControlWidget* widget(const Control& control) const { return widgets_.value(&control); }
 
   std::function<void(Form&)> shownChanged;  // `shown` or `minimised` has a new value
+  std::function<void(Form&)> lifted;        // `lift` has
 
  protected:
   void paintEvent(QPaintEvent* event) override;

@@ -68,4 +68,13 @@ void pressedCard(QPainter& painter, const QRectF& rect, double radius, const QCo
   body(painter, rect, radius, mixed(of, Qt::black, 0.3), mixed(of, Qt::black, 0.16), 0.03, 0.12);
 }
 
+void field(QPainter& painter, const QRectF& rect, double radius, const QColor& of) {
+  const bool light = of.lightnessF() > 0.5;
+  if (!light) return pressedCard(painter, rect, radius, of);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(mixed(of, Qt::black, 0.22), 1));
+  painter.setBrush(mixed(of, Qt::black, 0.02));
+  painter.drawRoundedRect(rect.adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
+}
+
 }  // namespace korvane::style

@@ -29,6 +29,8 @@ QFont font(double pixels, int weight = QFont::Medium, bool italic = false);
 void card(QPainter& painter, const QRectF& rect, double radius, const QColor& body);
 // The same body pushed in.
 void pressedCard(QPainter& painter, const QRectF& rect, double radius, const QColor& body);
+// A sunk ground for typed text: dark ones a little darker, light ones as they are, with a hairline.
+void field(QPainter& painter, const QRectF& rect, double radius, const QColor& body);
 
 }  // namespace style
 }  // namespace korvane

@@ -93,8 +93,7 @@ void TextWidget::place() {
 
 void TextWidget::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  style::pressedCard(painter, rect(), face().px(12),
-                     style::colour(box_.colours().back, style::kCard));
+  style::field(painter, rect(), face().px(12), style::colour(box_.colours().back, style::kCard));
   if (!field()->hasFocus()) return;
   painter.setPen(QPen(style::kAccent, std::max(1.5, face().px(2))));
   painter.setBrush(Qt::NoBrush);
@@ -107,7 +106,9 @@ bool TextWidget::eventFilter(QObject* watched, QEvent* event) {
     update();
   }
   if (event->type() == QEvent::FocusOut) update();
-  if (event->type() == QEvent::MouseButtonRelease) fire({Event::Click});
+  if (event->type() == QEvent::MouseButtonRelease && !fire({Event::Click}) &&
+      face().touch.textTouched)
+    face().touch.textTouched(box_);
   return ControlWidget::eventFilter(watched, event);
 }
 

@@ -30,6 +30,9 @@ WindowHost::WindowHost(Graphics& graphics, PressGate& gate, QSize windowed)
     if (closeAsked) closeAsked();
   };
   stage_->pressedKey = [this](QKeyEvent& event) { keyPressed(event); };
+  touch_.textTouched = [this](TextBox& box) {
+    if (textTouched) textTouched(box);
+  };
   stage_->minimised = [this](bool minimised) {
     for (const Layer& each : layers_)
       if (each.role == Role::Main) each.view->form().minimised = minimised;
@@ -45,7 +48,7 @@ WindowHost::Role WindowHost::roleOf(const Form& form) {
   if (form.name == "frmMain"_L1) return Role::Main;
   if (form.name == "frmSplash"_L1) return Role::Splash;
   if (form.name == "frmAlwaysOnTop"_L1) return Role::Strip;
-  return Role::Modal;
+  return form.floating ? Role::Floating : Role::Modal;
 }
 
 WindowHost::Layer* WindowHost::layer(const Form& form) {
@@ -87,6 +90,9 @@ WindowHost::Layer& WindowHost::open(Form& form, Role role) {
   QWidget* parent = role == Role::Strip ? nullptr : dim ? dim : stage_.get();
   auto* made = new FormView(form, pictures_, touch_, parent);
   made->shownChanged = [this](Form& changed) { shownChanged(changed); };
+  made->lifted = [this](Form& moved) {
+    if (Layer* lifted = layer(moved)) fit(*lifted);
+  };
   if (role == Role::Strip)
     made->setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
   made->setRounded(modal &&
@@ -120,6 +126,13 @@ void WindowHost::fit(const Layer& layer) {
   const QRect all = stage_->rect();
   const double scale =
       std::min(all.width() / double(kDesignWidth), all.height() / double(kDesignHeight));
+  if (layer.role == Role::Floating) {
+    const int height = static_cast<int>(std::lround(design.height * scale));
+    const int lift = static_cast<int>(std::lround(layer.view->form().lift() * scale));
+    const int top = std::clamp(all.height() - height - lift, 0, all.height() - height);
+    layer.view->fit(QRect(0, top, all.width(), height), scale);
+    return;
+  }
   if (layer.dim) layer.dim->setGeometry(all);
   if (design.width >= kDesignWidth && design.height >= kDesignHeight) {
     layer.view->fit(all, scale);
@@ -154,6 +167,7 @@ void WindowHost::show(Form& form) {
     shown.dim->show();
   }
   view->show();
+  if (role == Role::Floating) view->raise();
   if (role != Role::Splash) return;
   view->raise();
   QElapsedTimer waited;
@@ -207,6 +221,10 @@ void WindowHost::close(Form& form) {
     gone.dim->deleteLater();
   }
   if (gone.loop) gone.loop->quit();
+  if (gone.role != Role::Modal) return;
+  const std::vector<FormView*> left = views();
+  for (FormView* each : left)
+    if (roleOf(each->form()) == Role::Floating) each->form().shown = false;
 }
 
 void WindowHost::fadeOut(Form& form, int milliseconds) {
@@ -247,7 +265,16 @@ bool WindowHost::sendKey(Form& form, int key, const QString& text) {
     QKeyEvent event(type, qtKey(key), Qt::NoModifier, text);
     if (to) QCoreApplication::sendEvent(to, &event);
   }
+  followFocus(form);
   return true;
+}
+
+// Tab has moved on, which a window that is not the desktop's active one tells nobody.
+void WindowHost::followFocus(Form& form) {
+  for (QWidget* at = stage_->focusWidget(); at; at = at->parentWidget()) {
+    auto* of = dynamic_cast<ControlWidget*>(at);
+    if (of && &of->control().form == &form) return form.setFocus(&of->control());
+  }
 }
 
 void WindowHost::keyPressed(QKeyEvent& event) {

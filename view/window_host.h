@@ -47,7 +47,7 @@ class WindowHost : public FormHost {
   std::function<void(Form&)> modalOpened;  // a modal form has come up and takes the presses
 
  private:
-  enum class Role { Main, Splash, Strip, Modal };
+  enum class Role { Main, Splash, Strip, Modal, Floating };
   struct Layer {
     FormView* view;
     Role role;
@@ -64,6 +64,7 @@ class WindowHost : public FormHost {
   void layOut();
   void fit(const Layer& layer);
   void keyPressed(QKeyEvent& event);
+  void followFocus(Form& form);
 
   PictureCache pictures_;
   PressGate& gate_;

@@ -61,6 +61,10 @@ class Form : public Noticing {
   Watched<Colours> colours{*this, Aspect::Colours};
   Watched<bool> shown{*this, Aspect::Shown, false};
   Watched<bool> minimised{*this, Aspect::Shown, false};
+  // Lies on the lower edge of the screen and leaves the other forms their presses; it goes with the
+  // modal form below it. `lift` form units higher when somebody has moved it.
+  bool floating = false;
+  Watched<int> lift{*this, Aspect::Rect, 0};
 
   // The control of that name and index, in any case; null when there is none.
   Control* find(QStringView controlName, int index = -1) const;
@@ -120,6 +124,9 @@ class FormHost {
   // A key, with its code and what it types, as if a hardware keyboard had sent it to the control
   // that has the form's focus. False when none has it. Yields.
   virtual bool sendKey(Form& form, int key, const QString& text) = 0;
+
+  // A finger has touched a text box and nobody has heard its Click.
+  std::function<void(TextBox&)> textTouched;
 };
 
 }  // namespace korvane

@@ -167,8 +167,8 @@ constexpr InventoryRow kMain[] = {
     {"gridSearch", -1, Kind::Grid, {256, 160, 444, 408}, All, "Found", "", false},
 
     // Status and transport
-    {"lblCurrentPlay", -1, Kind::Label, {144, 574, 560, 32}, BLR, "Now playing"},
-    {"lblCurrentPlayList", -1, Kind::Label, {712, 574, 396, 32}, BR, "Playlist"},
+    {"lblCurrentPlay", -1, Kind::Label, {144, 574, 500, 32}, BLR, "Now playing"},
+    {"lblCurrentPlayList", -1, Kind::Label, {652, 574, 456, 32}, BR, "Playlist"},
     {"lblConnectStat", 0, Kind::Label, {1116, 574, 76, 32}, BR, "Music link", "", false},
     {"lblConnectStat", 1, Kind::Label, {1196, 574, 76, 32}, BR, "Movie link", "", false},
     {"TxtTime", -1, Kind::Label, {144, 608, 104, 72}, BL, "Position"},

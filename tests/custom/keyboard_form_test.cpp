@@ -158,5 +158,40 @@ TEST_F(Keyboard, ASecondQuestionIsCancelled) {
   EXPECT_EQ(typed, u"a"_s);
 }
 
+constexpr InventoryRow kOther[] = {
+    {"txtServer", -1, Kind::Text, {0, 0, 400, 72}, Left | Top, "Server"},
+};
+
+TEST_F(Keyboard, TheBareOneTypesIntoAnotherForm) {
+  Form other{u"frmOther"_s, kOther};
+  auto& server = dynamic_cast<TextBox&>(*other.find(u"txtServer"));
+  Form& bare = keyboard.bareForm();
+  keyboard.typeInto(server);
+  EXPECT_TRUE(bare.shown() && bare.floating);
+  key(bare, scan::Shift);
+  for (const int code : {30, 30, scan::Enter}) key(bare, code);
+  EXPECT_EQ(server.text(), u"Aa"_s);
+  EXPECT_TRUE(bare.shown()) << "Enter does nothing here";
+
+  Control& frame = *bare.find(u"framKeyBoard");
+  bare.fire(frame, {Event::Press});
+  for (const int y : {4, -36, 4})  // the frame follows, so the finger is where it was
+    bare.fire(frame, {Event::Move, 0, 0, 0, {}, 600, y});
+  EXPECT_EQ(bare.lift(), 40);
+
+  asked([&](Form& form) {
+    EXPECT_FALSE(bare.shown()) << "a question takes its place";
+    key(form, scan::Enter);
+  });
+  keyboard.typeInto(server);
+  EXPECT_EQ(bare.lift(), 0);
+  key(bare, scan::Hide);
+  EXPECT_FALSE(bare.shown());
+  keyboard.typeInto(server);
+  bare.shown = false;  // with the form that it typed into
+  key(bare, 30);
+  EXPECT_EQ(server.text(), u"Aa"_s);
+}
+
 }  // namespace
 }  // namespace korvane

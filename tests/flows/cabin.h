@@ -1,6 +1,7 @@
 // A whole console over fakes: "given songs, press, the player is asked for".
 #pragma once
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 
 #include <QRegularExpression>
@@ -17,6 +18,22 @@
 #include "tests/fakes/temporary_home.h"
 
 namespace korvane {
+
+// A disk on which nothing new can be written while `error` is not 0.
+class RefusingCalls : public FileCalls {
+ public:
+  ssize_t write(int file, const void* bytes, size_t count) override {
+    errno = error;
+    return error == ENOSPC ? -1 : FileCalls::write(file, bytes, count);
+  }
+  int open(const char* path, int flags, mode_t mode) override {
+    errno = error;
+    return (flags & O_CREAT) && (error == EROFS || error == EACCES)
+               ? -1
+               : FileCalls::open(path, flags, mode);
+  }
+  int error = 0;
+};
 
 class CabinTest : public testing::Test {
  protected:
@@ -87,6 +104,7 @@ class CabinTest : public testing::Test {
   FakeSystem& system() { return fakes_; }
 
   TemporaryHome home;
+  RefusingCalls calls;
   FakeMediaPlayer player;
   FakeFormHost* host = nullptr;
   std::vector<FakeWinsock*> sockets;  // music, movie, master, lights
@@ -102,7 +120,7 @@ class CabinTest : public testing::Test {
   }
 
   FakeSystem fakes_;
-  DiskFileSystem disk_;
+  DiskFileSystem disk_{calls};
   System system_ = fakes_.with(
       player,
       [this] {

@@ -115,7 +115,17 @@ TEST_F(PlaylistFlow, AnEditKeepsWhatASaveCouldNotWrite) {
   EXPECT_TRUE(shown(u"framSongEdit"_s));
   EXPECT_EQ(edited().maxRows(), 2);
   std::filesystem::rename((home / u"gone"_s).toStdString(), lists.toStdString());
-  EXPECT_EQ(home.get(u"PlayLists/mix.m3u"_s), (days[0] + u'\n' + one + u'\n').toUtf8());
+  for (const auto& [error, told] : {std::pair{ENOSPC, u"The disk is full"_s},
+                                    {EROFS, u"The disk is read only"_s},
+                                    {EACCES, u"Permission is refused"_s}}) {
+    calls.error = error;
+    answer(told);
+    press(u"cmdPlayListChoices"_s, 1);
+    calls.error = 0;
+    EXPECT_TRUE(shown(u"framSongEdit"_s));
+    EXPECT_EQ(edited().maxRows(), 2);
+    EXPECT_EQ(home.get(u"PlayLists/mix.m3u"_s), (days[0] + u'\n' + one + u'\n').toUtf8());
+  }
   press(u"cmdPlayListChoices"_s, 1);
   EXPECT_EQ(home.get(u"PlayLists/mix.m3u"_s), wanted);
   EXPECT_FALSE(shown(u"framSongEdit"_s));

@@ -94,6 +94,10 @@ TEST_F(DriveTest, WhatIsNoDiscSaysWhy) {
   QByteArray backwards = sheet, beyond = sheet;
   backwards.replace("00:01:00", "00:02:00");
   beyond.replace("00:01:00", "00:99:00");
+  QByteArray first = sheet, numbered = sheet, places = sheet;
+  first.prepend("INDEX 01 00:00:00\n");
+  numbered.replace("TRACK 02", "TRACK 99");
+  for (int i = 0; i < 120; ++i) places += "INDEX 02 00:01:00\n";
   QByteArray noise(5000, '\0');
   for (qsizetype i = 0; i < noise.size(); ++i) noise[i] = static_cast<char>(i * 31);
   const struct {
@@ -111,6 +115,10 @@ TEST_F(DriveTest, WhatIsNoDiscSaysWhy) {
        2},
       {u"ragged"_s, sheet, toneSectors(3, 9).chopped(7), u"cut short"_s, 3},
       {u"backwards"_s, backwards, toneSectors(3, 9), u"not in order"_s, 0},
+      {u"first"_s, first, toneSectors(3, 9), u"line 1 is a place without"_s, 0},
+      {u"numbered"_s, numbered, toneSectors(3, 9), u"is not track 2"_s, 0},
+      {u"places"_s, places, toneSectors(3, 9), u"is a place without"_s, 0},
+      {u"long"_s, sheet + QByteArray(5000, 'x'), toneSectors(3, 9), u"too long"_s, 0},
       {u"beyond"_s, beyond, toneSectors(3, 9), u"no CUE sheet"_s, 0},
   };
   for (const auto& c : cases) {

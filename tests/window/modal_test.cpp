@@ -54,6 +54,81 @@ TEST_F(Modal, OneInsideTheOtherReturnInTheirOrder) {
   EXPECT_EQ(order, (QStringList{u"outer hidden"_s, u"inner returned"_s, u"outer returned"_s}));
 }
 
+constexpr InventoryRow kKeysForm[] = {
+    {"KEY", 0, Kind::Button, {10, 10, 200, 180}, Left | Top, "A key"},
+};
+constexpr InventoryRow kLoginForm[] = {
+    {"txtUser", -1, Kind::Text, {20, 20, 300, 80}, Left | Top, "User"},
+    {"txtServer", -1, Kind::Text, {20, 120, 300, 80}, Left | Top, "Server"},
+};
+
+TEST_F(Modal, AFloatingFormLeavesTheOthersTheirPressesAndGoesWithTheModalOne) {
+  Form keys{u"frmKeyboard"_s, kKeysForm, {0, 0, 1280, 200}};
+  Form login{u"frmLogin"_s, kLoginForm, {0, 0, 400, 220}};
+  keys.floating = true;
+  int pressed = 0;
+  keys.on(u"KEY", Event::Click, [&](Control&, const Event&) { ++pressed; });
+  TextBox* touched = nullptr;
+  host.textTouched = [&](TextBox& one) {
+    touched = &one;
+    host.show(keys);
+  };
+  const auto widgetOf = [this](Form& of, QStringView name, int index = -1) -> ControlWidget& {
+    return *host.view(of)->widget(*of.find(name, index));
+  };
+  later(20, [&] {
+    finger.tap(widgetOf(login, u"txtServer"), QPoint(20, 20));
+    EXPECT_EQ(touched, login.find(u"txtServer"));
+    EXPECT_EQ(host.view(keys)->geometry(), QRect(0, 568, 1280, 200));
+    EXPECT_EQ(host.topForm(), &login);
+    ControlWidget& key = widgetOf(keys, u"KEY", 0);
+    EXPECT_EQ(finger.obstacle(key, QPoint(50, 50)), QString());
+    finger.tap(key, QPoint(50, 50));
+    finger.tap(widgetOf(login, u"txtUser"), QPoint(20, 20));
+    EXPECT_EQ(touched, login.find(u"txtUser")) << "below it, presses go on";
+    keys.lift = 100;
+    EXPECT_EQ(host.view(keys)->geometry().top(), 468);
+    keys.lift = 9000;
+    EXPECT_EQ(host.view(keys)->geometry().top(), 0);
+    host.hide(login);
+  });
+  host.showModal(login);
+  EXPECT_EQ(pressed, 1);
+  EXPECT_FALSE(keys.shown());
+}
+
+// As a hardware keyboard would have sent them.
+TEST_F(Modal, SentKeysGoToTheFocusOfTheForm) {
+  Form login{u"frmLogin"_s, kLoginForm, {0, 0, 400, 220}};
+  auto& user = dynamic_cast<TextBox&>(*login.find(u"txtUser"));
+  auto& server = dynamic_cast<TextBox&>(*login.find(u"txtServer"));
+  QList<int> unheard;
+  login.on(Event::KeyDown, [&](Control&, const Event& event) { unheard << event.key; });
+  EXPECT_FALSE(host.sendKey(login, 0, u"x"_s)) << "nothing has the focus";
+  later(20, [&] {
+    login.setFocus(&user);
+    for (const auto& [key, text] : std::initializer_list<std::pair<int, QString>>{{0, u"a"_s},
+                                                                                  {0, u"%"_s},
+                                                                                  {0, u"\u00E9"_s},
+                                                                                  {37, {}},
+                                                                                  {8, u"\b"_s},
+                                                                                  {36, {}},
+                                                                                  {46, {}},
+                                                                                  {0, u"b"_s},
+                                                                                  {35, {}},
+                                                                                  {45, {}},
+                                                                                  {13, u"\r"_s},
+                                                                                  {9, u"\t"_s},
+                                                                                  {0, u"c"_s}})
+      EXPECT_TRUE(host.sendKey(login, key, text)) << key;
+    host.hide(login);
+  });
+  host.showModal(login);
+  EXPECT_EQ(user.text(), u"b\u00E9"_s);
+  EXPECT_EQ(server.text(), u"c"_s) << "Tab goes on to the next";
+  EXPECT_TRUE(unheard.contains(13));
+}
+
 TEST_F(Modal, PressesDuringAWaitAreRefusedNotQueued) {
   bool over = false;
   later(20, [&] {
