@@ -11,9 +11,11 @@ import time
 
 
 class Console:
-    """Starts `program` in a program directory of its own; `settings` are lines for [STARTUP]."""
+    """Starts `program` in a program directory of its own; `settings` are lines for [STARTUP], `buttons` the
+    owner's buttons in place of the theme's."""
 
-    def __init__(self, program, settings=(), user_values="", vlc="--aout=adummy", size="1280x800"):
+    def __init__(self, program, settings=(), user_values="", vlc="--aout=adummy", size="1280x800",
+                 buttons=None):
         self.home = pathlib.Path(tempfile.mkdtemp(prefix="korvane-walk-"))
         self.program = program
         subprocess.run([program, "--home", self.home, "--list", "artists"], check=True,
@@ -26,6 +28,8 @@ class Console:
             text = "\n".join(kept).replace("[STARTUP]", "[STARTUP]\n" + line, 1) + "\n"
         ini.write_text(text)
         (self.home / "user.ini").write_text(user_values)
+        if buttons:
+            (self.home / "krvgraphics/MERIDIAN/Buttonpositons.txt").write_text(buttons)
         self.size, self.environment = size, dict(os.environ, KORVANE_VLC_ARGS=vlc)
         self.start()
 

@@ -32,8 +32,21 @@ def listener_at(port):
 
 def seat(number):
     return Console(program, user_values="[KRV\\MUSIC]\nMUSICTYPE=SERVER\n", size="800x480",
+                   buttons="Network@@#148@@#508@@#CONNECT@@#244@@#265@@#14\n",
                    settings=["LocalServer=1", "MasterListenerIP=127.0.0.1", f"MasterListenerPort={master_port}",
                              f"MasterListenerMyName=Seat {number}"])
+
+
+def lists_all(console, name):
+    """The button CONNECT of the home page shows the network, with both seats and the Listener."""
+    console.press("imgTabs", 3)
+    console.press("cmdbutton", 1)
+    console.wait_until(lambda: console.ask(cmd="get", name="cmdDone", form="frmNetwork")["ok"], "frmNetwork", 5)
+    rows = console.must(cmd="rows", name="Grid", form="frmNetwork")["rows"]
+    shown = {row["cells"][0]: (row["cells"][1], bool(row["cells"][4])) for row in rows}
+    assert shown == {"Salon": ("MUSIC", True), "Seat 1": ("CLIENT", True), "Seat 2": ("CLIENT", True)}, rows
+    console.screenshot(name)
+    console.must(cmd="press", name="cmdDone", form="frmNetwork")
 
 
 def picture(console, index):
@@ -43,6 +56,8 @@ def picture(console, index):
 master, master_port = service(master_program, "--port", "0")
 listener, port = listener_at("0")
 one, two = seat(1), seat(2)
+lists_all(one, "cabin_network_1")
+lists_all(two, "cabin_network_2")
 one.press("imgTabs", 0)
 two.press("imgTabs", 0)
 one.press("Grid", 0, row=2)

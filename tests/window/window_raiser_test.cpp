@@ -24,14 +24,18 @@ class XWindows : public testing::Test {
                           32, 1, &owner);
       ::free(atom);
     }
+    made_.push_back(window);
     xcb_map_window(connection_, window);
     topmost();  // its answer comes after all that was asked before
     return window;
   }
+  // Of the windows made here: another program may open one meanwhile.
   xcb_window_t topmost() {
     auto* tree = xcb_query_tree_reply(connection_, xcb_query_tree(connection_, root_), nullptr);
-    const int count = xcb_query_tree_children_length(tree);
-    const xcb_window_t top = count > 0 ? xcb_query_tree_children(tree)[count - 1] : XCB_NONE;
+    const xcb_window_t* children = xcb_query_tree_children(tree);
+    xcb_window_t top = XCB_NONE;
+    for (int i = 0; i < xcb_query_tree_children_length(tree); ++i)
+      if (std::ranges::count(made_, children[i]) > 0) top = children[i];
     ::free(tree);
     return top;
   }
@@ -39,6 +43,7 @@ class XWindows : public testing::Test {
  private:
   xcb_connection_t* connection_ = xcb_connect(nullptr, nullptr);
   xcb_window_t root_ = XCB_NONE;
+  std::vector<xcb_window_t> made_;
 };
 
 TEST_F(XWindows, TheOneOfTheProcessComesToTheFront) {
