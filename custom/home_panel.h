@@ -18,7 +18,7 @@ class HomePanel : private FormObserver {
     const Clock& clock;
   };
   HomePanel(Form& form, Uses uses);
-  ~HomePanel();
+  ~HomePanel() override;
 
   // Set by the console: the artist of the song that plays, a press on the transport (index as in
   // cmdControls), play or pause whatever there is, and the way to the song in its list.
