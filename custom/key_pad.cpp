@@ -106,7 +106,7 @@ void KeyPad::showFaces() {
     button.spokenName = key.spoken;
     button.colours = on(key) ? marked : plain;
     if (key.code == scan::CapsLock)
-      button.setPicture(u"keyboard"_s, capsLock_ ? u"capslockon"_s : u"capslockoff"_s);
+      button.setPicture(u"root"_s, capsLock_ ? u"capslockon"_s : u"capslockoff"_s);
   }
 }
 

@@ -7,6 +7,7 @@ namespace {
 
 constexpr int kTop = 184;  // form units above the keys
 constexpr int kIndexBelowCode = 2;
+constexpr int kBareHeight = 360, kScreen = 768, kGap = 8;
 
 constexpr InventoryRow kKeyboard[] = {
     {"framKeyBoard", -1, Kind::Frame, {0, 0, 1280, 768}, Left | Top | Right | Bottom, ""},
@@ -20,7 +21,12 @@ constexpr InventoryRow kKeyboard[] = {
 };
 
 constexpr InventoryRow kBare[] = {
-    {"framKeyBoard", -1, Kind::Frame, {0, 0, 1280, 360}, Left | Top | Right | Bottom, "Keyboard"},
+    {"framKeyBoard",
+     -1,
+     Kind::Frame,
+     {0, 0, 1280, kBareHeight},
+     Left | Top | Right | Bottom,
+     "Keyboard"},
     {"KEY", 0, Kind::Button, {}, Left | Top, "", "framKeyBoard", false},
     {"BUBBLE", 0, Kind::Frame, {}, Left | Top, "", "framKeyBoard", false},
     {"VARIANT", 0, Kind::Button, {}, Left | Top, "", "framKeyBoard", false},
@@ -45,6 +51,16 @@ KeyPad::Place place() {
   return keys;
 }
 
+// The bare keyboard stands at the lower edge, or right above a box that it would cover there.
+int liftFor(const TextBox& target) {
+  const Form& form = target.form;
+  const int screen = std::max(form.height(), kScreen);
+  int top = (screen - form.height()) / 2;  // smaller forms stand in the middle
+  for (const Control* at = &target; at; at = at->container) top += at->rect().top;
+  const bool covered = top + target.rect().height > screen - kBareHeight;
+  return covered ? std::max(0, screen - top + kGap) : 0;
+}
+
 }  // namespace
 
 KeyboardForm::Panel::Panel(Form& form) {
@@ -60,7 +76,7 @@ KeyboardForm::KeyboardForm(FormHost& host, const Palette& palette)
       form_(u"frmKeyboard"_s, kKeyboard),
       panel_(form_),
       keys_(form_, palette, place()),
-      bare_(u"frmKeyboard"_s, kBare, {0, 0, 1280, 360}),
+      bare_(u"frmKeyboard"_s, kBare, {0, 0, 1280, kBareHeight}),
       bareKeys_(bare_, palette, barePlace()) {
   panel_.cmdCancel->caption = u"Cancel"_s;
   panel_.lblMsg->fontUnits = 36;
@@ -69,7 +85,7 @@ KeyboardForm::KeyboardForm(FormHost& host, const Palette& palette)
   bare_.floating = true;
   bare_.observe(this);
   bareKeys_.hideAsked = [this] { host_.hide(bare_); };
-  bare_.on(u"framKeyBoard", Event::Press, [this](Control&, const Event&) { heldAt_ = -1; });
+  bare_.on(u"framKeyBoard", Event::Press, [this](Control&, const Event&) { heldAt_.reset(); });
   bare_.on(u"framKeyBoard", Event::Move,
            [this](Control&, const Event& event) { framKeyBoard_Move(event.y); });
   form_.on(u"cmdCancel", Event::Click, [this](Control&, const Event&) { cmdcancel_Click(); });
@@ -89,7 +105,7 @@ void KeyboardForm::setLayout(const KeyboardLayout& layout) {
 void KeyboardForm::typeInto(TextBox& target) {
   bare_.colours = palette_.button(u"Keyboard");
   bareKeys_.open(target);
-  if (!bare_.shown()) bare_.lift = 0;
+  bare_.lift = liftFor(target);
   host_.show(bare_);
 }
 
@@ -99,8 +115,8 @@ void KeyboardForm::formChanged(Form& form, Aspect aspect) {
 
 // The frame comes along with the finger, so each move counts from where the finger took it.
 void KeyboardForm::framKeyBoard_Move(int y) {
-  if (heldAt_ < 0) heldAt_ = y;
-  bare_.lift = std::max(0, bare_.lift() - (y - heldAt_));
+  if (!heldAt_) heldAt_ = y;
+  bare_.lift = std::max(0, bare_.lift() - (y - *heldAt_));
 }
 
 void KeyboardForm::ask(QString& text, bool password) {

@@ -50,7 +50,8 @@ class KeyboardForm : public LinePrompt, private FormObserver {
   Form bare_;
   TextKeyboard bareKeys_;
   bool cancelled_ = true;
-  int heldAt_ = 0;  // where the finger holds the frame of the bare keyboard, from its top
+  std::optional<int>
+      heldAt_;  // where the finger holds the frame of the bare keyboard, from its top
 };
 
 }  // namespace korvane

@@ -17,7 +17,9 @@ QPixmap darkened(QPixmap picture) {
 
 void ImageWidget::mirror(Aspect aspect) {
   PressWidget::mirror(aspect);
-  if (aspect == Aspect::Picture) drawAhead();
+  if (aspect != Aspect::Picture) return;
+  ownPressed_ = looksPressed();
+  drawAhead();
 }
 
 void ImageWidget::place() {
@@ -38,7 +40,8 @@ void ImageWidget::paintEvent(QPaintEvent*) {
   const auto partner = looksPressed() ? pictures.pressedPartner(normal) : std::nullopt;
   QPixmap picture = pictures.pixmap(partner ? *partner : normal, size);
   if (picture.isNull()) return;
-  if (looksPressed() && !partner) picture = darkened(picture);
+  if (!looksPressed()) ownPressed_ = false;
+  if (looksPressed() && !partner && !ownPressed_) picture = darkened(picture);
   picture.setDevicePixelRatio(devicePixelRatio());
   QPainter painter(this);
   if (!isEnabled()) painter.setOpacity(0.38);

@@ -16,6 +16,7 @@ class ImageWidget : public PressWidget {
 
  private:
   void drawAhead();
+  bool ownPressed_ = false;  // the handler has shown a picture of its own for this press
 };
 
 }  // namespace korvane

@@ -17,6 +17,7 @@ constexpr unsigned All = Left | Top | Right | Bottom;
 
 constexpr Rect kList{256, 8, 694, 560};      // a list of the Music tab
 constexpr Rect kWideList{136, 8, 814, 560};  // a list or picture of the Movies and Photos tabs
+constexpr Rect kParked{-500, 240, 16, 16};   // a keyboard lays its keys out itself
 constexpr Rect kPage{136, 8, 1136, 752};     // a page without transport
 
 constexpr InventoryRow kMain[] = {
@@ -239,14 +240,14 @@ constexpr InventoryRow kMain[] = {
     {"cmdSaveControls", -1, Kind::Button, {400, 24, 220, 84}, TL, "Save the positions", "", false},
     {"cmdCancelMoveControls", -1, Kind::Button, {640, 24, 220, 84}, TL, "Cancel moving", "", false},
     {"ctrlKeyboard", -1, Kind::Frame, {136, 408, 1136, 352}, BLR, "Keyboard", "", false},
-    {"KEY", 0, Kind::Button, {}, TL, "", "ctrlKeyboard", false},
-    {"BUBBLE", 0, Kind::Frame, {}, TL, "", "ctrlKeyboard", false},
-    {"VARIANT", 0, Kind::Button, {}, TL, "", "ctrlKeyboard", false},
+    {"KEY", 0, Kind::Button, kParked, TL, "", "ctrlKeyboard", false},
+    {"BUBBLE", 0, Kind::Frame, kParked, TL, "", "ctrlKeyboard", false},
+    {"VARIANT", 0, Kind::Button, kParked, TL, "", "ctrlKeyboard", false},
     {"newKeyboard", -1, Kind::Frame, {136, 392, 1136, 368}, BLR, "Keyboard", "", false},
-    {"ekey", 0, Kind::Button, {}, TL, "", "newKeyboard", false},
-    {"ebubble", 0, Kind::Frame, {}, TL, "", "newKeyboard", false},
-    {"evariant", 0, Kind::Button, {}, TL, "", "newKeyboard", false},
-    {"BtnEnh1", -1, Kind::Button, {}, TL, "Hide the keyboard", "newKeyboard", false},
+    {"ekey", 0, Kind::Button, kParked, TL, "", "newKeyboard", false},
+    {"ebubble", 0, Kind::Frame, kParked, TL, "", "newKeyboard", false},
+    {"evariant", 0, Kind::Button, kParked, TL, "", "newKeyboard", false},
+    {"BtnEnh1", -1, Kind::Button, kParked, TL, "Hide the keyboard", "newKeyboard", false},
     {"framListUndo", -1, Kind::Frame, {256, 484, 694, 84}, BLR, "Another list runs", "", false},
     {"lblListUndo", -1, Kind::Label, {20, 4, 456, 76}, TLR, "", "framListUndo"},
     {"cmdListUndo", -1, Kind::Button, {484, 4, 206, 76}, TR, "Bring the list back", "framListUndo"},

@@ -175,7 +175,7 @@ TEST_F(Keyboard, TheBareOneTypesIntoAnotherForm) {
 
   Control& frame = *bare.find(u"framKeyBoard");
   bare.fire(frame, {Event::Press});
-  for (const int y : {4, -36, 4})  // the frame follows, so the finger is where it was
+  for (const int y : {-4, -44, -4})  // the frame follows, so the finger is where it was
     bare.fire(frame, {Event::Move, 0, 0, 0, {}, 600, y});
   EXPECT_EQ(bare.lift(), 40);
 
@@ -183,6 +183,10 @@ TEST_F(Keyboard, TheBareOneTypesIntoAnotherForm) {
     EXPECT_FALSE(bare.shown()) << "a question takes its place";
     key(form, scan::Enter);
   });
+  server.rect = Rect{0, 600, 400, 72};
+  keyboard.typeInto(server);
+  EXPECT_GE(bare.lift(), 768 - 600) << "what is typed is not covered";
+  server.rect = Rect{0, 330, 400, 72};
   keyboard.typeInto(server);
   EXPECT_EQ(bare.lift(), 0);
   key(bare, scan::Hide);
