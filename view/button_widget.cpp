@@ -8,8 +8,10 @@ namespace korvane {
 namespace {
 
 constexpr int kMargin = 12, kGap = 14, kRing = 5;  // form units
-constexpr double kWide = 2.2;        // from this shape on the icon stands before the caption
-constexpr double kIconShare = 0.46;  // of the height, above a caption
+// From these shapes on the icon stands before the caption: of a low button, and of any.
+constexpr double kWideWhenLow = 1.5, kWide = 2.2;
+constexpr int kLow = 120;                                 // form units
+constexpr double kIconShare = 0.46;                       // of the height, above a caption
 constexpr double kSmallestShare = 0.6, kShareStep = 0.1;  // of a caption's own size
 constexpr int kLargestIcon = 128;                         // form units
 
@@ -34,12 +36,15 @@ void ButtonWidget::drawAhead() {
   face().pictures.prepare(button_.picture(), QSize(side, side) * devicePixelRatio());
 }
 
+bool ButtonWidget::wide() const {
+  return width() > (height() < face().px(kLow) ? kWideWhenLow : kWide) * height();
+}
+
 // Of the picture of a button that has a caption too.
 double ButtonWidget::iconSide() const {
-  const bool wide = width() > kWide * height();
   const double inner = width() - 2 * face().px(kMargin);
-  return std::min({height() * (wide ? 0.7 : kIconShare), double(face().px(kLargestIcon)),
-                   wide ? inner / 3 : inner});
+  return std::min({height() * (wide() ? 0.7 : kIconShare), double(face().px(kLargestIcon)),
+                   wide() ? inner / 3 : inner});
 }
 
 void ButtonWidget::paintEvent(QPaintEvent*) {
@@ -86,10 +91,9 @@ void ButtonWidget::drawPicture(QPainter& painter, const QRectF& area, QSize size
 
 void ButtonWidget::drawIconAndCaption(QPainter& painter, const QRectF& inner) {
   const double gap = face().px(kGap);
-  const bool wide = width() > kWide * height();
   const double side = iconSide();
   const QSize icon(static_cast<int>(side), static_cast<int>(side));
-  if (wide) {
+  if (wide()) {
     drawPicture(painter, {inner.left(), 0, side, double(height())}, icon);
     return drawCaption(painter, inner.adjusted(side + gap, 0, 0, 0),
                        Qt::AlignLeft | Qt::AlignVCenter);

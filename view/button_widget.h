@@ -18,6 +18,7 @@ class ButtonWidget : public PressWidget {
  private:
   void drawAhead();
   double iconSide() const;
+  bool wide() const;  // the icon stands before the caption
   void drawRing(QPainter& painter, double radius);
   void drawPicture(QPainter& painter, const QRectF& area, QSize size);
   void drawIconAndCaption(QPainter& painter, const QRectF& inner);
