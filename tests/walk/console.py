@@ -1,4 +1,5 @@
 """A console in a real window, worked through its control socket as a finger would."""
+import atexit
 import json
 import os
 import pathlib
@@ -32,6 +33,7 @@ class Console:
         path = str(self.home / "control")
         self.process = subprocess.Popen([self.program, "--home", self.home, "--control", path,
                                          f"--windowed={self.size}"], env=self.environment)
+        atexit.register(self.process.kill)  # a walk that fails leaves no console behind
         self.socket = socket.socket(socket.AF_UNIX)
         for _ in range(600):
             try:
