@@ -37,7 +37,7 @@ class Console:
         path = str(self.home / "control")
         self.process = subprocess.Popen([self.program, "--home", self.home, "--control", path,
                                          f"--windowed={self.size}"], env=self.environment)
-        atexit.register(self.process.kill)  # a walk that fails leaves nothing behind
+        atexit.register(self.process.kill)  # a walk that fails leaves no console behind
         self.socket = socket.socket(socket.AF_UNIX)
         for _ in range(600):
             try:
