@@ -100,6 +100,7 @@ void Screens::wireSearch() {
   PlaylistEditor& editor = console_.editor;
   editor.searchPanel().showKeyboard = [this](bool on) {
     if (!on) return searchKeyboard.hide();
+    console_.listUndo.hide();  // it would stand on the keys
     searchKeyboard.showFor(static_cast<TextBox&>(*console_.frmMain.find(u"txtSearch")));
   };
   searchKeyboard.shownChanged = [this, &editor](bool) {

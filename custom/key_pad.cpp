@@ -134,8 +134,13 @@ void KeyPad::Timer_Tick() {
 
 void KeyPad::KEY_Move(int x, int y) {
   const Key* key = layout_.key(held_);
-  if (!key || variants_ == 0) return;
+  if (!key) return;
   const Rect at = keyOf(*key).rect();
+  if (variants_ == 0) {
+    const bool within = x >= 0 && y >= 0 && x < at.width && y < at.height;
+    if (!within) timer_->enabled = false;  // what it has slid off is held no more
+    return;
+  }
   mark(variantAt(at.left + x, at.top + y));
 }
 

@@ -95,6 +95,23 @@ TEST_F(KeyboardControls, AFingerSlidesFromAHeldKeyToAVariantAndLetsGo) {
   EXPECT_EQ(search.text(), u"\u00E8\u00C9q"_s);
 }
 
+TEST_F(KeyboardControls, AHeldKeyEndsWhereTheFingerSlidesOff) {
+  TextBox& search = box("txtSearch");
+  search.text = u"abcdef"_s;
+  search.selStart = 6;
+  ctrl.showFor(search);
+  Button& back = key("KEY", scan::Backspace);
+  Control& timer = *form.find(u"KeyRepeatTimer"_s);
+  fire(back, Event::Press);
+  fire(timer, Event::Tick);
+  fire(back, Event::Move, 20, 20);
+  EXPECT_TRUE(timer.enabled());
+  fire(back, Event::Move, 20, -10);
+  EXPECT_FALSE(timer.enabled());
+  fire(back, Event::Release);
+  EXPECT_EQ(search.text(), u"abcde"_s);
+}
+
 // In its frame whatever the key, and never over it.
 TEST_F(KeyboardControls, EveryBubbleHasRoom) {
   ctrl.showFor(box("txtSearch"));
