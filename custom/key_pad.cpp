@@ -166,7 +166,7 @@ void KeyPad::showBubble(const Key& key) {
   const int top = above >= place_.top ? above : at.bottom();
   Control& bubble = *form_.find(place_.bubble, 1);
   bubble.rect = Rect{left, top, width, height};
-  bubble.colours = palette_.button(u"Edge");
+  bubble.colours = palette_.button(u"Accent");
   bubble.visible = true;
   for (int i = 1; i <= variants_; ++i) {
     Control& variant = *form_.find(place_.variants, i);
