@@ -96,8 +96,8 @@ void MasterListener::ended(const QString& why) {
 void MasterListener::DataArrival(qint64 bytesTotal) {
   const QByteArray block = unfinished_ + uses_.connectionML.GetData(bytesTotal);
   unfinished_.clear();
-  if (news_) news_->linkHears();
   const qsizetype end = block.lastIndexOf(kRecordEnd) + 1;
+  if (news_ && end > 0) news_->linkHears();  // half a record is no answer
   if (uses_.settings.flag(key::LinkSupervision) && block.size() - end <= kLongestRecord)
     unfinished_ = block.sliced(end);
   forEachRecord(block, [this](QByteArrayView record) { return handle(record); });

@@ -34,7 +34,8 @@ void MusicConnection::DataArrival(qint64 bytesTotal) {
   if (connectionState() == Winsock::Connecting)
     uses_.pump.wait(3000, [this] { return connectionState() != Winsock::Connecting; });
   const QByteArray block = uses_.connectionMP3.GetData(bytesTotal);
-  if (linkNews_) linkNews_->linkHears();
+  const bool heard = cover_.receivingCoverArt() || block.contains(kRecordEnd);
+  if (linkNews_ && heard) linkNews_->linkHears();  // half a record is no answer
   if (uses_.state.gLocalListener) return;  // of a Listener that nobody listens to
   if (!cover_.receivingCoverArt()) return handleRecords(block, wireText_);
   if (const auto image = cover_.take(block)) showCover(*image);
