@@ -9,12 +9,14 @@ import subprocess
 import tempfile
 import time
 
+SIZE = os.environ.get("KORVANE_WALK_SIZE", "1280x800")  # of a window whose walk tells none
+
 
 class Console:
     """Starts `program` in a program directory of its own; `settings` are lines for [STARTUP], `buttons` the
     owner's buttons in place of the theme's."""
 
-    def __init__(self, program, settings=(), user_values="", vlc="--aout=adummy", size="1280x800",
+    def __init__(self, program, settings=(), user_values="", vlc="--aout=adummy", size=SIZE,
                  buttons=None):
         self.home = pathlib.Path(tempfile.mkdtemp(prefix="korvane-walk-"))
         self.program = program

@@ -6,8 +6,7 @@ import time
 
 from console import Console
 
-SIZE = os.environ.get("KORVANE_WALK_SIZE", "1280x800")
-console = Console(sys.argv[1], size=SIZE)
+console = Console(sys.argv[1])
 FILE = console.home / "krvgraphics" / "MERIDIAN" / "Buttonpositons.txt"
 SCAN = dict(zip("qwertyuiop", range(16, 26))) | dict(zip("asdfghjkl", range(30, 39))) | \
     dict(zip("zxcvbnm", range(44, 51))) | dict(zip("1234567890", range(2, 12))) | {" ": 57, "\n": 28}

@@ -1,15 +1,13 @@
 """Typing on the screen: a playlist found key by key above the keyboard and named with shift, caps lock,
 held keys, accents and a hardware keyboard; libVLC and ffprobe read what was saved. Setup's password
 is covered."""
-import os
 import subprocess
 import sys
 import time
 
 from console import Console
 
-SIZE = os.environ.get("KORVANE_WALK_SIZE", "1280x800")
-console = Console(sys.argv[1], settings=["Setup=S#"], size=SIZE)
+console = Console(sys.argv[1], settings=["Setup=S#"])
 LISTS = console.home / "PlayLists"
 BACKSPACE, ENTER, SHIFT, CAPS, LEFT, HIDE = 14, 28, 42, 58, 203, 217
 SCAN = dict(zip("1234567890", range(2, 12))) | dict(zip("qwertyuiop", range(16, 26))) | \

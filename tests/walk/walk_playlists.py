@@ -1,12 +1,11 @@
 """Playlists and favourites with a finger: a list is made, named on the screen, put in order, saved,
 played and brought back; favourites are marked, unmarked, written and read."""
-import os
 import subprocess
 import sys
 
 from console import Console
 
-console = Console(sys.argv[1], settings=["ListUndo=YES"], size=os.environ.get("KORVANE_WALK_SIZE", "1280x800"))
+console = Console(sys.argv[1], settings=["ListUndo=YES"])
 LISTS = console.home / "PlayLists"
 SCAN = dict(zip("1234567890", range(2, 12))) | dict(zip("qwertyuiop", range(16, 26))) | \
     dict(zip("asdfghjkl", range(30, 39))) | dict(zip("zxcvbnm", range(44, 51))) | \
