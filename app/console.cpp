@@ -1,6 +1,7 @@
 #include "app/console.h"
 
 #include "app/screens.h"
+#include "library/tags/any_cover.h"
 #include "library/tags/cover_art.h"
 
 namespace korvane {
@@ -29,7 +30,11 @@ Console::Console(System& doors, const MakeHost& makeHost, QString home, std::fun
       network({host, palette, state, messages}),
       listeners({host, palette, state, system.network, *connectionML}),
       music({frmMain, state, settings, messages, log, system.pump, system.files, system.player,
-             system.mixer, *connectionMP3, coverArtBytes}),
+             system.mixer, *connectionMP3,
+             [this](const QString& path) {
+               const bool any = settings.upper(key::Tags) == "FULL"_L1;
+               return any ? anyCoverArtBytes(path) : coverArtBytes(path);
+             }}),
       links(frmMain, {state, settings, palette, system.clock, master, music}),
       transport(frmMain, {main, state, screen, tabs, database, music, system.pump, system.chance}),
       browsing(frmMain,

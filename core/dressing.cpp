@@ -52,4 +52,11 @@ void dress(Form& form, const Palette& palette) {
   for (const auto& control : form.controls()) dressControl(*control, palette);
 }
 
+void title(Label& label, const QString& caption) {
+  constexpr int kTitle = 44;
+  label.caption = caption;
+  label.fontUnits = kTitle;
+  label.bold = true;
+}
+
 }  // namespace korvane

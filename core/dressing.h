@@ -10,4 +10,7 @@ namespace korvane {
 // get rows for a finger.
 void dress(Form& form, const Palette& palette);
 
+// The heading of a form.
+void title(Label& label, const QString& caption);
+
 }  // namespace korvane

@@ -48,9 +48,7 @@ GuiSetupForm::GuiSetupForm(SetupGeneralForm::Uses uses)
 }
 
 void GuiSetupForm::captions() {
-  panel_.lblTitle->caption = u"Setup"_s;
-  panel_.lblTitle->fontUnits = 44;
-  panel_.lblTitle->bold = true;
+  title(*panel_.lblTitle, u"Setup"_s);
   panel_.cmdGeneral->caption = u"General Setup"_s;
   panel_.cmdColor->caption = u"Color setup"_s;
   panel_.cmdSync->caption = u"Sync Home and Car Systems"_s;

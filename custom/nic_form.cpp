@@ -30,9 +30,7 @@ NicForm::Panel::Panel(Form& form) {
 
 NicForm::NicForm(FormHost& host, const Palette& palette, const Network& network)
     : host_(host), palette_(palette), network_(network), form_(u"frmNic"_s, kNic), panel_(form_) {
-  panel_.lblTitle->caption = u"Multi NIC Card Setup"_s;
-  panel_.lblTitle->fontUnits = 44;
-  panel_.lblTitle->bold = true;
+  title(*panel_.lblTitle, u"Multi NIC Card Setup"_s);
   panel_.Label1->caption = u"Click on one of the available IP's "_s;
   panel_.Label1->fontUnits = 30;
   panel_.cmdOK->caption = u"OK"_s;

@@ -67,9 +67,7 @@ std::vector<Control*> SetupForm::Panel::doors() const {
 }
 
 SetupForm::SetupForm(Uses uses) : uses_(uses), form_(u"frmSetup"_s, kSetup), panel_(form_) {
-  panel_.lblTitle->caption = u"Setup"_s;
-  panel_.lblTitle->fontUnits = 44;
-  panel_.lblTitle->bold = true;
+  title(*panel_.lblTitle, u"Setup"_s);
   panel_.lblStat->wraps = true;
   panel_.cmdThemes->caption = u"Change Theme"_s;
   for (size_t i = 0; i < panel_.cmdAddDir.size(); ++i)

@@ -103,9 +103,7 @@ SetupGeneralForm::Panel::Panel(Form& form) {
 
 SetupGeneralForm::SetupGeneralForm(Uses uses)
     : uses_(uses), form_(u"frmSetupGeneral"_s, inventory()), panel_(form_) {
-  panel_.lblTitle->caption = u"General Options"_s;
-  panel_.lblTitle->fontUnits = 44;
-  panel_.lblTitle->bold = true;
+  title(*panel_.lblTitle, u"General Options"_s);
   panel_.lblPw->caption = u"Setup Password"_s;
   panel_.lblFont->caption = u"Grid font size 2 - 25"_s;
   panel_.lblHeight->caption = u"Grid height 10 - 49"_s;

@@ -42,9 +42,7 @@ ListenersForm::Panel::Panel(Form& form) {
 
 ListenersForm::ListenersForm(Uses uses)
     : uses_(uses), form_(u"frmListeners"_s, kRows), panel_(form_) {
-  panel_.Label1->caption = u"IP Ping of Listeners "_s;
-  panel_.Label1->fontUnits = 44;
-  panel_.Label1->bold = true;
+  title(*panel_.Label1, u"IP Ping of Listeners "_s);
   for (size_t i = 0; i < kListeners; ++i) {
     panel_.lblIP[i]->fontUnits = 34;
     panel_.lblState[i]->fontUnits = 28;

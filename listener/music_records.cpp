@@ -36,7 +36,7 @@ void MusicConnection::DataArrival(qint64 bytesTotal) {
   const QByteArray block = uses_.connectionMP3.GetData(bytesTotal);
   const bool heard = cover_.receivingCoverArt() || block.contains(kRecordEnd);
   if (linkNews_ && heard) linkNews_->linkHears();  // half a record is no answer
-  if (uses_.state.gLocalListener) return;  // of a Listener that nobody listens to
+  if (uses_.state.gLocalListener) return;          // of a Listener that nobody listens to
   if (!cover_.receivingCoverArt()) return handleRecords(block, wireText_);
   if (const auto image = cover_.take(block)) showCover(*image);
 }

@@ -35,9 +35,7 @@ NetworkForm::Panel::Panel(Form& form) {
 }
 
 NetworkForm::NetworkForm(Uses uses) : uses_(uses), form_(u"frmNetwork"_s, kNetwork), panel_(form_) {
-  panel_.lblTitle->caption = u"Network"_s;
-  panel_.lblTitle->fontUnits = 44;
-  panel_.lblTitle->bold = true;
+  title(*panel_.lblTitle, u"Network"_s);
   panel_.VscrollAllSongs->vertical = true;
   panel_.grid->emptyText = u"The Master Listener knows of no service."_s;
   panel_.cmdAble[0]->caption = u"Enable"_s;

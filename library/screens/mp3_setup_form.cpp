@@ -37,9 +37,7 @@ Mp3SetupForm::Panel::Panel(Form& form) {
 
 Mp3SetupForm::Mp3SetupForm(Uses uses)
     : uses_(uses), form_(u"frmMp3Setup"_s, kMp3Setup, {0, 0, 860, 588}), panel_(form_) {
-  panel_.lblTitle->caption = u"Digital Music Setup"_s;
-  panel_.lblTitle->fontUnits = 44;
-  panel_.lblTitle->bold = true;
+  title(*panel_.lblTitle, u"Digital Music Setup"_s);
   panel_.optScan[0]->caption = u"by tags"_s;
   panel_.optScan[1]->caption = u"by folders"_s;
   for (size_t i = 0; i < panel_.cmdMp3.size(); ++i)

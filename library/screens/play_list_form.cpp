@@ -35,9 +35,7 @@ PlayListForm::Panel::Panel(Form& form) {
 
 PlayListForm::PlayListForm(Uses uses)
     : uses_(uses), form_(u"frmPlayList"_s, kPlayList), panel_(form_) {
-  panel_.lblTitle->caption = u"Playlists"_s;
-  panel_.lblTitle->fontUnits = 44;
-  panel_.lblTitle->bold = true;
+  title(*panel_.lblTitle, u"Playlists"_s);
   panel_.VscrollAllSongs->vertical = true;
   panel_.gridPlayList->columns = {{}, {QString(), 0, true}};
   panel_.gridPlayList->emptyText = u"No playlists yet. Create makes one."_s;

@@ -51,9 +51,7 @@ SingleSongForm::Panel::Panel(Form& form) {
 
 SingleSongForm::SingleSongForm(Uses uses)
     : uses_(uses), form_(u"frmSingleSong"_s, kSingleSong), panel_(form_) {
-  panel_.lblTitle->caption = u"Add Misc Songs"_s;
-  panel_.lblTitle->fontUnits = 44;
-  panel_.lblTitle->bold = true;
+  title(*panel_.lblTitle, u"Add Misc Songs"_s);
   panel_.cmdSource->caption = u"Locate Music "_s;
   panel_.cmdDestination->caption = u"Music Destination "_s;
   panel_.lblArtist->caption = u"Artist"_s;

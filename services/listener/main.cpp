@@ -2,7 +2,7 @@
 #include <QFileInfo>
 #include <QSysInfo>
 
-#include "library/tags/cover_art.h"
+#include "library/tags/any_cover.h"
 #include "platform/disk_file_system.h"
 #include "platform/media_player_vlc.h"
 #include "platform/mixer_alsa.h"
@@ -105,7 +105,7 @@ int serve(const Options& options, const ServerOptions& chosen, QString* error) {
                               musicTimer,
                               parts.pump,
                               parts.log,
-                              &coverArtBytes,
+                              &anyCoverArtBytes,
                               {*roots, chosen.encoding, *tickMs, !options.has("no-volume")}});
   if (!parts.listen(error)) return 1;
   Registration registration(

@@ -7,10 +7,12 @@
 #include <QTemporaryDir>
 #include <stdexcept>
 
+#include "library/tags/any_cover.h"
 #include "library/tags/convert_base.h"
 #include "library/tags/cover_art.h"
 #include "library/tags/full_tags.h"
 #include "tests/fakes/print.h"
+#include "tests/library/song_files.h"
 
 namespace korvane {
 namespace {
@@ -146,6 +148,49 @@ TEST(CoverArt, FindsTheImageOfTheFirstPicture) {
   }
   EXPECT_EQ(imageWithin("no image here"), "no image here");
   EXPECT_EQ(imageWithin("BM is no bitmap RIFFxxxxWEBPyy"), "RIFFxxxxWEBPyy");
+}
+
+// An atom of an MP4 file (ISO/IEC 14496-12), a metadata block of a FLAC file (xiph.org).
+QByteArray atom(const QByteArray& name, const QByteArray& data) {
+  return size4(static_cast<quint32>(8 + data.size())) + name + data;
+}
+QByteArray block(char kind, const QByteArray& data) {
+  return kind + size4(static_cast<quint32>(data.size())).sliced(1) + data;
+}
+
+TEST(AnyCover, IsFoundInEachKindOfFile) {
+  const QTemporaryDir home;
+  const QByteArray image = "\xFF\xD8\xFF\xE0" + QByteArray(300, 'j');
+  const QByteArray zero = size4(0), size = size4(304);
+  const QByteArray picture = size4(3) + size4(9) + "image/jpg" + zero.repeated(5) + size + image;
+  const QByteArray apicData = QByteArray("\0image/jpeg\0\3\0", 14) + image;
+  // Sizes of ID3v2.4 have seven bits a byte.
+  const QByteArray v24 = QByteArray("TIT2\0\0\2\x48\0\0", 10) + QByteArray(328, '\0') +
+                         QByteArray("APIC\0\0\2\x3E\0\0", 10) + apicData;
+  struct {
+    const char* name;
+    QByteArray bytes;
+  } const cases[] = {
+      {"v24.mp3", QByteArray("ID3\4\0\0\0\0\5\x1A", 10) + v24 + QByteArray(500, '\0')},
+      {"a.flac", "fLaC" + block(0, QByteArray(34, '\0')) + block('\x86', picture)},
+      {"a.m4a",
+       atom("ftyp", "M4A \0\0\0\0") +
+           atom("moov",
+                atom("udta",
+                     atom("meta", zero + atom("ilst", atom("covr", atom("data", size4(13) + zero +
+                                                                                    image))))))},
+  };
+  for (const auto& [name, bytes] : cases) {
+    const QString path = home.filePath(QString::fromLatin1(name));
+    makeSongFile(path.toUtf8(), bytes);
+    EXPECT_EQ(anyCoverArtBytes(path), image) << name;
+    makeSongFile(path.toUtf8(), bytes.first(bytes.size() / 2));
+    EXPECT_TRUE(anyCoverArtBytes(path).value_or("\xFF\xD8\xFF").startsWith("\xFF\xD8\xFF")) << name;
+  }
+  const auto ogg = anyCoverArtBytes(
+      QStringLiteral(STARTER "/Music/The Paper Orchard/Windfall/03 Cider Morning.ogg"));
+  EXPECT_TRUE(ogg && ogg->startsWith("\xFF\xD8\xFF") && ogg->endsWith("\xFF\xD9"));
+  EXPECT_FALSE(anyCoverArtBytes(home.filePath(u"none.flac"_s)));
 }
 
 TEST(FullTags, ReadsWhatID3v1DoesNotHold) {

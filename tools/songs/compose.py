@@ -1,9 +1,10 @@
 #!/usr/bin/env python3
 """compose.py DIRECTORY: plays the tunes of tunes.py into song files below DIRECTORY/<Artist>/<Album>.
 
-MP3 with ID3v1 and ID3v2.3 tags and a cover, and one Ogg Vorbis with Vorbis comments. The same input
+MP3 with ID3v1 and ID3v2.3 tags and a cover, and one Ogg Vorbis with Vorbis comments and a cover. The same input
 makes the same music. Needs python3-numpy, lame, ffmpeg, librsvg2-bin and imagemagick.
 """
+import base64
 import pathlib
 import re
 import subprocess
@@ -152,6 +153,16 @@ def cover(name):
                            "jpeg:-"], input=png, check=True, capture_output=True).stdout
 
 
+def picture_block(jpeg):
+    """A picture block of FLAC (xiph.org, "FLAC - format"), as a Vorbis comment holds it."""
+    def words(*numbers):
+        return b"".join(number.to_bytes(4, "big") for number in numbers)
+
+    front, kind = 3, b"image/jpeg"
+    block = words(front, len(kind)) + kind + words(0, 500, 500, 24, 0, len(jpeg)) + jpeg
+    return base64.b64encode(block).decode()
+
+
 def id3v2(song, picture):
     """An ID3v2.3.0 tag (id3.org/id3v2.3.0): text frames in ISO-8859-1, then one APIC."""
     def frame(name, body):
@@ -195,7 +206,8 @@ def write(song, folder):
         else:
             tags = [word for name, value in (
                 ("title", song["title"]), ("artist", song["artist"]), ("album", song["album"]),
-                ("date", song["year"]), ("tracknumber", song["track"])) for word in
+                ("date", song["year"]), ("tracknumber", song["track"]),
+                ("METADATA_BLOCK_PICTURE", picture_block(cover(song["cover"])))) for word in
                 ("-metadata", f"{name}={value}")]
             subprocess.run(["ffmpeg", "-v", "error", "-y", "-i", plain, "-c:a", "libvorbis", "-q:a", "2",
                             "-bitexact", *tags, str(target)], check=True)
