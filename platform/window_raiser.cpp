@@ -67,7 +67,8 @@ class Display {
       xcb_configure_window(connection_, window, XCB_CONFIG_WINDOW_STACK_MODE, &above);
       xcb_set_input_focus(connection_, XCB_INPUT_FOCUS_PARENT, window, XCB_CURRENT_TIME);
     }
-    xcb_flush(connection_);
+    // The answer comes after the wish was carried out; a connection that ends before may lose it.
+    owned(xcb_get_input_focus_reply(connection_, xcb_get_input_focus(connection_), nullptr));
   }
 
  private:
