@@ -117,7 +117,8 @@ done.set()
 flooding.join()
 
 quiet.die()
-console.wait_until(lambda: console.get("lblCurrentPlay")["caption"] == "Status: Idle", "the loss", 20)
+console.wait_until(lambda: console.get("lblCurrentPlay")["caption"] == "Status: Idle",
+                   "the loss, behind what the flood left in the sockets", 60)
 well = Service(greet=record("MEDIAPLAYERSTATE", 0))
 master.send(record("NEW", entry("Sa lon", well.port, "MUSIC")))
 link_says("● Music", 4)
