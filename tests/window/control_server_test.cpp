@@ -74,12 +74,11 @@ TEST_F(Socket, IsTheUsersAlone) {
   EXPECT_TRUE(error.contains(path));
 }
 
-struct Line {
-  const char* line;
-  const char* answer;  // the answer, or the beginning of its error
-};
 TEST_F(Socket, AnswersEachLine) {
-  const Line lines[] = {
+  const struct {
+    const char* line;
+    const char* answer;  // the answer, or the beginning of its error
+  } lines[] = {
       {R"({"command":"press","name":"cmdTop","index":0})", R"({"ok":true})"},
       {R"({"command":"press","name":"Grid","index":0,"row":900})", R"({"ok":true})"},
       {R"({"command":"set","name":"Slider1","value":37})", R"({"ok":true})"},
@@ -109,7 +108,7 @@ TEST_F(Socket, AnswersEachLine) {
       {"press cmdTop", "not a JSON object"},
       {"\xff\xfe{", "not a JSON object"},
   };
-  for (const Line& each : lines) {
+  for (const auto& each : lines) {
     const QJsonObject answer = ask(each.line);
     const QByteArray whole = QJsonDocument(answer).toJson(QJsonDocument::Compact);
     if (*each.answer == '{') {
