@@ -6,7 +6,7 @@ namespace {
 
 class HomePage : public CabinTest {
  protected:
-  void given(const QList<QByteArray>& actions) {
+  void startWith(const QList<QByteArray>& actions, const QByteArray& settings = {}) {
     QByteArray file;
     int left = 160;
     for (const QByteArray& action : actions) {
@@ -15,13 +15,9 @@ class HomePage : public CabinTest {
       left += 110;
     }
     home.put(u"krvgraphics/TEST/Buttonpositons.txt"_s, file);
-  }
-  void startWith(const QList<QByteArray>& actions, const QByteArray& settings = {}) {
-    given(actions);
     setting("ShowMap=1\nShowControl=1\nLOCALLISTENER=1\n" + settings);
     start();
   }
-  using CabinTest::given;
 };
 
 TEST_F(HomePage, EachActionOpensItsPage) {

@@ -102,6 +102,16 @@ class CabinTest : public testing::Test {
     pressRow(0, artistRow);
     pressRow(2, albumRow);
   }
+  // The on-screen keyboard comes up next and that is typed.
+  void typed(const QString& text, bool password = false) {
+    host->onModal(u"frmKeyboard"_s, [text, password](Form& keyboard) {
+      auto& input = dynamic_cast<TextBox&>(*keyboard.find(u"txtInput"));
+      EXPECT_EQ(!input.passwordChar().isEmpty(), password);
+      input.text = text;
+      korvane::press(keyboard, u"KEY"_s, 26);  // Enter
+    });
+  }
+
   static QStringList column(const Grid& of, int number) {
     QStringList cells;
     for (int row = 1; row <= of.maxRows(); ++row) cells << of.cell(number, row);

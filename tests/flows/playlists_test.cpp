@@ -20,12 +20,6 @@ class PlaylistFlow : public CabinTest {
   void edit(const QString& name) {
     console().editor.edit(name, home / u"PlayLists/"_s + name + u".m3u"_s);
   }
-  void name(const QString& text) {
-    host->onModal(u"frmKeyboard"_s, [=](Form& keyboard) {
-      korvane::type(keyboard, u"txtInput"_s, text);
-      korvane::press(keyboard, u"KEY"_s, 26);  // Enter
-    });
-  }
   Grid& edited() { return dynamic_cast<Grid&>(control(u"gridPlayListSongs"_s)); }
 
   QStringList days;
@@ -124,14 +118,14 @@ TEST_F(PlaylistFlow, ANewListAsksForItsNameUntilItIsGood) {
   press(u"cmdTop"_s, 3);
   pressRow(5, 1);
   press(u"cmdPlayListCommands"_s, 3);
-  name({});
+  typed({});
   press(u"cmdPlayListChoices"_s, 1);
   EXPECT_EQ(edited().maxRows(), 1) << "a name that was not given loses nothing";
-  name(u"a/b"_s);
+  typed(u"a/b"_s);
   answer(u"File name cannot contain \\/:*?\"<>|"_s);
-  name(u"mix"_s);
+  typed(u"mix"_s);
   answer(u"already"_s, No);
-  name(u"n\u00f6w"_s);
+  typed(u"n\u00f6w"_s);
   press(u"cmdPlayListChoices"_s, 1);
   EXPECT_EQ(home.get(u"PlayLists/mix.m3u"_s), "old\n");
   EXPECT_EQ(home.get(u"PlayLists/n\u00f6w.m3u"_s), days[0].toUtf8() + '\n');
