@@ -131,13 +131,9 @@ TEST_F(Socket, TellsAllOfAControl) {
   const QJsonObject image = ask(R"({"command":"get","name":"cmdtop","index":0})");
   EXPECT_EQ(image["picture"_L1], QJsonValue(u"MUSIC/play"_s));
   EXPECT_EQ(image["pixels"_L1], QJsonValue(QJsonArray{10, 10, 100, 100}));
-  const QJsonObject grid = ask(R"({"command":"get","name":"Grid","index":0})");
-  EXPECT_EQ(grid["rows"_L1].toInt(), 1000);
-  EXPECT_EQ(grid["row"_L1].toInt(), 1);
   control<TextBox>("txtName").text = u"secret"_s;
   control<TextBox>("txtName").passwordChar = u"*"_s;
   EXPECT_EQ(ask(R"({"command":"get","name":"txtName"})")["text"_L1], QJsonValue(u"******"_s));
-  EXPECT_EQ(ask(R"({"command":"tree"})")["forms"_L1].toArray().size(), 1);
 }
 
 TEST_F(Socket, APressThatOpensABoxIsAnsweredAndTheBoxToo) {

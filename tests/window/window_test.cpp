@@ -8,21 +8,8 @@ namespace {
 
 class Mirrored : public SmallConsole {};
 
-TEST_F(Mirrored, WidgetsTakeOverWhatTheFormHoldsAndHowItChanges) {
-  EXPECT_EQ(widget("cmdTop", 0).geometry(), QRect(10, 10, 100, 100));
-  EXPECT_TRUE(widget("cmdTop", 0).isVisible());
-  EXPECT_FALSE(widget("cmdSave").isVisible());
+TEST_F(Mirrored, AControlThatIsLoadedLaterHasAWidgetOfItsOwn) {
   EXPECT_EQ(widget("cmdTop", 1).accessibleName(), u"Albums"_s);
-
-  control<Frame>("framEdit").visible = true;
-  EXPECT_TRUE(widget("cmdSave").isVisible()) << "shows with the frame it lies in";
-  EXPECT_EQ(widget("cmdSave").mapTo(&host.stage(), QPoint()), QPoint(810, 110));
-
-  control<Image>("cmdTop", 0).rect = Rect{300, 200, 50, 60};
-  EXPECT_EQ(widget("cmdTop", 0).geometry(), QRect(300, 200, 50, 60));
-  control<Image>("cmdTop", 0).enabled = false;
-  EXPECT_FALSE(widget("cmdTop", 0).isEnabled());
-
   Control* further = form.load(u"cmdTop", 7);
   ASSERT_NE(host.view(form)->widget(*further), nullptr);
   EXPECT_FALSE(host.view(form)->widget(*further)->isVisible());
