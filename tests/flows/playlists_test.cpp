@@ -132,8 +132,18 @@ TEST_F(PlaylistFlow, ANewListAsksForItsNameUntilItIsGood) {
   EXPECT_TRUE(host->allDone());
 }
 
-TEST_F(PlaylistFlow, FavouritesWithoutADirectoryAreNotExported) {
+TEST_F(PlaylistFlow, MarksShowAtOnceAndAreWrittenInOrder) {
   openLists();
+  press(u"cmdTop"_s, 3);
+  pressRow(5, 4);
+  press(u"cmdFavoriateAdd"_s);
+  EXPECT_TRUE(grid(5).rows().emphasised(4));
+  openAlbum(1, 1);
+  press(u"cmdFavoriateAdd"_s);
+  EXPECT_TRUE(grid(1).rows().emphasised(1));
+  answer(u" Output file written = "_s);
+  console().favourites.exportFavorites();
+  EXPECT_EQ(home.get(u"PlayLists/Favorites.m3u"_s), (days[0] + u'\n' + one + u'\n').toUtf8());
   console().settings.write(key::PLDirectory, home / u"nowhere"_s);
   answer(u"Playlist directory does not exist "_s);
   console().favourites.exportFavorites();
