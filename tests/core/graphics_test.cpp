@@ -1,26 +1,15 @@
 #include "core/graphics.h"
 
-#include <gtest/gtest.h>
-
-#include "core/palette.h"
-#include "platform/disk_file_system.h"
-#include "tests/fakes/fake_pump.h"
-#include "tests/fakes/print.h"
-#include "tests/fakes/temporary_home.h"
+#include "tests/fakes/form_world.h"
 
 namespace korvane {
 namespace {
 
-class GraphicsTest : public testing::Test {
- protected:
-  GraphicsTest() { state.gTheme = u"TEST"_s; }
+struct GraphicsTest : FormWorld {
   QString ending(const QString& group, const QString& name) {
     const PicturePtr found = graphics.loadGraphic(group, name);
     return found ? found->path.section(u'/', -1) : QString();
   }
-  TemporaryHome home;
-  DiskFileSystem files;
-  AppState state;
   Graphics graphics{files, state, home.path()};
 };
 
@@ -62,10 +51,6 @@ TEST_F(GraphicsTest, ListsOnlyWholeThemes) {
 }
 
 TEST_F(GraphicsTest, ColoursAreReadableEvenWhereAThemeIsSilent) {
-  FakeClock clock;
-  FakePump pump(clock);
-  const Settings settings(files, pump, state, home.path());
-  const Palette palette(settings);
   EXPECT_EQ(palette.back(u"Nothing"), 0u);
   EXPECT_GE(contrast(palette.fore(u"Nothing"), 0), 4.5);
   EXPECT_EQ(palette.back(u"Grid"), 1315860u);

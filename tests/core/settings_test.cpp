@@ -1,27 +1,15 @@
 #include "core/settings.h"
 
-#include <gtest/gtest.h>
-
 #include "core/log.h"
-#include "platform/disk_file_system.h"
-#include "tests/fakes/fake_pump.h"
-#include "tests/fakes/print.h"
-#include "tests/fakes/temporary_home.h"
+#include "tests/fakes/form_world.h"
 
 namespace korvane {
 namespace {
 
-class SettingsTest : public testing::Test {
- protected:
+struct SettingsTest : FormWorld {
   void given(const QByteArray& startup) {
     home.put(u"Morvanta.INI"_s, "[startup]\n" + startup + "\n");
   }
-  TemporaryHome home;
-  FakeClock clock;
-  FakePump pump{clock};
-  DiskFileSystem files;
-  AppState state;
-  Settings settings{files, pump, state, home.path()};
 };
 
 TEST_F(SettingsTest, ConvertsByTheRuleOfEachKey) {
@@ -85,7 +73,6 @@ TEST_F(SettingsTest, ASettingIsReadAsAnyProgramLeftIt) {
 }
 
 TEST_F(SettingsTest, OnlyTheExactWordReadsTheColours) {
-  state.gTheme = u"TEST"_s;
   EXPECT_EQ(settings.readSetting(u"COLORS", u"GridBACK"), u"1315860"_s);
   EXPECT_EQ(settings.readSetting(u"Colors", u"GridBACK"), u"NO"_s);
 }

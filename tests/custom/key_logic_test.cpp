@@ -1,8 +1,6 @@
 #include "custom/key_logic.h"
 
-#include <gtest/gtest.h>
-
-#include "tests/fakes/print.h"
+#include "tests/fakes/form_world.h"
 
 namespace korvane {
 namespace {
@@ -89,7 +87,7 @@ TEST(KeyboardLayout, KeysHaveRoom) {
   } cases[] = {{usKeyboard(), {16, 200, 1248, 552}, 8},
                {controlKeyboard(usKeyboard()), {8, 8, 1120, 336}, 4},
                {sendingKeyboard(usKeyboard()), {8, 8, 1120, 352}, 4}};
-  for (const auto& [keyboard, area, gap] : cases) {
+  for (const auto& [keyboard, area, gap] : cases)
     for (const Key& key : keyboard.keys) {
       SCOPED_TRACE(key.code);
       const Rect at = keyPlace(key, area, gap);
@@ -101,13 +99,9 @@ TEST(KeyboardLayout, KeysHaveRoom) {
       for (const Key& other : keyboard.keys) {
         if (&other == &key) continue;
         EXPECT_NE(other.code, key.code);
-        const Rect beside = keyPlace(other, area, gap);
-        EXPECT_TRUE(beside.left >= at.right() || beside.right() <= at.left ||
-                    beside.top >= at.bottom() || beside.bottom() <= at.top)
-            << other.code;
+        EXPECT_TRUE(apart(at, keyPlace(other, area, gap))) << other.code;
       }
     }
-  }
 }
 
 TEST(KeyboardLayout, TheOtherKeyboardsTypeWhatTheChosenOneDoes) {

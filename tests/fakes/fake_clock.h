@@ -23,7 +23,6 @@ class FakeClock : public Clock {
 class FakeChance : public Chance {
  public:
   float rnd() override {
-    ++calls;
     if (script.empty()) {
       sequence_ = sequence_ * 1664525U + 1013904223U;
       return static_cast<float>(sequence_ >> 8) * 0x1p-24F;
@@ -34,7 +33,6 @@ class FakeChance : public Chance {
   }
 
   std::deque<float> script;
-  int calls = 0;
 
  private:
   quint32 sequence_ = 1;

@@ -41,7 +41,7 @@ bool FakeFileSystem::FolderExists(const QString& path) const {
 
 bool FakeFileSystem::CreateFolder(const QString& path) {
   if (FolderExists(path)) return true;
-  if (path.isEmpty() || node(path) || broken_.contains(key(path))) return false;
+  if (path.isEmpty() || node(path)) return false;
   const QString parent = GetParentFolderName(clean(path));
   if (!parent.isEmpty() && !CreateFolder(parent)) return false;
   const QString name = clean(path).mid(clean(path).lastIndexOf(u'/') + 1);
@@ -51,7 +51,7 @@ bool FakeFileSystem::CreateFolder(const QString& path) {
 }
 
 bool FakeFileSystem::DeleteFile(const QString& path) {
-  return FileExists(path) && !broken_.contains(key(path)) && nodes_.erase(key(path)) == 1;
+  return FileExists(path) && nodes_.erase(key(path)) == 1;
 }
 
 bool FakeFileSystem::DeleteFolder(const QString& path) {
@@ -82,7 +82,6 @@ QStringList FakeFileSystem::names(const QString& path, bool folders) const {
     if (entry.folder == folders && slash == folder.size() && at.startsWith(folder))
       names.append(entry.path.mid(entry.path.lastIndexOf(u'/') + 1));
   }
-  if (backwards) std::reverse(names.begin(), names.end());
   return names;
 }
 
@@ -95,20 +94,15 @@ QStringList FakeFileSystem::Files(const QString& path) const {
 }
 
 std::optional<QByteArray> FakeFileSystem::read(const QString& path, qint64 limit) const {
-  ++reads;
-  if (onRead) onRead();
   const Node* found = node(path);
-  if (!found || found->folder || found->bytes.size() > limit || broken_.contains(key(path)))
-    return std::nullopt;
+  if (!found || found->folder || found->bytes.size() > limit) return std::nullopt;
   return found->bytes;
 }
 
 // Takes `count` bytes of the room that is left for a write to `path`.
 bool FakeFileSystem::take(const QString& path, qint64 count, QString* error) {
   QString why;
-  if (broken_.contains(key(path)))
-    why = u"The disk reports a fault."_s;
-  else if (!FolderExists(GetParentFolderName(clean(path))))
+  if (!FolderExists(GetParentFolderName(clean(path))))
     why = u"Its folder does not exist."_s;
   else if (FolderExists(path))
     why = u"A folder has that name."_s;
@@ -119,7 +113,6 @@ bool FakeFileSystem::take(const QString& path, qint64 count, QString* error) {
     return false;
   }
   if (room >= 0) room -= count;
-  ++writes;
   return true;
 }
 

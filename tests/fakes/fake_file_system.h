@@ -1,9 +1,7 @@
-// A disk in memory, which can be full, broken or slow to answer. Paths fold case as the real one
-// does.
+// A disk in memory, which can be full. Paths fold case as the real one does.
 #pragma once
 
 #include <map>
-#include <set>
 
 #include "platform/file_system.h"
 
@@ -26,17 +24,11 @@ class FakeFileSystem : public FileSystem {
   bool append(const QString& path, const QByteArray& bytes) override;
   QStringList volumes() const override { return mounted; }
 
-  void put(const QString& path, const QByteArray& bytes);  // whatever the faults, with its folders
-  QByteArray bytes(const QString& path) const;  // whatever the faults; empty when missing
-  void fail(const QString& path) { broken_.insert(key(path)); }  // reads and writes of it fail
-  void heal() { broken_.clear(), room = -1; }
+  void put(const QString& path, const QByteArray& bytes);  // whatever the room, with its folders
+  QByteArray bytes(const QString& path) const;             // empty when missing
 
   QStringList mounted;
-  qint64 room = -1;              // bytes that can still be written; -1 for no end
-  bool backwards = false;        // folders list their names from z to a
-  std::function<void()> onRead;  // runs inside each read
-  mutable int reads = 0;
-  int writes = 0;
+  qint64 room = -1;  // bytes that can still be written; -1 for no end
 
  private:
   struct Node {
@@ -50,7 +42,6 @@ class FakeFileSystem : public FileSystem {
   bool take(const QString& path, qint64 count, QString* error);
 
   std::map<QString, Node> nodes_;
-  std::set<QString> broken_;
 };
 
 }  // namespace korvane

@@ -1,4 +1,4 @@
-// The machine below the console, recording what is done to it and refusing when told to.
+// The machine below the console, recording what is done to it.
 #pragma once
 
 #include <deque>
@@ -11,14 +11,10 @@ namespace korvane {
 class FakeScreenPower : public ScreenPower {
  public:
   Saved read() const override { return values; }
-  void write(const Saved& written) override {
-    values = written;
-    ++writes;
-  }
+  void write(const Saved& written) override { values = written; }
   void setScreenSaverActive(bool on) override { screenSaverActive = on; }
 
   Saved values{true, true, 600, 300};
-  int writes = 0;
   bool screenSaverActive = true;
 };
 
@@ -26,11 +22,10 @@ class FakeSession : public Session {
  public:
   bool exitWindows(int flags) override {
     asked.push_back(flags);
-    return !refuses;
+    return true;
   }
 
   std::vector<int> asked;
-  bool refuses = false;
 };
 
 class FakeMixer : public Mixer {
@@ -39,7 +34,7 @@ class FakeMixer : public Mixer {
   int maximum() const override { return top; }
   int level() const override { return value; }
   bool setLevel(int to) override {
-    if (!opened || refuses || to < 0 || to > top) return false;
+    if (!opened || to < 0 || to > top) return false;
     value = to;
     return true;
   }
@@ -47,7 +42,7 @@ class FakeMixer : public Mixer {
   void watch(std::function<void()> changed) override { outside = std::move(changed); }
 
   std::function<void()> outside;
-  bool present = true, opened = false, refuses = false;
+  bool present = true, opened = false;
   int top = 65535, value = 0;
 };
 
@@ -92,13 +87,9 @@ class FakeBox : public SystemBox {
 
 class FakeInstance : public OneInstance {
  public:
-  bool taken() override {
-    ++asked;
-    return runsElsewhere;
-  }
+  bool taken() override { return runsElsewhere; }
 
   bool runsElsewhere = false;
-  int asked = 0;
 };
 
 }  // namespace korvane

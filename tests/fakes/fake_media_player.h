@@ -16,9 +16,8 @@ class FakeMediaPlayer : public MediaPlayer {
     CurrentPositionValue = 0;
     error_ = errors.contains(path) ? errors.at(path) : QString();
   }
-  void setStream(std::shared_ptr<SoundStream> stream, const QString& name) override {
+  void setStream(std::shared_ptr<SoundStream>, const QString& name) override {
     calls << u"stream "_s + name;
-    streamed = std::move(stream);
     state_ = Stopped;
     CurrentPositionValue = 0;
     error_.clear();
@@ -62,7 +61,6 @@ class FakeMediaPlayer : public MediaPlayer {
   }
 
   QStringList calls;
-  std::shared_ptr<SoundStream> streamed;
   double DurationValue = 0, CurrentPositionValue = 0;
   std::map<QString, QString> errors;  // of files that cannot be opened
 

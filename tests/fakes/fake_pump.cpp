@@ -18,11 +18,10 @@ void FakePump::yield() {
 // Runs the earliest scheduled work that is due by `until`, at its time.
 bool FakePump::runNext(qint64 until) {
   if (schedule_.empty() || schedule_.begin()->first > until) return false;
-  const auto [time, scheduled] = *schedule_.begin();
+  const auto [time, work] = *schedule_.begin();
   schedule_.erase(schedule_.begin());
   clock_.advance(std::max<qint64>(time - clock_.monotonicMs(), 0));
-  if (scheduled.period > 0) schedule_.emplace(time + scheduled.period, scheduled);
-  scheduled.work();
+  work();
   return true;
 }
 
@@ -39,7 +38,6 @@ void FakePump::breathe() {
 bool FakePump::wait(int milliseconds, const std::function<bool()>& done) {
   const qint64 begin = clock_.monotonicMs(), end = begin + milliseconds;
   ++waits;
-  ++waiting_;
   bool held = done();
   for (bool over = false; !held && !over; held = done()) {
     if (!queue_.empty() || duringYield) {
@@ -49,7 +47,6 @@ bool FakePump::wait(int milliseconds, const std::function<bool()>& done) {
       over = true;
     }
   }
-  --waiting_;
   waitedMs += static_cast<int>(clock_.monotonicMs() - begin);
   return held;
 }
@@ -72,15 +69,8 @@ void FakePump::runBackground() {
   }
 }
 
-void FakePump::at(qint64 milliseconds, std::function<void()> work, qint64 period) {
-  schedule_.emplace(clock_.monotonicMs() + milliseconds, Scheduled{std::move(work), period});
-}
-
-void FakePump::pass(qint64 milliseconds) {
-  const qint64 end = clock_.monotonicMs() + milliseconds;
-  do settle();
-  while (runNext(end));
-  clock_.advance(std::max<qint64>(end - clock_.monotonicMs(), 0));
+void FakePump::at(qint64 milliseconds, std::function<void()> work) {
+  schedule_.emplace(clock_.monotonicMs() + milliseconds, std::move(work));
 }
 
 void FakePump::settle() {

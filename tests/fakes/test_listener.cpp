@@ -1,11 +1,9 @@
 #include "tests/fakes/test_listener.h"
 
-#include <QThread>
-
 namespace korvane {
 
-TestListener::TestListener(quint16 port) {
-  if (!server_.listen(QHostAddress::LocalHost, port))
+TestListener::TestListener() {
+  if (!server_.listen(QHostAddress::LocalHost))
     throw std::runtime_error("the test Listener finds no port");
   QObject::connect(&server_, &QTcpServer::newConnection, &server_, [this] { accept(); });
   QObject::connect(&timer_, &QTimer::timeout, &server_, [this] { tick(); });
@@ -39,14 +37,13 @@ void TestListener::answer(const QByteArrayList& fields) {
       send({u"SONGPLAYING"_s, title_});
     }
     sendState();
-    if (!displayVolume) return;
-    send({u"MAXVOLUME"_s, QString::number(maxVolume)});
-    send({u"VOLUME"_s, QString::number(volume)});
+    send({u"MAXVOLUME"_s, u"100"_s});
+    send({u"VOLUME"_s, volume_});
   } else if (command == "PLAY" && !argument.isEmpty()) {
-    play(argument, QString::fromLatin1(fields.value(3)));
+    play(QString::fromLatin1(fields.value(3)));
   } else if (command == "PLAY") {
     state_ = 2;
-    timer_.start(tickMs);
+    timer_.start(1000);
     send({u"PAUSETOPLAY"_s});
   } else if (command == "STOP") {
     timer_.stop();
@@ -59,40 +56,33 @@ void TestListener::answer(const QByteArrayList& fields) {
   } else if (command == "DURATION") {
     send({u"MUSICDURATION"_s, QString::number(songSeconds)});
   } else if (command == "VOLUME") {
-    volume = argument.toInt();
-    send({u"VOLUME"_s, argument});
+    volume_ = argument;
+    send({u"VOLUME"_s, volume_});
   } else if (command == "CURRENTPOSITION") {
     position_ = argument.toDouble();
   }
 }
 
-void TestListener::play(const QString& path, const QString& title) {
-  timer_.stop();
-  if (!plays(path)) return send({u"ERROR"_s, u"File not found"_s});
+void TestListener::play(const QString& title) {
   position_ = 0;
   title_ = title;
   state_ = 2;
   send({u"MUSICDURATION"_s, QString::number(songSeconds)});
   send({u"SONGPLAYING"_s, title_});
   sendState();
-  timer_.start(tickMs);
-  if (cover.isEmpty()) return;
-  send({u"RECEIVEJPG"_s, QString::number(cover.size())});
-  QTimer::singleShot(30, &server_, [this] { send(cover); });  // a delivery of its own
+  timer_.start(1000);
 }
 
 void TestListener::tick() {
-  position_ += speed * tickMs / 1000;
-  if (position_ >= songSeconds) return endSong();
+  position_ += speed;
+  if (position_ >= songSeconds) {
+    timer_.stop();
+    state_ = 0;
+    return send({u"ENDOFSTREAM"_s});
+  }
   const int whole = static_cast<int>(position_);
   send({u"MUSICTIMER"_s, u"%1:%2"_s.arg(whole / 60).arg(whole % 60, 2, 10, QChar(u'0')),
         QString::number(position_)});
-}
-
-void TestListener::endSong() {
-  timer_.stop();
-  state_ = 0;
-  send({u"ENDOFSTREAM"_s});
 }
 
 void TestListener::sendState() {
@@ -105,24 +95,13 @@ void TestListener::send(const QStringList& fields) {
 
 void TestListener::send(const QByteArray& bytes) {
   if (!connected()) return;
-  const qsizetype piece = pieceBytes > 0 ? pieceBytes : bytes.size();
-  for (qsizetype from = 0; from < bytes.size(); from += piece) {
-    peer_->write(bytes.mid(from, piece));
-    peer_->flush();
-    if (pieceBytes > 0) QThread::msleep(2);
-  }
+  peer_->write(bytes);
+  peer_->flush();
 }
 
 void TestListener::vanish() {
   timer_.stop();
   if (peer_) peer_->abort();
-}
-
-void TestListener::flood(int records) {
-  QByteArray bytes;
-  for (int i = 0; i < records; ++i)
-    bytes += "MUSICTIMER" + QByteArray(1, '\0') + "0:01" + QByteArray(1, '\0') + "1\1";
-  send(bytes);
 }
 
 QByteArray TestListener::escaped(const QByteArray& bytes) {

@@ -1,5 +1,5 @@
 // A Music Listener over real TCP for tests: it answers each command as a faithful service does,
-// with songs that play silently for a set time, and misbehaves when told to.
+// with songs that play silently for a set time.
 #pragma once
 
 #include <QTcpServer>
@@ -12,27 +12,16 @@ namespace korvane {
 
 class TestListener {
  public:
-  explicit TestListener(quint16 port = 0);  // on this machine only; 0 takes any free port
+  TestListener();  // on this machine only, at any free port
   quint16 port() const { return server_.serverPort(); }
   bool connected() const { return peer_ && peer_->state() == QAbstractSocket::ConnectedState; }
 
-  // How it behaves.
   double songSeconds = 3;
-  int tickMs = 1000;    // between MUSICTIMER records
   double speed = 1;     // seconds of song in a second
-  QByteArray cover;     // sent at each song, when not empty
-  int pieceBytes = 0;   // deliveries are cut into pieces of so many bytes
   bool silent = false;  // records are taken and never answered
-  std::function<bool(const QString&)> plays = [](const QString&) { return true; };
-  int volume = 50, maxVolume = 100;
-  bool displayVolume = true;
 
-  // What it does at once.
   void send(const QByteArray& bytes);  // one write
-  void send(const QStringList& fields);
-  void vanish();  // drops the connection without a word
-  void flood(int records);
-  void endSong();
+  void vanish();                       // drops the connection without a word
 
   QByteArrayList received;  // whole records with their 0x01, in order
   std::function<void(const QByteArray& record)> onRecord;
@@ -43,7 +32,8 @@ class TestListener {
   void accept();
   void read();
   void answer(const QByteArrayList& fields);
-  void play(const QString& path, const QString& title);
+  void play(const QString& title);
+  void send(const QStringList& fields);
   void sendState();
   void tick();
 
@@ -53,7 +43,7 @@ class TestListener {
   QTimer timer_;
   int state_ = 0;
   double position_ = 0;
-  QString title_;
+  QString title_, volume_ = u"50"_s;
 };
 
 }  // namespace korvane

@@ -1,7 +1,6 @@
 // A whole console over fakes: "given songs, press, the player is asked for".
 #pragma once
 
-#include <fcntl.h>
 #include <gtest/gtest.h>
 
 #include <QRegularExpression>
@@ -19,20 +18,13 @@
 
 namespace korvane {
 
-// A disk on which nothing new can be written while `error` is not 0.
-class RefusingCalls : public FileCalls {
+class FullDisk : public FileCalls {
  public:
   ssize_t write(int file, const void* bytes, size_t count) override {
-    errno = error;
-    return error == ENOSPC ? -1 : FileCalls::write(file, bytes, count);
+    errno = ENOSPC;
+    return full ? -1 : FileCalls::write(file, bytes, count);
   }
-  int open(const char* path, int flags, mode_t mode) override {
-    errno = error;
-    return (flags & O_CREAT) && (error == EROFS || error == EACCES)
-               ? -1
-               : FileCalls::open(path, flags, mode);
-  }
-  int error = 0;
+  bool full = false;
 };
 
 class CabinTest : public testing::Test {
@@ -44,6 +36,11 @@ class CabinTest : public testing::Test {
     const QString path = home.put(u"Music/%1/%2/%3.mp3"_s.arg(artist, album, title), "x");
     Database(home.path()).insertSong({artist, album, title, {}, {}, path});
     return path;
+  }
+  // Three songs of one album; their paths.
+  QStringList givenDays() {
+    return {given(u"Ada"_s, u"Days"_s, u"001-Dawn"_s), given(u"Ada"_s, u"Days"_s, u"002-Noon"_s),
+            given(u"Ada"_s, u"Days"_s, u"003-Dusk"_s)};
   }
   void setting(const QByteArray& lines) {
     home.put(u"Morvanta.INI"_s, "[STARTUP]\nTheme=test\nMainPage=CB\nShowPhoto=1\n" + lines);
@@ -82,8 +79,21 @@ class CabinTest : public testing::Test {
       ADD_FAILURE() << "nothing hears " << name.toStdString();
     system().pump.settle();
   }
+  void fire(const QString& name, Event::Type type) {
+    EXPECT_TRUE(form().fire(control(name), {type})) << name.toStdString();
+    system().pump.settle();
+  }
   void pressRow(int list, int row) { fireRow(Event::Click, list, row); }
   void playRow(int list, int row) { fireRow(Event::DblClick, list, row); }
+
+  // The message box that comes next says that, and is answered.
+  enum Answer { Yes, No, Ok };
+  void answer(const QString& contains, Answer button = Ok) {
+    host->onModal(u"frmMsgBox"_s, [contains, button](Form& box) {
+      EXPECT_TRUE(textOf(box, u"msg"_s).contains(contains)) << textOf(box, u"msg"_s).toStdString();
+      korvane::press(box, u"cmdControls"_s, button);
+    });
+  }
 
   // The Music tab, an artist, the album of that row.
   void openAlbum(int artistRow, int albumRow) {
@@ -91,6 +101,21 @@ class CabinTest : public testing::Test {
     press(u"cmdTop"_s, 0);
     pressRow(0, artistRow);
     pressRow(2, albumRow);
+  }
+  // The on-screen keyboard comes up next and that is typed.
+  void typed(const QString& text, bool password = false) {
+    host->onModal(u"frmKeyboard"_s, [text, password](Form& keyboard) {
+      auto& input = dynamic_cast<TextBox&>(*keyboard.find(u"txtInput"));
+      EXPECT_EQ(!input.passwordChar().isEmpty(), password);
+      input.text = text;
+      korvane::press(keyboard, u"KEY"_s, 26);  // Enter
+    });
+  }
+
+  static QStringList column(const Grid& of, int number) {
+    QStringList cells;
+    for (int row = 1; row <= of.maxRows(); ++row) cells << of.cell(number, row);
+    return cells;
   }
   QString playing() {
     const QStringList opened = player.calls.filter(QRegularExpression(u"^open "_s));
@@ -104,7 +129,7 @@ class CabinTest : public testing::Test {
   FakeSystem& system() { return fakes_; }
 
   TemporaryHome home;
-  RefusingCalls calls;
+  FullDisk diskCalls;
   FakeMediaPlayer player;
   FakeFormHost* host = nullptr;
   std::vector<FakeWinsock*> sockets;  // music, movie, master, lights
@@ -120,7 +145,7 @@ class CabinTest : public testing::Test {
   }
 
   FakeSystem fakes_;
-  DiskFileSystem disk_{calls};
+  DiskFileSystem disk_{diskCalls};
   System system_ = fakes_.with(
       player,
       [this] {

@@ -6,25 +6,18 @@ namespace {
 class JukeboxMode : public CabinTest {
  protected:
   explicit JukeboxMode(const QByteArray& settings = {}) {
-    for (const char* title : {"001-Dawn", "002-Noon", "003-Dusk"})
-      given(u"Ada"_s, u"Days"_s, QString::fromLatin1(title));
+    givenDays();
     setting("LOCALLISTENER=1\n" + settings);
     start();
     openAlbum(1, 1);
   }
 
   QStringList queue() {
-    QStringList titles;
-    for (int row = 1; row <= grid(6).maxRows(); ++row) titles << grid(6).cell(1, row);
-    // The queue is the play list, row for row.
     QStringList paths;
     const auto& list = console().database.rsPlaySongs;
-    for (int record = 1; record <= list.RecordCount(); ++record)
-      paths << list.at(record).Path.section(u'/', -1);
-    for (int row = 1; row <= grid(6).maxRows(); ++row)
-      EXPECT_EQ(grid(6).cell(4, row).section(u'/', -1), paths.value(row - 1));
-    EXPECT_EQ(paths.size(), titles.size());
-    return titles;
+    for (int record = 1; record <= list.RecordCount(); ++record) paths << list.at(record).Path;
+    EXPECT_EQ(column(grid(6), 4), paths) << "the queue is the play list, row for row";
+    return column(grid(6), 1);
   }
   QString count(int n) { return u"Jukebox!   number of selections (%1)"_s.arg(n); }
 };
@@ -117,28 +110,10 @@ class LockedJukebox : public JukeboxMode {
       : JukeboxMode(
             "JukeboxLock=YES\nSetup=4711\nShowExit=1\nShowMin=1\nShowSetup=1\n"
             "ShowMute=1\n") {}
-  void answer(const QString& typed) {
-    console().messages.setLinePrompt(&prompt_);
-    prompt_.typed = typed;
-  }
-  int asked() { return std::exchange(prompt_.asked, 0); }
-
- private:
-  struct Prompt : LinePrompt {
-    void ask(QString& text, bool password) override {
-      ++asked;
-      EXPECT_TRUE(password);
-      text = typed;
-    }
-    QString typed;
-    int asked = 0;
-  } prompt_;
 };
 
 TEST_F(LockedJukebox, GuestsQueueAndOnlyThePasswordSkips) {
-  answer({});
   press(u"optMode"_s, 1);
-  EXPECT_EQ(asked(), 0);
   for (const int row : {1, 2, 3}) playRow(1, row);
   EXPECT_FALSE(control(u"Slider1"_s).enabled());
   const struct {
@@ -146,24 +121,25 @@ TEST_F(LockedJukebox, GuestsQueueAndOnlyThePasswordSkips) {
     int index;
   } refused[] = {{"cmdControls", 3}, {"cmdControls", 4}, {"cmdControls", 5},  {"optMode", 0},
                  {"cmdSetup", -1},   {"imgExit", -1},    {"cmdMinimize", -1}, {"mute", -1}};
-  for (const auto& [name, index] : refused) press(QString::fromLatin1(name), index);
-  EXPECT_EQ(asked(), 8);
+  for (const auto& [name, index] : refused) {
+    typed({}, true);
+    press(QString::fromLatin1(name), index);
+    EXPECT_TRUE(host->allDone()) << name << " did not ask";
+  }
   EXPECT_EQ(queue().size(), 3);
   EXPECT_EQ(playing(), u"001-Dawn"_s);
   EXPECT_TRUE(console().state.jukeboxMode);
-  press(u"cmdControls"_s, 2);
-  EXPECT_EQ(asked(), 0) << "pause is free";
+  press(u"cmdControls"_s, 2);  // pause is free
 
-  answer(u"4711"_s);
+  typed(u"4711"_s, true);
   press(u"cmdControls"_s, 4);
   EXPECT_EQ(playing(), u"002-Noon"_s);
   EXPECT_TRUE(control(u"Slider1"_s).enabled());
-  press(u"cmdControls"_s, 4);
-  EXPECT_EQ(asked(), 1) << "open for a while";
+  press(u"cmdControls"_s, 4);  // open for a while
   ASSERT_TRUE(form().fire(control(u"LockTimer"_s), {Event::Tick}));
-  answer({});
+  typed({}, true);
   press(u"cmdControls"_s, 4);
-  EXPECT_EQ(asked(), 1) << "and locked again";
+  EXPECT_TRUE(host->allDone()) << "and locked again";
   EXPECT_EQ(playing(), u"003-Dusk"_s);
 }
 

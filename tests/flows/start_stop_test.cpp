@@ -65,13 +65,10 @@ TEST_F(StartStop, FormLoadTwiceChangesNothing) {
 TEST_F(StartStop, LeavingAsksAndClosesEveryConnection) {
   setting("ShowExit=1\n");
   start();
-  host->onModal(u"frmMsgBox"_s, [](Form& box) {
-    EXPECT_EQ(textOf(box, u"msg"_s), u" Are you Sure you want to shut down? "_s);
-    korvane::press(box, u"cmdControls"_s, 1);
-  });
+  answer(u" Are you Sure you want to shut down? "_s, No);
   press(u"imgExit"_s);
   EXPECT_FALSE(ended);
-  host->onModal(u"frmMsgBox"_s, [](Form& box) { korvane::press(box, u"cmdControls"_s, 0); });
+  answer({}, Yes);
   press(u"imgExit"_s);
   EXPECT_TRUE(ended);
   for (const FakeWinsock* socket : sockets) EXPECT_GT(socket->closes, 0);

@@ -3,8 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <QBuffer>
-#include <QFile>
-#include <QTemporaryDir>
 #include <stdexcept>
 
 #include "library/tags/any_cover.h"
@@ -12,7 +10,7 @@
 #include "library/tags/cover_art.h"
 #include "library/tags/full_tags.h"
 #include "tests/fakes/print.h"
-#include "tests/library/song_files.h"
+#include "tests/fakes/temporary_home.h"
 
 namespace korvane {
 namespace {
@@ -54,22 +52,15 @@ TEST(ReadID3v1, TakesTheFieldsAsTheyStand) {
 }
 
 TEST(ReadID3v1, ReadsOnlyAWholeTagAtTheEndOfAFile) {
-  QTemporaryDir home;
-  const QString path = home.filePath(u"a.mp3"_s);
-  const auto of = [&](const QByteArray& bytes) {
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-    file.close();
-    return readID3v1(path);
-  };
+  const TemporaryHome home;
+  const auto of = [&](const QByteArray& bytes) { return readID3v1(home.put(u"a.mp3"_s, bytes)); };
   EXPECT_TRUE(of(QByteArray(1000, 'x') + id3v1("t")));
   EXPECT_TRUE(of(id3v1("t")));
   EXPECT_FALSE(of(id3v1("t").first(127)));
   EXPECT_FALSE(of(id3v1("t") + "x"));
   EXPECT_FALSE(of({}));
   EXPECT_FALSE(readID3v1(QString()));
-  EXPECT_THROW(readID3v1(home.filePath(u"none"_s)), std::runtime_error);
+  EXPECT_THROW(readID3v1(home / u"none"_s), std::runtime_error);
 }
 
 TEST(ConvertBase, ConvertsAndRefuses) {
@@ -159,7 +150,7 @@ QByteArray block(char kind, const QByteArray& data) {
 }
 
 TEST(AnyCover, IsFoundInEachKindOfFile) {
-  const QTemporaryDir home;
+  const TemporaryHome home;
   const QByteArray image = "\xFF\xD8\xFF\xE0" + QByteArray(300, 'j');
   const QByteArray zero = size4(0), size = size4(304);
   const QByteArray picture = size4(3) + size4(9) + "image/jpg" + zero.repeated(5) + size + image;
@@ -181,30 +172,26 @@ TEST(AnyCover, IsFoundInEachKindOfFile) {
                                                                                     image))))))},
   };
   for (const auto& [name, bytes] : cases) {
-    const QString path = home.filePath(QString::fromLatin1(name));
-    makeSongFile(path.toUtf8(), bytes);
-    EXPECT_EQ(anyCoverArtBytes(path), image) << name;
-    makeSongFile(path.toUtf8(), bytes.first(bytes.size() / 2));
-    EXPECT_TRUE(anyCoverArtBytes(path).value_or("\xFF\xD8\xFF").startsWith("\xFF\xD8\xFF")) << name;
+    const QString file = QString::fromLatin1(name);
+    EXPECT_EQ(anyCoverArtBytes(home.put(file, bytes)), image) << name;
+    const QString half = home.put(file, bytes.first(bytes.size() / 2));
+    EXPECT_TRUE(anyCoverArtBytes(half).value_or("\xFF\xD8\xFF").startsWith("\xFF\xD8\xFF")) << name;
   }
   const auto ogg = anyCoverArtBytes(
       QStringLiteral(STARTER "/Music/The Paper Orchard/Windfall/03 Cider Morning.ogg"));
   EXPECT_TRUE(ogg && ogg->startsWith("\xFF\xD8\xFF") && ogg->endsWith("\xFF\xD9"));
-  EXPECT_FALSE(anyCoverArtBytes(home.filePath(u"none.flac"_s)));
+  EXPECT_FALSE(anyCoverArtBytes(home / u"none.flac"_s));
 }
 
 TEST(FullTags, ReadsWhatID3v1DoesNotHold) {
-  QTemporaryDir home;
-  const QString path = home.filePath(u"a.mp3"_s);
-  QFile file(path);
-  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  const TemporaryHome home;
   const QByteArray frames = frame("TIT2", QByteArray("\0\xCF\xF0\xE8", 4)) +
                             frame("TPE1", QByteArray("\1\xFF\xFE\x16\x04", 5)) +
                             frame("TRCK", QByteArray("\0", 1) + "7/12") +
                             frame("TYER", QByteArray("\0", 1) + "2001");
-  file.write("ID3\x03" + QByteArray(2, '\0') + size4(static_cast<quint32>(frames.size())) + frames +
-             QByteArray(2000, '\0'));
-  file.close();
+  const QString path = home.put(u"a.mp3"_s, "ID3\x03" + QByteArray(2, '\0') +
+                                                size4(static_cast<quint32>(frames.size())) +
+                                                frames + QByteArray(2000, '\0'));
   setFullTagsPage(CodePage(u"windows-1251"_s));
   const auto tags = readFullTags(path);
   setFullTagsPage(CodePage());
@@ -213,7 +200,7 @@ TEST(FullTags, ReadsWhatID3v1DoesNotHold) {
   EXPECT_EQ(tags->Artist, u"Ж"_s);
   EXPECT_EQ(tags->track, 7);
   EXPECT_EQ(tags->Year, u"2001"_s);
-  EXPECT_FALSE(readFullTags(home.filePath(u"none.mp3"_s)));
+  EXPECT_FALSE(readFullTags(home / u"none.mp3"_s));
 }
 
 }  // namespace

@@ -14,7 +14,6 @@
 #include "tests/fakes/fake_clock.h"
 #include "tests/fakes/fake_pump.h"
 #include "tests/library/library_fixture.h"
-#include "tests/library/song_files.h"
 
 namespace korvane {
 namespace {

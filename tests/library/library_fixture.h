@@ -5,12 +5,32 @@
 
 #include <QTemporaryDir>
 #include <filesystem>
+#include <fstream>
 
 #include "library/database.h"
 #include "library/schema.h"
 #include "tests/fakes/print.h"
 
 namespace korvane {
+
+// A song file of any bytes under a name of any bytes, with the directories above it.
+inline void makeSongFile(const QByteArray& path, const QByteArray& bytes) {
+  const std::filesystem::path file(path.toStdString());
+  std::filesystem::create_directories(file.parent_path());
+  std::ofstream out(file, std::ios::binary | std::ios::trunc);
+  out.write(bytes.constData(), bytes.size());
+  out.close();
+  if (!out) throw std::runtime_error("cannot write " + path.toStdString());
+}
+
+// An ID3v1 tag.
+inline QByteArray songTag(const QByteArray& title, const QByteArray& artist,
+                          const QByteArray& album) {
+  const auto field = [](QByteArray text, qsizetype size) {
+    return text.first(std::min(size, text.size())).append(size - std::min(size, text.size()), '\0');
+  };
+  return "TAG" + field(title, 30) + field(artist, 30) + field(album, 30) + QByteArray(35, '\0');
+}
 
 class LibraryTest : public testing::Test {
  protected:

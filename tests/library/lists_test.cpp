@@ -35,12 +35,9 @@ class ListsTest : public LibraryTest {
     return rows;
   }
   static QList<QStringList> all(const RowSource& rows, int columns) {
-    QList<QStringList> found;
-    for (int row = 1; row <= rows.rowCount(); ++row) {
-      QStringList cells;
-      for (int i = 1; i <= columns; ++i) cells << rows.cell(i, row);
-      found << cells;
-    }
+    QList<QStringList> found(rows.rowCount());
+    for (int i = 1; i <= columns; ++i)
+      for (int row = 1; row <= rows.rowCount(); ++row) found[row - 1] << rows.cell(i, row);
     return found;
   }
   QString listFile() const { return home.filePath(u"Morvanta.idx"_s); }

@@ -2,17 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/fakes/fake_clock.h"
+
 namespace korvane {
 namespace {
-
-class Drawn : public Chance {
- public:
-  explicit Drawn(float value) : value_(value) {}
-  float rnd() override { return value_; }
-
- private:
-  float value_;
-};
 
 PlaySongs listOf(int count) {
   PlaySongs songs;
@@ -35,7 +28,8 @@ TEST(PlaySongs, CutsTextsToTheirFieldsAndKeepsThePath) {
 TEST(PlaySongs, TheBagPlaysEachOnceBeforeAnyAgain) {
   PlaySongs songs = listOf(5);
   for (const float draw : {0.0F, 0.5F, 0.99999997F}) {
-    Drawn chance(draw);
+    FakeChance chance;
+    chance.script.assign(6, draw);
     std::vector<int> drawn;
     for (int i = 0; i < 5; ++i) drawn.push_back(songs.getRandomRecord(i == 0, chance));
     std::sort(drawn.begin(), drawn.end());

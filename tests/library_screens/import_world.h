@@ -1,16 +1,8 @@
-// A program directory and a music tree on the disk, forms on no screen, and a library that writes
-// down what is asked of it.
+// A music tree on the disk and a library that writes down what is asked of it.
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include "library/screens/mp3_setup_form.h"
-#include "platform/disk_file_system.h"
-#include "tests/fakes/fake_form_host.h"
-#include "tests/fakes/fake_messages.h"
-#include "tests/fakes/fake_pump.h"
-#include "tests/fakes/print.h"
-#include "tests/fakes/temporary_home.h"
+#include "tests/fakes/form_world.h"
 
 namespace korvane {
 
@@ -61,14 +53,12 @@ class FakeImportNews : public ImportNews {
   QStringList heard;
 };
 
-struct ImportWorld : ::testing::Test {
+struct ImportWorld : FormWorld {
   ImportWorld() {
-    state.gTheme = u"TEST"_s;
     for (const char* song : {"music/Abba/Gold/01-Waterloo.mp3", "music/Abba/Gold/b.WMA",
                              "music/Abba/Gold/cover.jpg", "music/zz top/Eliminator/Legs.wav"})
       home.put(QString::fromLatin1(song), song);
   }
-  ~ImportWorld() override { EXPECT_TRUE(host.allDone()) << "a form did not come up"; }
 
   QString music(const QString& below = {}) const { return home / (u"music"_s + below); }
   static void tap(Form& form, const QString& list, const QString& row) {
@@ -88,16 +78,7 @@ struct ImportWorld : ::testing::Test {
     return all;
   }
 
-  TemporaryHome home;
-  DiskFileSystem files;
-  FakeClock clock;
-  FakePump pump{clock};
-  AppState state;
-  Settings settings{files, pump, state, home.path()};
-  Palette palette{settings};
   Screen screen;
-  FakeFormHost host;
-  FakeMessages messages;
   FakeSongImport import;
   FakeImportNews news;
   DirectorysForm directorys{

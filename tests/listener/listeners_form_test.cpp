@@ -8,17 +8,14 @@ namespace {
 
 struct ListenersFormTest : MusicWorld {
   QStringList lamps(Form& shown) {
+    const QHash<Colour, QString> words{{65280, u"green"_s}, {255, u"red"_s}};
     QStringList seen;
     for (int i = 0; i < 3; ++i) {
       const Control& lamp = *shown.find(u"Shape", i);
-      const Colour colour = lamp.colours().fore.value_or(0);
-      const bool lit = lamp.caption() == u"●"_s;
-      seen << textOf(shown, u"lblIP"_s, i) + u": "_s +
-                  (!lit              ? u"dark"_s
-                   : colour == 65280 ? u"green"_s
-                   : colour == 255   ? u"red"_s
-                                     : u"?"_s) +
-                  u" "_s + textOf(shown, u"lblState"_s, i);
+      const QString lit =
+          lamp.caption() == u"●"_s ? words.value(lamp.colours().fore.value_or(0)) : u"dark"_s;
+      seen << u"%1: %2 %3"_s.arg(textOf(shown, u"lblIP"_s, i), lit,
+                                 textOf(shown, u"lblState"_s, i));
     }
     return seen;
   }

@@ -4,11 +4,10 @@
 #include <gtest/gtest.h>
 
 #include <QElapsedTimer>
-#include <QFile>
-#include <QTemporaryDir>
 
 #include "tests/fakes/loop_pump.h"
 #include "tests/fakes/print.h"
+#include "tests/fakes/temporary_home.h"
 
 namespace korvane {
 namespace {
@@ -26,14 +25,11 @@ struct PlayerTest : testing::Test, MediaPlayer::Events {
     player.Play();
   }
   bool until(const std::function<bool()>& done) { return pump.wait(8000, done); }
-  QString file(const QString& name, const QByteArray& bytes) {
-    QFile written(directory.filePath(name));
-    EXPECT_TRUE(written.open(QIODevice::WriteOnly));
-    written.write(bytes);
-    return written.fileName();
+  void rest(int milliseconds) {
+    pump.wait(milliseconds, [] { return false; });
   }
 
-  QTemporaryDir directory;
+  TemporaryHome home;
   LoopPump pump;
   MediaPlayerVlc player{pump, {u"--aout=adummy"_s}};
   int ends = 0;
@@ -69,7 +65,7 @@ TEST_F(PlayerTest, PausesSeeksAndStopsAtOnce) {
   player.Play();
   EXPECT_TRUE(until([&] { return ends == 1; }));
   play(kToneA);
-  pump.wait(300, [] { return false; });
+  rest(300);
   QElapsedTimer time;
   time.start();
   player.Stop();
@@ -81,7 +77,7 @@ TEST_F(PlayerTest, PausesSeeksAndStopsAtOnce) {
 TEST_F(PlayerTest, ALateEndOfTheFileBeforeIsNotTheEndOfThisOne) {
   for (int i = 0; i < 20; ++i) {
     play(i % 2 ? kToneA : kToneB);
-    pump.wait(i * 5, [] { return false; });
+    rest(i * 5);
   }
   ends = 0;
   play(kToneB);
@@ -90,7 +86,7 @@ TEST_F(PlayerTest, ALateEndOfTheFileBeforeIsNotTheEndOfThisOne) {
 }
 
 TEST_F(PlayerTest, WhatCannotBePlayedSaysSo) {
-  const QString missing = directory.filePath(u"missing.mp3"_s);
+  const QString missing = home / u"missing.mp3"_s;
   player.setFileName(missing);
   EXPECT_TRUE(player.HasError());
   EXPECT_TRUE(player.ErrorDescription().contains(missing));
@@ -98,8 +94,9 @@ TEST_F(PlayerTest, WhatCannotBePlayedSaysSo) {
   QByteArray noise(100'000, '\0');
   quint32 seed = 7;
   for (char& byte : noise) byte = static_cast<char>((seed = seed * 1664525 + 1013904223) >> 24);
-  const QStringList broken = {file(u"empty.mp3"_s, {}), file(u"text.mp3"_s, "no music at all\n"),
-                              file(u"noise.mp3"_s, noise)};
+  const QStringList broken = {home.put(u"empty.mp3"_s, {}),
+                              home.put(u"text.mp3"_s, "no music at all\n"),
+                              home.put(u"noise.mp3"_s, noise)};
   for (const QString& path : broken) {
     failures.clear();
     play(path);
@@ -119,7 +116,7 @@ TEST_F(PlayerTest, APlayerThatGoesAwayMidSongIsQuiet) {
     other.setEvents(this);
     other.setFileName(kToneA);
     other.Play();
-    pump.wait(i * 60, [] { return false; });
+    rest(i * 60);
   }
   EXPECT_FALSE(pump.wait(500, [&] { return ends > 0 || !failures.isEmpty(); }));
 }

@@ -13,100 +13,97 @@ struct LocalMusicTest : MusicWorld {
   void play(const QString& path, const QString& title = u"Title"_s) {
     music.ConnectionMP3Send(u" music "_s, u" PLAY "_s, path, title);
   }
+  void ask(const QString& command, const QString& argument = {}) {
+    music.ConnectionMP3Send(u"MUSIC"_s, command, argument);
+  }
+  void playBroken(const QString& path) {
+    play(path);
+    player.fail(u"broken"_s);
+    system.pump.settle();
+  }
+  void tickAt(double seconds) {
+    player.CurrentPositionValue = seconds;
+    form.fire(MusicTimer, {Event::Tick});
+  }
 };
 
 TEST_F(LocalMusicTest, PlaysAFile) {
   player.DurationValue = 125.9;
-  play(u" /m/a.mp3 "_s);
+  play(u" /m/a.mp3 "_s, u"\u4e2d\u6587 \u0394"_s);
   EXPECT_EQ(player.calls, QStringList({u"open /m/a.mp3"_s, u"play"_s}));
-  EXPECT_EQ(control<Label>("lblDuration").caption(), u"2:05"_s);
+  EXPECT_EQ(caption("lblDuration"), u"2:05"_s);
   EXPECT_EQ(Slider1.maximum(), 125.9);
-  EXPECT_EQ(control<Label>("lblCurrentPlay").caption(), u"Playing: Title"_s);
+  EXPECT_EQ(caption("lblCurrentPlay"), u"Playing: \u4e2d\u6587 \u0394"_s);
   EXPECT_TRUE(MusicTimer.enabled());
   EXPECT_EQ(state.gPlayMode, 2);
-  EXPECT_EQ(state.gSongPlayingTitle, u"Title"_s);
+  EXPECT_EQ(state.gSongPlayingTitle, u"\u4e2d\u6587 \u0394"_s);
   EXPECT_EQ(ini(u"GENERAL"_s, u"LASTSONGPLAYED"_s), u"/m/a.mp3"_s);
   EXPECT_TRUE(socket.sent.isEmpty());
 }
 
-TEST_F(LocalMusicTest, TitlesOfAnyScriptAreShown) {
-  play(u"/m/a.mp3"_s, u"\u4e2d\u6587 \u0394"_s);
-  EXPECT_EQ(control<Label>("lblCurrentPlay").caption(), u"Playing: \u4e2d\u6587 \u0394"_s);
-}
-
 TEST_F(LocalMusicTest, PausesResumesSeeksMutesAndStops) {
-  music.ConnectionMP3Send(u"MUSIC"_s, u"PAUSE"_s);  // nothing plays
+  ask(u"PAUSE"_s);  // nothing plays
   EXPECT_TRUE(player.calls.isEmpty());
   play(u"/m/a.mp3"_s);
   player.calls.clear();
-  music.ConnectionMP3Send(u"MUSIC"_s, u"PAUSE"_s);
+  ask(u"PAUSE"_s);
   EXPECT_FALSE(MusicTimer.enabled());
-  music.ConnectionMP3Send(u"MUSIC"_s, u"PLAY"_s);
+  ask(u"PLAY"_s);
   EXPECT_TRUE(MusicTimer.enabled());
   EXPECT_EQ(state.gPlayMode, 2);
   EXPECT_EQ(picture("cmdControls", 1), u"Music/playb"_s);
-  music.ConnectionMP3Send(u"MUSIC"_s, u"CURRENTPOSITION"_s, u"12.5"_s);
-  music.ConnectionMP3Send(u"MUSIC"_s, u"CURRENTPOSITION"_s, u"soon"_s);
-  music.ConnectionMP3Send(u"MUSIC"_s, u"MUTE=TRUE"_s);
-  music.ConnectionMP3Send(u"MUSIC"_s, u"MUTE=FALSE"_s);
-  music.ConnectionMP3Send(u"MUSIC"_s, u"DANCE"_s);
-  music.ConnectionMP3Send(u"MUSIC"_s, u"STOP"_s);
+  ask(u"CURRENTPOSITION"_s, u"12.5"_s);
+  ask(u"CURRENTPOSITION"_s, u"soon"_s);
+  ask(u"MUTE=TRUE"_s);
+  ask(u"MUTE=FALSE"_s);
+  ask(u"DANCE"_s);
+  ask(u"STOP"_s);
   EXPECT_EQ(player.calls, QStringList({u"pause"_s, u"play"_s, u"seek 12.5"_s, u"mute"_s,
                                        u"unmute"_s, u"stop"_s}));
   EXPECT_EQ(news.heard, QStringList({u"press 2"_s, u"press 3"_s}));
   EXPECT_FALSE(MusicTimer.enabled());
 }
 
-TEST_F(LocalMusicTest, TicksMoveTheSliderUnlessItIsHeld) {
+TEST_F(LocalMusicTest, TicksMoveTheSliderUnlessItIsTheCds) {
   player.DurationValue = 100;
   play(u"/m/a.mp3"_s);
-  player.CurrentPositionValue = 61.25;
-  form.fire(MusicTimer, {Event::Tick});
+  tickAt(61.25);
   EXPECT_EQ(Slider1.value(), 61.25);
   EXPECT_EQ(Slider1.text(), u"Current= 1:01 -- Remaining= 0:38"_s);
 
-  music.sliderHeld = true;
-  player.CurrentPositionValue = 70;
-  form.fire(MusicTimer, {Event::Tick});
-  EXPECT_EQ(Slider1.value(), 61.25);
-  player.tellDuration(200);
-  EXPECT_EQ(Slider1.maximum(), 200);
-  EXPECT_EQ(control<Label>("lblDuration").caption(), u"3:20"_s);
-
-  music.sliderHeld = false;
   state.gMusicType = u"CD"_s;
-  form.fire(MusicTimer, {Event::Tick});
+  tickAt(70);
   EXPECT_EQ(Slider1.value(), 61.25);
 }
 
 TEST_F(LocalMusicTest, TheVolumeIsNotToldUnlessItIsShown) {
-  music.ConnectionMP3Send(u"MUSIC"_s, u"STATUS"_s);
+  ask(u"STATUS"_s);
   EXPECT_EQ(music.listenerMaxVolume, 0);
 }
 
 TEST_F(LocalMusicTest, StatusTellsWhatPlaysAndTheVolume) {
   setting("DisplayVolume=1");
-  music.ConnectionMP3Send(u"MUSIC"_s, u"STATUS"_s);
-  EXPECT_EQ(control<Label>("lblCurrentPlay").caption(), u""_s);
+  ask(u"STATUS"_s);
+  EXPECT_EQ(caption("lblCurrentPlay"), u""_s);
   EXPECT_TRUE(news.heard.isEmpty());  // already stopped
 
   play(u"/m/a.mp3"_s);
   system.mixer.open();
   system.mixer.value = system.mixer.top / 4;
   control<Label>("lblCurrentPlay").caption = u""_s;
-  music.ConnectionMP3Send(u"MUSIC"_s, u"STATUS"_s);
-  EXPECT_EQ(control<Label>("lblCurrentPlay").caption(), u"Playing: Title"_s);
-  EXPECT_EQ(control<Label>("lblVolume").caption(), u"Volume 25%"_s);
-  music.ConnectionMP3Send(u"MUSIC"_s, u"VOLUME"_s, QString::number(system.mixer.top / 2));
+  ask(u"STATUS"_s);
+  EXPECT_EQ(caption("lblCurrentPlay"), u"Playing: Title"_s);
+  EXPECT_EQ(caption("lblVolume"), u"Volume 25%"_s);
+  ask(u"VOLUME"_s, QString::number(system.mixer.top / 2));
   EXPECT_EQ(system.mixer.value, system.mixer.top / 2);
-  EXPECT_EQ(control<Label>("lblVolume").caption(), u"Volume 50%"_s);
+  EXPECT_EQ(caption("lblVolume"), u"Volume 50%"_s);
 }
 
 TEST_F(LocalMusicTest, WithoutAMixerThePlayersOwnVolumeIsSet) {
   system.mixer.present = false;
   system.mixer.top = 0;
   for (const char* level : {"65535", "6554", "0", "loud"})
-    music.ConnectionMP3Send(u"MUSIC"_s, u"VOLUME"_s, QString::fromLatin1(level));
+    ask(u"VOLUME"_s, QString::fromLatin1(level));
   EXPECT_EQ(player.calls, QStringList({u"volume 0"_s, u"volume -2000"_s, u"volume -10000"_s}));
 }
 
@@ -163,7 +160,7 @@ TEST_F(LocalMusicTest, AListOfBrokenSongsEndsWithTwoBoxes) {
     if (inARow < kSongs)
       play(u"/gone/%1.mp3"_s.arg(++asked));
     else
-      music.ConnectionMP3Send(u"MUSIC"_s, u"STOP"_s);
+      ask(u"STOP"_s);
   };
   messages.onShow = [&] { system.pump.settle(); };
   play(u"/gone/1.mp3"_s);
@@ -174,19 +171,12 @@ TEST_F(LocalMusicTest, AListOfBrokenSongsEndsWithTwoBoxes) {
 }
 
 TEST_F(LocalMusicTest, FailuresAreCountedAnewOnceASongHasSounded) {
+  playBroken(u"/m/a.mp3"_s);
+  playBroken(u"/m/b.mp3"_s);
   play(u"/m/a.mp3"_s);
-  player.fail(u"broken a"_s);
-  system.pump.settle();
-  play(u"/m/b.mp3"_s);
-  player.fail(u"broken b"_s);
-  system.pump.settle();
-  play(u"/m/a.mp3"_s);
-  player.CurrentPositionValue = 1;
-  form.fire(MusicTimer, {Event::Tick});
+  tickAt(1);
   player.end();
-  play(u"/m/b.mp3"_s);
-  player.fail(u"broken b"_s);
-  system.pump.settle();
+  playBroken(u"/m/b.mp3"_s);
   EXPECT_EQ(news.heard, QStringList({u"failed 1"_s, u"failed 2"_s, u"end"_s, u"failed 1"_s}));
 }
 
@@ -195,7 +185,7 @@ TEST_F(LocalMusicTest, AFailureIsForgottenOnceSomethingElseWasAsked) {
   news.heard.clear();
   system.pump.settle();
   news.heard.clear();
-  system.pump.duringYield = [this] { music.ConnectionMP3Send(u"MUSIC"_s, u"STOP"_s); };
+  system.pump.duringYield = [this] { ask(u"STOP"_s); };
   play(u"/gone/y.mp3"_s);
   system.pump.settle();
   EXPECT_FALSE(news.heard.contains(u"failed 2"_s));
@@ -206,7 +196,7 @@ TEST_F(LocalMusicTest, DeliveriesOfAForgottenListenerChangeNothing) {
   socket.setState(Winsock::Connected);
   socket.arrive(bytes("SONGPLAYING|Other$MEDIAPLAYERSTATE|0$"));
   socket.peerCloses();
-  EXPECT_EQ(control<Label>("lblCurrentPlay").caption(), u"Playing: Title"_s);
+  EXPECT_EQ(caption("lblCurrentPlay"), u"Playing: Title"_s);
   EXPECT_EQ(state.gPlayMode, 2);
   EXPECT_TRUE(news.heard.isEmpty());
 }

@@ -45,6 +45,7 @@ struct MusicParts {
   T& control(const char* name, int index = -1) {
     return dynamic_cast<T&>(*form.find(QString::fromLatin1(name), index));
   }
+  QString caption(const char* name) { return control<Label>(name).caption(); }
   QString picture(const char* name, int index) {
     return control<Image>(name, index).picture->group + u'/' +
            control<Image>(name, index).picture->name;

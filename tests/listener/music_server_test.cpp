@@ -15,7 +15,6 @@ struct ServerMusicTest : MusicWorld {
     socket.stand();
     socket.sent.clear();
   }
-  QString caption(const char* name) { return control<Label>(name).caption(); }
 };
 
 TEST_F(ServerMusicTest, ConnectsOnceAndAsksForTheStatus) {

@@ -1,17 +1,10 @@
 #include "listener/listener_record.h"
 
-#include <gtest/gtest.h>
-
 #include "listener/song_finder.h"
-#include "tests/fakes/fake_file_system.h"
-#include "tests/fakes/print.h"
+#include "tests/listener/music_world.h"
 
 namespace korvane {
 namespace {
-
-QByteArray wire(QByteArray text) {
-  return text.replace('|', '\0').replace('$', '\1');
-}
 
 TEST(Record, SplitsADeliveryAndThrowsTheUnfinishedEndAway) {
   const struct {
@@ -24,7 +17,7 @@ TEST(Record, SplitsADeliveryAndThrowsTheUnfinishedEndAway) {
   };
   for (const auto& [block, records] : cases) {
     QByteArrayList found;
-    forEachRecord(wire(block), [&](QByteArrayView record) {
+    forEachRecord(bytes(block), [&](QByteArrayView record) {
       found << record.toByteArray().replace('\0', '|');
       return true;
     });
@@ -33,7 +26,7 @@ TEST(Record, SplitsADeliveryAndThrowsTheUnfinishedEndAway) {
 }
 
 TEST(Record, FieldsAreThereOrNot) {
-  const QByteArray text = wire("VOLUME|12,5||x|y|z");
+  const QByteArray text = bytes("VOLUME|12,5||x|y|z");
   const ListenerRecord record(text, WireText::Windows1252);
   EXPECT_EQ(record.name().toByteArray(), "VOLUME");
   EXPECT_EQ(record.count(), ListenerRecord::kMostFields);
@@ -74,7 +67,7 @@ TEST(Record, CommandsAsBytes) {
   for (const auto& c : cases)
     EXPECT_EQ(
         encode(commandRecord(c.target, c.command, c.argument1, c.argument2), WireText::Windows1252),
-        wire(c.expected));
+        bytes(c.expected));
   EXPECT_EQ(encode(u"\u4e2d"_s, wireTextOf(u"utf-8")), "\xe4\xb8\xad");
   EXPECT_EQ(wireTextOf(u"NO"), WireText::Windows1252);
 }

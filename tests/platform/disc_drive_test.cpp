@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <QElapsedTimer>
-#include <QTemporaryDir>
 
 #include <thread>
 
@@ -12,22 +11,14 @@
 #include "tests/fakes/disc_image.h"
 #include "tests/fakes/loop_pump.h"
 #include "tests/fakes/print.h"
+#include "tests/fakes/temporary_home.h"
 
 namespace korvane {
 namespace {
 
 struct DriveTest : testing::Test, DiscDrive::Events {
   void discChanged() override { ++changes; }
-  QString path(const QString& name) { return directory.filePath(name); }
-  void write(const QString& name, const QByteArray& bytes) {
-    QFile file(path(name));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-  }
-  QByteArray heard() {
-    QFile file(path(u"heard.wav"_s));
-    return file.open(QIODevice::ReadOnly) ? file.readAll().mid(44) : QByteArray();
-  }
+  QByteArray heard() { return home.get(u"heard.wav"_s).mid(44); }
   bool until(const std::function<bool()>& done) { return pump.wait(10'000, done); }
   void open(const QString& source) {
     drive.setEvents(this);
@@ -35,19 +26,19 @@ struct DriveTest : testing::Test, DiscDrive::Events {
     ASSERT_TRUE(until([&] { return drive.looked(); }));
   }
 
-  QTemporaryDir directory;
+  TemporaryHome home;
   LoopPump pump;
   // Its words would come after the output of this test and win.
   const bool wordsOfTheSurroundings = qunsetenv("KORVANE_VLC_ARGS");
-  MediaPlayerVlc player{
-      pump, {u"--aout=afile"_s, u"--audiofile-file="_s + directory.filePath(u"heard.wav"_s)}};
+  MediaPlayerVlc player{pump,
+                        {u"--aout=afile"_s, u"--audiofile-file="_s + (home / u"heard.wav"_s)}};
   ReadingDrive drive{pump, player, std::make_shared<DiscReaderCdio>()};
   int changes = 0;
 };
 
 // What comes out is the samples of the tracks, in order, and nothing between them.
 TEST_F(DriveTest, PlaysFromATrackToTheEndOfTheDiscSampleForSample) {
-  open(makeDiscImage(directory.path(), u"disc"_s, {2, 4, 4}));
+  open(makeDiscImage(home.path(), u"disc"_s, {2, 4, 4}));
   ASSERT_TRUE(drive.disc());
   ASSERT_EQ(drive.disc()->tracks.size(), 3u);
   EXPECT_EQ(drive.disc()->title, u"Harbour"_s);
@@ -66,7 +57,7 @@ TEST_F(DriveTest, PlaysFromATrackToTheEndOfTheDiscSampleForSample) {
 }
 
 TEST_F(DriveTest, PausesGoesOnAndSeeks) {
-  open(makeDiscImage(directory.path(), u"disc"_s, {30, 30}));
+  open(makeDiscImage(home.path(), u"disc"_s, {30, 30}));
   drive.play(1, 20);
   ASSERT_TRUE(until([&] { return drive.place().sectors > 20 * kSectorsPerSecond; }));
   drive.pause();
@@ -85,12 +76,8 @@ TEST_F(DriveTest, PausesGoesOnAndSeeks) {
 }
 
 TEST_F(DriveTest, WhatIsNoDiscSaysWhy) {
-  makeDiscImage(directory.path(), u"good"_s, {1, 1, 1});
-  const QByteArray sheet = [&] {
-    QFile file(path(u"good.cue"_s));
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-    return file.readAll();
-  }();
+  makeDiscImage(home.path(), u"good"_s, {1, 1, 1});
+  const QByteArray sheet = home.get(u"good.cue"_s);
   QByteArray backwards = sheet, beyond = sheet;
   backwards.replace("00:01:00", "00:02:00");
   beyond.replace("00:01:00", "00:99:00");
@@ -122,30 +109,30 @@ TEST_F(DriveTest, WhatIsNoDiscSaysWhy) {
       {u"beyond"_s, beyond, toneSectors(3, 9), u"no CUE sheet"_s, 0},
   };
   for (const auto& c : cases) {
-    if (c.cue) write(c.name + u".cue"_s, *c.cue);
-    if (c.bin) write(c.name + u".bin"_s, *c.bin);
-    open(path(c.name + u".cue"_s));
+    if (c.cue) home.put(c.name + u".cue"_s, *c.cue);
+    if (c.bin) home.put(c.name + u".bin"_s, *c.bin);
+    open(home / (c.name + u".cue"_s));
     EXPECT_EQ(drive.disc() ? drive.disc()->tracks.size() : 0, c.tracks) << c.name.toStdString();
     EXPECT_TRUE(drive.trouble().contains(c.told))
         << c.name.toStdString() << ": " << drive.trouble().toStdString();
     EXPECT_TRUE(drive.trouble().contains(c.name)) << drive.trouble().toStdString();
   }
   changes = 0;
-  open(makeDiscImage(directory.path(), u"data"_s, {1}, "MODE1/2352"));
+  open(makeDiscImage(home.path(), u"data"_s, {1}, "MODE1/2352"));
   EXPECT_TRUE(drive.disc() && !drive.disc()->at(1).audio);
   EXPECT_TRUE(drive.trouble().contains("data disc"_L1)) << drive.trouble().toStdString();
 }
 
 TEST_F(DriveTest, NoticesADiscTakenOutWhileItPlaysAndAnotherPutIn) {
-  const QString source = makeDiscImage(directory.path(), u"disc"_s, {60});
+  const QString source = makeDiscImage(home.path(), u"disc"_s, {60});
   open(source);
   drive.play(1, 0);
   ASSERT_TRUE(until([&] { return drive.mode() == DiscDrive::Playing; }));
-  QFile::rename(source, path(u"taken.cue"_s));
+  QFile::rename(source, home / u"taken.cue"_s);
   EXPECT_TRUE(pump.wait(2500, [&] { return drive.mode() == DiscDrive::Open; }));
   EXPECT_EQ(changes, 2);
   EXPECT_EQ(player.playState(), MediaPlayer::Stopped);
-  makeDiscImage(directory.path(), u"disc"_s, {1, 1});
+  makeDiscImage(home.path(), u"disc"_s, {1, 1});
   EXPECT_TRUE(pump.wait(2500, [&] { return drive.disc() && drive.disc()->tracks.size() == 2; }));
   drive.close();
   QFile::remove(source);
@@ -209,7 +196,7 @@ TEST_F(DriveTest, ADriveThatHangsHoldsNobodyUp) {
     EXPECT_TRUE(hanging.trouble().contains("does not answer"_L1));
   }
   EXPECT_LT(time.elapsed(), 2000);
-  player.setFileName(path(u"none"_s));
+  player.setFileName(home / u"none"_s);
   reader->letGo = true;
   pump.wait(100, [] { return false; });  // the abandoned threads end
 }

@@ -113,15 +113,6 @@ TEST_F(Disk, foldersAreMadeCopiedAndDeletedWhole) {
   EXPECT_FALSE(files.DeleteFolder(u"//"_s));
 }
 
-TEST_F(Disk, appendsToTheFileThatIsMeant) {
-  home.put(u"log.txt"_s, "a");
-  EXPECT_TRUE(files.append(home / u"LOG.TXT"_s, "b"));
-  EXPECT_TRUE(files.append(home / u"new.txt"_s, "c"));
-  EXPECT_FALSE(files.append(home / u"none/log.txt"_s, "d"));
-  EXPECT_EQ(home.get(u"log.txt"_s), "ab");
-  EXPECT_EQ(home.get(u"new.txt"_s), "c");
-}
-
 TEST(FileSystem, pathsAreText) {
   EXPECT_EQ(FileSystem::BuildPath(u"C:\\a\\"_s, u"b"_s), u"C:/a/b"_s);
   EXPECT_EQ(FileSystem::BuildPath(u"/a"_s, u"\\b"_s), u"/a/b"_s);

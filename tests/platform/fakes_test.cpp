@@ -17,8 +17,14 @@ void tellStory(FileSystem& files, const QString& root) {
   EXPECT_TRUE(files.replace(root + u"\\MUSIC\\One.mp3"_s, "1"));
   EXPECT_EQ(files.resolve(root + u"/music/ONE.MP3"_s), song);
   EXPECT_TRUE(files.append(root + u"/music/one.mp3"_s, "2"));
+  EXPECT_TRUE(files.append(root + u"/new.txt"_s, "c"));
+  EXPECT_FALSE(files.append(root + u"/none/log.txt"_s, "d"));
+  EXPECT_EQ(files.read(root + u"/new.txt"_s), "c");
   EXPECT_EQ(files.read(song), "12");
   EXPECT_EQ(files.read(song, 1), std::nullopt);
+  EXPECT_TRUE(files.replace(root + u"/MUSIC/ONE.MP3"_s, "3"));
+  EXPECT_EQ(files.read(song), "3");
+  EXPECT_EQ(files.Files(root + u"/Music"_s), QStringList{u"One.mp3"_s});
   EXPECT_TRUE(files.CopyFile(song, root + u"/MUSIC/deep"_s));
   EXPECT_EQ(files.Files(root + u"/music/DEEP"_s), QStringList{u"One.mp3"_s});
   EXPECT_EQ(files.SubFolders(root + u"/Music/"_s), QStringList{u"Deep"_s});

@@ -74,12 +74,11 @@ TEST_F(Socket, IsTheUsersAlone) {
   EXPECT_TRUE(error.contains(path));
 }
 
-struct Line {
-  const char* line;
-  const char* answer;  // the answer, or the beginning of its error
-};
 TEST_F(Socket, AnswersEachLine) {
-  const Line lines[] = {
+  const struct {
+    const char* line;
+    const char* answer;  // the answer, or the beginning of its error
+  } lines[] = {
       {R"({"command":"press","name":"cmdTop","index":0})", R"({"ok":true})"},
       {R"({"command":"press","name":"Grid","index":0,"row":900})", R"({"ok":true})"},
       {R"({"command":"set","name":"Slider1","value":37})", R"({"ok":true})"},
@@ -109,7 +108,7 @@ TEST_F(Socket, AnswersEachLine) {
       {"press cmdTop", "not a JSON object"},
       {"\xff\xfe{", "not a JSON object"},
   };
-  for (const Line& each : lines) {
+  for (const auto& each : lines) {
     const QJsonObject answer = ask(each.line);
     const QByteArray whole = QJsonDocument(answer).toJson(QJsonDocument::Compact);
     if (*each.answer == '{') {
@@ -132,13 +131,9 @@ TEST_F(Socket, TellsAllOfAControl) {
   const QJsonObject image = ask(R"({"command":"get","name":"cmdtop","index":0})");
   EXPECT_EQ(image["picture"_L1], QJsonValue(u"MUSIC/play"_s));
   EXPECT_EQ(image["pixels"_L1], QJsonValue(QJsonArray{10, 10, 100, 100}));
-  const QJsonObject grid = ask(R"({"command":"get","name":"Grid","index":0})");
-  EXPECT_EQ(grid["rows"_L1].toInt(), 1000);
-  EXPECT_EQ(grid["row"_L1].toInt(), 1);
   control<TextBox>("txtName").text = u"secret"_s;
   control<TextBox>("txtName").passwordChar = u"*"_s;
   EXPECT_EQ(ask(R"({"command":"get","name":"txtName"})")["text"_L1], QJsonValue(u"******"_s));
-  EXPECT_EQ(ask(R"({"command":"tree"})")["forms"_L1].toArray().size(), 1);
 }
 
 TEST_F(Socket, APressThatOpensABoxIsAnsweredAndTheBoxToo) {

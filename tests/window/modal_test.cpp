@@ -12,11 +12,17 @@ class Modal : public SmallConsole {
   void later(int milliseconds, std::function<void()> work) {
     QTimer::singleShot(milliseconds, std::move(work));
   }
-  ControlWidget& yes() { return *host.view(box)->widget(*box.find(u"cmdControls", 0)); }
+  ControlWidget& widgetOf(Form& of, QStringView name, int index = -1) {
+    return *host.view(of)->widget(*of.find(name, index));
+  }
+  ControlWidget& yes() { return widgetOf(box, u"cmdControls", 0); }
+  void hideOnYes() {
+    box.on(u"cmdControls", Event::Click, [this](Control&, const Event&) { host.hide(box); });
+  }
 };
 
 TEST_F(Modal, HoldsTheCallerTakesThePressesAndReturnsWhenHidden) {
-  box.on(u"cmdControls", Event::Click, [&](Control&, const Event&) { host.hide(box); });
+  hideOnYes();
   QString below;
   QPoint middle;
   later(20, [&] {
@@ -73,9 +79,6 @@ TEST_F(Modal, AFloatingFormLeavesTheOthersTheirPressesAndGoesWithTheModalOne) {
     touched = &one;
     host.show(keys);
   };
-  const auto widgetOf = [this](Form& of, QStringView name, int index = -1) -> ControlWidget& {
-    return *host.view(of)->widget(*of.find(name, index));
-  };
   later(20, [&] {
     finger.tap(widgetOf(login, u"txtServer"), QPoint(20, 20));
     EXPECT_EQ(touched, login.find(u"txtServer"));
@@ -107,20 +110,11 @@ TEST_F(Modal, SentKeysGoToTheFocusOfTheForm) {
   EXPECT_FALSE(host.sendKey(login, 0, u"x"_s)) << "nothing has the focus";
   later(20, [&] {
     login.setFocus(&user);
-    for (const auto& [key, text] : std::initializer_list<std::pair<int, QString>>{{0, u"a"_s},
-                                                                                  {0, u"%"_s},
-                                                                                  {0, u"\u00E9"_s},
-                                                                                  {37, {}},
-                                                                                  {8, u"\b"_s},
-                                                                                  {36, {}},
-                                                                                  {46, {}},
-                                                                                  {0, u"b"_s},
-                                                                                  {35, {}},
-                                                                                  {45, {}},
-                                                                                  {13, u"\r"_s},
-                                                                                  {9, u"\t"_s},
-                                                                                  {0, u"c"_s}})
-      EXPECT_TRUE(host.sendKey(login, key, text)) << key;
+    const std::pair<int, QString> sent[] = {
+        {0, u"a"_s},   {0, u"%"_s},  {0, u"\u00E9"_s}, {37, {}}, {8, u"\b"_s},
+        {36, {}},      {46, {}},     {0, u"b"_s},      {35, {}}, {45, {}},
+        {13, u"\r"_s}, {9, u"\t"_s}, {0, u"c"_s}};
+    for (const auto& [key, text] : sent) EXPECT_TRUE(host.sendKey(login, key, text)) << key;
     host.hide(login);
   });
   host.showModal(login);
@@ -157,7 +151,7 @@ TEST_F(Modal, AWaitEndsInTimeAndAFingerFromBeforeItClicksNothing) {
 }
 
 TEST_F(Modal, ABoxThatOpensInsideAWaitCanBeAnswered) {
-  box.on(u"cmdControls", Event::Click, [&](Control&, const Event&) { host.hide(box); });
+  hideOnYes();
   bool answered = false;
   later(10, [&] {
     later(10, [&] { finger.tap(yes(), QPoint(20, 20)); });
@@ -185,7 +179,7 @@ TEST_F(Modal, TheStripMovesWithTheFingerAndATapClicks) {
   settle();
   FormView* shown = host.view(strip);
   EXPECT_EQ(shown->pos(), QPoint(1, 1));
-  ControlWidget& key = *shown->widget(*strip.find(u"cmdControls", 0));
+  ControlWidget& key = widgetOf(strip, u"cmdControls", 0);
   finger.press(key, QPoint(20, 20));
   finger.move(QPoint(40, 30));
   EXPECT_EQ(shown->pos(), QPoint(41, 31));

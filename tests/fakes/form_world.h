@@ -1,4 +1,4 @@
-// A program directory on the disk, a message box and forms on no screen, for the screens of setup.
+// A program directory on the disk, a message box and forms on no screen.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -15,9 +15,13 @@
 
 namespace korvane {
 
-struct CustomWorld : ::testing::Test {
-  CustomWorld() { state.gTheme = u"TEST"_s; }
-  ~CustomWorld() override { EXPECT_TRUE(host.allDone()) << "a form did not come up"; }
+inline bool apart(const Rect& a, const Rect& b) {
+  return a.left >= b.right() || b.left >= a.right() || a.top >= b.bottom() || b.top >= a.bottom();
+}
+
+struct FormWorld : ::testing::Test {
+  FormWorld() { state.gTheme = u"TEST"_s; }
+  ~FormWorld() override { EXPECT_TRUE(host.allDone()) << "a form did not come up"; }
 
   QString stored(const SettingKey& key) const { return settings.raw(key); }
   void given(const SettingKey& key, const QString& value) { settings.write(key, value); }
