@@ -17,6 +17,7 @@ struct Host : FormHost {
   void showModal(Form& form) override { onModal(form); }
   void hide(Form&) override { ++hidden; }
   void fadeOut(Form&, int) override {}
+  bool sendKey(Form&, int, const QString&) override { return false; }
   std::function<void(Form&)> onModal;
   int hidden = 0;
 };

@@ -236,6 +236,7 @@ QStringList DiskFileSystem::volumes() const {
   const auto bytes = readAll(table, 0, 4 << 20);
   QStringList found = volumesOf(bytes.value_or(QByteArray()));
   found.removeIf([](const QString& point) { return !isFolder(fromPath(point)); });
+  if (!found.contains(u"/"_s)) found.prepend(u"/"_s);  // a container's has no device of its own
   return found;
 }
 

@@ -154,10 +154,20 @@ QByteArray joined(std::initializer_list<QByteArrayView> parts) {
   return all;
 }
 
+// The mark of a UTF-16 file is not part of its text, but a second one is.
+constexpr auto kKeepsMarks = QStringConverter::Flag::ConvertInitialBom;
+
 QByteArray utf8OfUtf16(QByteArrayView file) {
-  QByteArray units = file.sliced(2).toByteArray();
+  QByteArray units = file.sliced(kUtf16Mark.size()).toByteArray();
   if (units.size() % 2) units.append('\0');
-  return QStringDecoder(QStringDecoder::Utf16LE).decode(units).operator QString().toUtf8();
+  const QString text = QStringDecoder(QStringDecoder::Utf16LE, kKeepsMarks).decode(units);
+  return text.toUtf8();
+}
+
+QByteArray utf16OfUtf8(const QByteArray& text) {
+  const QString decoded = QStringDecoder(QStringDecoder::Utf8, kKeepsMarks).decode(text);
+  const QByteArray units = QStringEncoder(QStringEncoder::Utf16LE).encode(decoded);
+  return joined({kUtf16Mark, units});
 }
 
 }  // namespace
@@ -173,12 +183,8 @@ std::optional<QString> profileValue(QByteArrayView file, QStringView section, QS
 
 QByteArray withProfileValue(QByteArrayView file, QStringView section, QStringView key,
                             QStringView value) {
-  if (file.startsWith(kUtf16Mark)) {
-    const QByteArray changed = withProfileValue(utf8OfUtf16(file), section, key, value);
-    const QByteArray units =
-        QStringEncoder(QStringEncoder::Utf16LE).encode(QString::fromUtf8(changed));
-    return joined({kUtf16Mark, units});
-  }
+  if (file.startsWith(kUtf16Mark))
+    return utf16OfUtf8(withProfileValue(utf8OfUtf16(file), section, key, value));
   const Name sectionIs(section), keyIs(key);
   if (!holdable(sectionIs.text(), "]"_L1) || !holdable(keyIs.text(), "="_L1))
     return file.toByteArray();
