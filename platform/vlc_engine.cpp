@@ -8,8 +8,8 @@ namespace korvane {
 namespace {
 
 constexpr auto kLongestGoodbye = std::chrono::seconds(1);
-constexpr int kCountAttempts = 20;
-constexpr auto kCountPause = std::chrono::milliseconds(15);
+constexpr int kCountAttempts = 150;
+constexpr auto kCountPause = std::chrono::milliseconds(2);
 constexpr qint64 kLengthStepMs = 500;  // a guessed length that moves by less is not worth telling
 
 // Music only: no pictures, no subtitles, no scripts, nothing printed, no connection to a display.
