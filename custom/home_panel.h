@@ -49,7 +49,6 @@ class HomePanel : private FormObserver {
   void controlChanged(Control& control, Aspect aspect) override;
   void formChanged(Form&, Aspect) override {}
   void dress();
-  void showTime();
   void showMusic();
   bool plays() const { return panel_.cmdPlay->picture().name == "playb"_L1; }
 
