@@ -1,9 +1,7 @@
 // korvane-bench listener LISTENER FILE: the program korvane-listener beside bare libVLC, from a
 // PLAY to the first sound; its share of a core with 50 consoles; what 1,000 connections that are
 // lost again leave behind.
-#include <fcntl.h>
 #include <netinet/in.h>
-#include <poll.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -25,7 +23,7 @@ namespace {
 
 using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
-constexpr int kPlays = 15, kConsoles = 50, kConnections = 1000, kWarm = 200;
+constexpr int kPlays = 61, kConsoles = 50, kConnections = 1000, kWarm = 200;
 constexpr auto kCpuTime = 10s;
 
 double ms(Clock::duration time) {
@@ -37,34 +35,38 @@ double middle(std::vector<double> times) {
   return times[times.size() / 2];
 }
 
-// A pipe with a name, into which libVLC's file output writes its sound.
+// The file that libVLC's file output writes its sound into. A plain one: a full pipe would block
+// the output, and with it libVLC's stop.
 class Ear {
  public:
-  explicit Ear(const QString& path)
-      : path_(path.toLocal8Bit()),
-        made_(mkfifo(path_.constData(), 0600) == 0),
-        file_(made_ ? open(path_.constData(), O_RDWR | O_NONBLOCK | O_CLOEXEC) : -1) {}
-  ~Ear() { close(file_); }
+  explicit Ear(const QString& path) : path_(path.toLocal8Bit()) {}
   QString arguments() const {
     return u"--aout=afile --no-audiofile-wav --audiofile-file="_s + QString::fromLocal8Bit(path_);
   }
   // From `begin` to the first byte, in ms; 0 when none comes.
   double firstSound(Clock::time_point begin) const {
-    pollfd polled{file_, POLLIN, 0};
-    return poll(&polled, 1, 5000) == 1 ? ms(Clock::now() - begin) : 0;
+    while (size() == 0) {
+      if (Clock::now() - begin > 5s) return 0;
+      std::this_thread::sleep_for(50us);
+    }
+    return ms(Clock::now() - begin);
   }
-  void silence() const {  // what came is forgotten
-    char bytes[65536];
-    do {
-      while (read(file_, bytes, sizeof bytes) > 0) continue;
+  void silence() const {  // no more comes; what came is forgotten
+    off_t before = -1;
+    for (off_t now = size(); now != before; now = size()) {
+      before = now;
       std::this_thread::sleep_for(30ms);
-    } while (read(file_, bytes, sizeof bytes) > 0);
+    }
+    truncate(path_.constData(), 0);
   }
 
  private:
+  off_t size() const {
+    struct stat told {};
+    return stat(path_.constData(), &told) == 0 ? told.st_size : 0;
+  }
+
   QByteArray path_;
-  bool made_;
-  int file_;
 };
 
 // A console: a plain socket.
@@ -80,16 +82,20 @@ class Peer {
   ~Peer() { close(socket_); }
   Peer(const Peer&) = delete;
   bool stands() const { return stands_; }
-  void say(QByteArray text) const {
-    text.replace('|', '\0').replace('$', '\1');
-    stands_ &= write(socket_, text.constData(), static_cast<size_t>(text.size())) == text.size();
+  // A record as it is written down: | for 0 between its fields, $ for 1 at its end.
+  static QByteArray record(QByteArray text) { return text.replace('|', '\0').replace('$', '\1'); }
+  void say(const QByteArray& written) const {
+    const QByteArray text = record(written);
+    stands_ &= send(socket_, text.constData(), static_cast<size_t>(text.size()), MSG_NOSIGNAL) ==
+               text.size();
   }
   QByteArray hear() const {  // what has come
     QByteArray bytes(65536, '\0');
     const ssize_t got = recv(socket_, bytes.data(), 65536, MSG_DONTWAIT);
     return bytes.first(std::max<ssize_t>(got, 0));
   }
-  bool hears(const char* word) const {  // within 5 s
+  bool hears(const char* written) const {  // within 5 s
+    const QByteArray word = record(written);
     QByteArray all;
     for (int i = 0; i < 500 && !all.contains(word); ++i, std::this_thread::sleep_for(10ms))
       all += hear();
@@ -109,10 +115,10 @@ class Listener {
     environment.insert(u"KORVANE_VLC_ARGS"_s, vlc);
     process_.setProcessEnvironment(environment);
     process_.start(program, {u"--as-root"_s, u"--port"_s, u"0"_s, u"--root"_s, root});
+    process_.setReadChannel(QProcess::StandardError);
     QByteArray told;
     while (port_ == 0 && process_.waitForReadyRead(10'000)) {
-      told += process_.readAllStandardError() + process_.readAllStandardOutput();
-      process_.setReadChannel(QProcess::StandardError);
+      told += process_.readAllStandardError();
       static const QRegularExpression line(u" port (\\d+)\n"_s);
       port_ = line.match(QString::fromUtf8(told)).captured(1).toUShort();
     }
@@ -149,48 +155,68 @@ class Listener {
   quint16 port_ = 0;
 };
 
-double listenerPlays(const QString& program, const QString& file, const Ear& ear) {
-  const Listener listener(program, QFileInfo(file).path(), ear.arguments());
-  const Peer console(listener.port());
-  std::vector<double> times;
-  for (int i = -2; i < kPlays; ++i) {  // two to warm up
-    const Clock::time_point begin = Clock::now();
-    console.say("MUSIC|PLAY|" + file.toUtf8() + "|song$");
-    const double time = ear.firstSound(begin);
-    if (time <= 0) return 0;
-    if (i >= 0) times.push_back(time);
-    console.say("MUSIC|STOP$");
-    console.hears("MEDIAPLAYERSTATE");
-    ear.silence();
+// libVLC in this process, and nothing besides.
+class BarePlayer {
+ public:
+  explicit BarePlayer(const Ear& ear) {
+    if (!vlc_) return;
+    std::vector<QByteArray> words{"--no-video", "--no-spu", "--no-lua", "--quiet", "--no-xlib"};
+    for (const QString& word : ear.arguments().split(u' ')) words.push_back(word.toLocal8Bit());
+    std::vector<const char*> pointers;
+    for (const QByteArray& word : words) pointers.push_back(word.constData());
+    instance_ = vlc_->libvlc_new(static_cast<int>(pointers.size()), pointers.data());
+    if (instance_) player_ = vlc_->libvlc_media_player_new(instance_);
   }
-  return middle(times);
-}
+  ~BarePlayer() {
+    if (player_) vlc_->libvlc_media_player_release(player_);
+    if (instance_) vlc_->libvlc_release(instance_);
+  }
+  BarePlayer(const BarePlayer&) = delete;
+  bool stands() const { return player_; }
+  void play(const QString& file) const {
+    libvlc_media_t* media = vlc_->libvlc_media_new_path(instance_, file.toLocal8Bit().constData());
+    vlc_->libvlc_media_player_set_media(player_, media);
+    vlc_->libvlc_media_player_play(player_);
+    vlc_->libvlc_media_release(media);
+  }
+  void stop() const { vlc_->libvlc_media_player_stop(player_); }
 
-double barePlays(const QString& file, const Ear& ear) {
-  QString error;
-  const VlcLibrary* vlc = VlcLibrary::open(&error);
-  if (!vlc) return 0;
-  std::vector<QByteArray> words{"--no-video", "--no-spu", "--no-lua", "--quiet", "--no-xlib"};
-  for (const QString& word : ear.arguments().split(u' ')) words.push_back(word.toLocal8Bit());
-  std::vector<const char*> pointers;
-  for (const QByteArray& word : words) pointers.push_back(word.constData());
-  libvlc_instance_t* instance = vlc->libvlc_new(static_cast<int>(pointers.size()), pointers.data());
-  libvlc_media_player_t* player = vlc->libvlc_media_player_new(instance);
-  std::vector<double> times;
-  for (int i = -2; i < kPlays; ++i) {
-    const Clock::time_point begin = Clock::now();
-    libvlc_media_t* media = vlc->libvlc_media_new_path(instance, file.toLocal8Bit().constData());
-    vlc->libvlc_media_player_set_media(player, media);
-    vlc->libvlc_media_player_play(player);
-    const double time = ear.firstSound(begin);
-    if (i >= 0) times.push_back(time);
-    vlc->libvlc_media_release(media);
-    vlc->libvlc_media_player_stop(player);
-    ear.silence();
+ private:
+  const VlcLibrary* vlc_ = VlcLibrary::open(nullptr);
+  libvlc_instance_t* instance_ = nullptr;
+  libvlc_media_player_t* player_ = nullptr;
+};
+
+struct Plays {
+  double ours = 0, bare = 0;  // ms to the first sound, the middle of kPlays; 0 when none came
+};
+
+// By turns, so that what else the machine does meets both.
+Plays plays(const QString& program, const QString& file, const QTemporaryDir& folder) {
+  const Ear ourEar(folder.filePath(u"ours"_s)), bareEar(folder.filePath(u"bare"_s));
+  const Listener listener(program, QFileInfo(file).path(), ourEar.arguments());
+  const Peer console(listener.port());
+  const BarePlayer player(bareEar);
+  if (!player.stands()) return {};
+  std::vector<double> ours, bare;
+  for (int i = -2; i < kPlays; ++i) {  // two to warm up
+    Clock::time_point begin = Clock::now();
+    console.say("MUSIC|PLAY|" + file.toUtf8() + "|song$");
+    const double ourTime = ourEar.firstSound(begin);
+    console.say("MUSIC|STOP$");
+    console.hears("MEDIAPLAYERSTATE|0");
+    ourEar.silence();
+    begin = Clock::now();
+    player.play(file);
+    const double bareTime = bareEar.firstSound(begin);
+    player.stop();
+    bareEar.silence();
+    if (ourTime <= 0 || bareTime <= 0) return {};
+    if (i < 0) continue;
+    ours.push_back(ourTime);
+    bare.push_back(bareTime);
   }
-  vlc->libvlc_media_player_release(player);
-  vlc->libvlc_release(instance);
-  return middle(times);
+  return {middle(ours), middle(bare)};
 }
 
 // Percent of a core while a song plays for so many consoles; below 0 when one hears no time.
@@ -244,8 +270,7 @@ int benchListener(const QStringList& arguments) {
   const QString& program = arguments[0];
   const QString file = QFileInfo(arguments[1]).canonicalFilePath();
   const QTemporaryDir folder;
-  const Ear ear(folder.filePath(u"sound"_s));
-  const double bare = barePlays(file, ear), ours = listenerPlays(program, file, ear);
+  const auto [ours, bare] = plays(program, file, folder);
   const double one = share(program, file, 1), fifty = share(program, file, kConsoles);
   const Losses losses = connectAndLose(program, QFileInfo(file).path());
   const bool right =
