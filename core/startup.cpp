@@ -24,7 +24,6 @@ Startup::Startup(Uses uses) : uses_(uses) {
   for (Label* label : {statusLine, version}) label->align = 0;
   statusLine->fontUnits = 28;
   version->fontUnits = 24;
-  version->caption = QStringLiteral(KORVANE_VERSION);
 }
 
 void Startup::status(const QString& text) {
@@ -44,6 +43,8 @@ bool Startup::SubMain() {
   state.gMasterListenerMyName = uses_.settings.str(key::MasterListenerMyName);
   uses_.splash.picture = Picture{u"root"_s, u"splash"_s, nullptr};
   uses_.host.show(uses_.splash);
+  // The picture alone comes first: the first text of a program takes as long as all of it.
+  uses_.splash.find(u"lblVersion")->caption = QStringLiteral(KORVANE_VERSION);
   if (!readSettings()) return false;
 
   uses_.parts.showMainForm();

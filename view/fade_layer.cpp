@@ -6,6 +6,11 @@
 #include <QTimer>
 
 namespace korvane {
+namespace {
+
+constexpr int kWaitingPressMs = 4, kFrameMs = 16;
+
+}  // namespace
 
 FadeLayer::FadeLayer(QPixmap picture, QRect place, QWidget* parent)
     : QWidget(parent), picture_(std::move(picture)) {
@@ -18,10 +23,21 @@ void FadeLayer::run(int milliseconds) {
   clock_.start();
   raise();
   show();
+  // A press that waits comes before the first frame: what it opens is then painted, and nothing
+  // before it. A handler that yields, yields to that frame too.
+  QWidget& below = *parentWidget();
+  below.setUpdatesEnabled(false);
+  QTimer first;
+  connect(&first, &QTimer::timeout, this, [&] {
+    first.stop();
+    below.setUpdatesEnabled(true);
+    below.repaint();  // an update that was asked for meanwhile is not asked for again
+  });
+  first.start(kWaitingPressMs);
   QTimer frames;
   frames.setTimerType(Qt::PreciseTimer);
   connect(&frames, &QTimer::timeout, this, [this] { update(); });
-  frames.start(16);
+  frames.start(kFrameMs);
   QEventLoop loop;
   QTimer::singleShot(milliseconds, Qt::PreciseTimer, &loop, &QEventLoop::quit);
   loop.exec();

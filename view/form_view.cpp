@@ -84,7 +84,7 @@ void FormView::formChanged(Form&, Aspect aspect) {
   switch (aspect) {
     case Aspect::Picture:
       background_ = {};
-      if (isVisible()) face_.pictures.prepare(form_.picture(), size(), backgroundFit());
+      if (isVisible()) prepareBackground();
       [[fallthrough]];
     case Aspect::Colours:
       update();

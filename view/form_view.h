@@ -25,6 +25,7 @@ class FormView : public QWidget, private FormObserver {
   // Has every control prepare, one each turn of the event loop, so that no first visit waits for
   // it.
   void prepareControls();
+  void prepareBackground() { face_.pictures.prepare(form_.picture(), size(), backgroundFit()); }
   double scale() const { return face_.scale; }
 
   ControlWidget* widget(const Control& control) const { return widgets_.value(&control); }

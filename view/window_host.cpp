@@ -106,15 +106,16 @@ WindowHost::Layer& WindowHost::open(Form& form, Role role) {
   return layers_.back();
 }
 
-void WindowHost::present() {
+// Its first picture is drawn while the window comes.
+void WindowHost::present(const Layer& first) {
   if (stage_->isVisible()) return;
-  if (windowed_.isEmpty()) {
+  if (windowed_.isEmpty())
     stage_->setGeometry(stage_->screen()->geometry());  // where no window manager does it
-    stage_->showFullScreen();
-    return;
-  }
-  stage_->resize(windowed_);
-  stage_->show();
+  else
+    stage_->resize(windowed_);
+  fit(first);
+  first.view->prepareBackground();
+  windowed_.isEmpty() ? stage_->showFullScreen() : stage_->show();
 }
 
 void WindowHost::fit(const Layer& layer) {
@@ -160,7 +161,7 @@ void WindowHost::show(Form& form) {
     shown.view->lower();
   }
   FormView* view = shown.view;
-  if (role != Role::Strip) present();
+  if (role != Role::Strip) present(shown);
   fit(shown);
   if (shown.dim) {
     shown.dim->raise();

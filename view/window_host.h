@@ -60,7 +60,7 @@ class WindowHost : public FormHost {
   Layer& open(Form& form, Role role);
   void close(Form& form);
   void shownChanged(Form& form);
-  void present();
+  void present(const Layer& first);
   void layOut();
   void fit(const Layer& layer);
   void keyPressed(QKeyEvent& event);
