@@ -42,7 +42,7 @@ void MainForm::ResetSelections() {
     image->tag = QString();
     image->setPicture(u"Music"_s, topPicture(image->index, false));
     if (image->index == kFavouritesCommand)
-      for (Image* mode : optMode_) mode->visible = true;
+      for (Image* mode : optMode_) mode->visible = !state_.playListEditing;
   }
 }
 

@@ -14,7 +14,7 @@ class MainForm {
 
   void HideAllGrids();
   // Clears the marks of the list commands and shows their normal pictures; the favourites' mark
-  // brings both mode images back too.
+  // brings both mode images back too, unless the playlist editor has their place.
   void ResetSelections();
   // The picture of a list command, "b" added when pressed.
   QString topPicture(int index, bool pressed) const;

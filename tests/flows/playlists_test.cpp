@@ -114,8 +114,10 @@ TEST_F(PlaylistFlow, AnEditKeepsWhatASaveCouldNotWrite) {
 TEST_F(PlaylistFlow, ANewListAsksForItsNameUntilItIsGood) {
   home.put(u"PlayLists/mix.m3u"_s, "old\n");
   openLists();
+  press(u"cmdTop"_s, 6);
   console().editor.create();
   press(u"cmdTop"_s, 3);
+  EXPECT_FALSE(shown(u"optMode"_s, 0)) << "the editor has its place";
   pressRow(5, 1);
   press(u"cmdPlayListCommands"_s, 3);
   typed({});
