@@ -10,6 +10,7 @@ import tiles
 from palette import mix, rgb
 
 QUALITY = 90
+OVER = 16  # rows above and below the surface: a screen of 1280 x 800 shows them, and scales nothing
 NAME_Y = 462
 LIMB_Y, LIMB_RADIUS = 552, 2600
 
@@ -30,13 +31,14 @@ def overlay(p):
     body += tiles.path('M%s %sA%d %d 0 0 1 %s %s' % (
         640 - far, tiles.n(LIMB_Y + drop), LIMB_RADIUS, LIMB_RADIUS, 640 + far,
         tiles.n(LIMB_Y + drop)), 'none', ' stroke="url(#h)" stroke-width="2"')
-    return tiles.svg(tiles.W, tiles.H, body, defs)
+    body = '<g transform="translate(0 %d)">%s</g>' % (OVER, body)
+    return tiles.svg(tiles.W, tiles.H + 2 * OVER, body, defs)
 
 
 def point(p, x, y):
     """The sky, and the light that lies along the limb: long above it, short below."""
     top, middle, bottom = (rgb(c) for c in p.sky)
-    t = y / tiles.H * 2
+    t = min(max(y / tiles.H, 0), 1) * 2
     colour = mix(top, middle, t) if t < 1 else mix(middle, bottom, t - 1)
     aside = (x - 640) / 700
     if abs(aside) < 1:
@@ -52,7 +54,7 @@ def jpeg(p, contrasts):
     contrasts.note(p.name, 'splash: name', rgb(p.ink),
                    [point(p, x, y) for x in range(400, 881, 40) for y in range(380, 480, 20)])
     rows, seed = bytearray(), 0x2545F491
-    for y in range(tiles.H):
+    for y in range(-OVER, tiles.H + OVER):
         for x in range(tiles.W):
             # one pseudo-random threshold for the three channels
             seed ^= seed << 13 & 0xFFFFFFFF
@@ -63,7 +65,7 @@ def jpeg(p, contrasts):
     with tempfile.TemporaryDirectory() as place:
         ground, front = os.path.join(place, 'ground.ppm'), os.path.join(place, 'front.svg')
         with open(ground, 'wb') as out:
-            out.write(b'P6 %d %d 255\n' % (tiles.W, tiles.H) + rows)
+            out.write(b'P6 %d %d 255\n' % (tiles.W, tiles.H + 2 * OVER) + rows)
         with open(front, 'w') as out:
             out.write(overlay(p))
         subprocess.run(['rsvg-convert', '-o', front + '.png', front], check=True)
