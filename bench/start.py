@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
 """start.py BUILD [SONGS...]: from the start of the program to its painted splash screen and to the first answered
-press, beside an empty Qt window that ends at its first paint, and what the console costs when it then rests.
-One JSON line for each library size; needs a display. Memory is the proportional set size; wake-ups are voluntary context switches of all threads."""
+press, beside an empty Qt window, and what the console costs when it then rests. One JSON line for each
+library size; needs an X display with nothing on it. Painted means seen on it. Memory is the proportional set size; wake-ups are voluntary context switches of all threads."""
+import ctypes
 import json
 import os
 import pathlib
@@ -18,19 +19,53 @@ SIZES = [int(size) for size in sys.argv[2:]] or [20_000, 1_000_000]
 RUNS, REST = 15, 10
 
 
-def timed(command):
+class Screen:
+    """One point of the display."""
+    def __init__(self):
+        self.x = ctypes.CDLL("libX11.so.6")
+        for name in ("XOpenDisplay", "XGetImage"):
+            getattr(self.x, name).restype = ctypes.c_void_p
+        self.x.XDefaultRootWindow.restype = self.x.XGetPixel.restype = ctypes.c_ulong
+        self.display = ctypes.c_void_p(self.x.XOpenDisplay(None))
+        self.root = ctypes.c_ulong(self.x.XDefaultRootWindow(self.display))
+        self.bare = self.point()
+
+    def point(self):
+        every, whole = ctypes.c_ulong(0xFFFFFFFF), 2
+        image = ctypes.c_void_p(self.x.XGetImage(self.display, self.root, 640, 400, 1, 1, every, whole))
+        point = self.x.XGetPixel(image, 0, 0)
+        self.x.XDestroyImage(image)
+        return point
+
+    def seconds_until(self, painted, begun):
+        while (self.point() != self.bare) != painted:
+            assert time.perf_counter() < begun + 20, "nothing is painted"
+            time.sleep(0.0005)
+        return time.perf_counter() - begun
+
+
+SCREEN = Screen()
+
+
+def empty_window():
+    """Seconds until it was painted."""
     begun = time.perf_counter()
-    subprocess.run(command, check=True, stderr=subprocess.DEVNULL)
-    return time.perf_counter() - begun
+    process = subprocess.Popen([BUILD / "bench/empty_window"], stderr=subprocess.DEVNULL)
+    seconds = SCREEN.seconds_until(True, begun)
+    process.kill()
+    process.wait()
+    SCREEN.seconds_until(False, time.perf_counter())
+    return seconds
 
 
 def first_answer(home):
-    """The running console, and the seconds until its splash stood and until a press was answered."""
+    """The running console, and the seconds until its splash was painted and until a press was answered."""
     path = home / "control"
     path.unlink(missing_ok=True)
     begun = time.perf_counter()
     process = subprocess.Popen([BUILD / "app/korvane", "--home", home, "--control", path,
                                 "--windowed=1280x800"], stderr=subprocess.DEVNULL)
+    splash = SCREEN.seconds_until(True, begun)
     link = socket.socket(socket.AF_UNIX)
     while link.connect_ex(str(path)) != 0:
         time.sleep(0.0005)
@@ -41,10 +76,6 @@ def first_answer(home):
         stream.flush()
         return json.loads(stream.readline())
 
-    # The splash is painted before the first step of the start is told on it.
-    while not ask(cmd="get", name="lblStatus", form="frmSplash").get("caption", "").startswith("Loading"):
-        time.sleep(0.0005)
-    splash = time.perf_counter() - begun
     while not (ask(cmd="press", name="imgTabs", index=0)["ok"]
                and ask(cmd="get", name="imgTabs", index=0).get("picture") == "music/musicb"):
         time.sleep(0.001)
@@ -80,7 +111,7 @@ for songs in SIZES:
                    stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
     bare, splashes, ready = [], [], []
     for run in range(RUNS):
-        bare.append(timed([BUILD / "bench/empty_window"]))
+        bare.append(empty_window())
         process, ask, splash, seconds = first_answer(home)
         splashes.append(splash)
         ready.append(seconds)
@@ -92,6 +123,7 @@ for songs in SIZES:
             woken = (switches(process.pid) - woken) / REST
         ask(cmd="quit")
         process.wait(20)
+        SCREEN.seconds_until(False, time.perf_counter())
     window = statistics.median(bare)
     print(json.dumps({
         "bench": "start", "songs": songs, "empty_window_s": round(window, 3),
