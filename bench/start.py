@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
-"""start.py BUILD [SONGS...]: from the start of the program to its painted splash screen and to the first answered
-press, beside an empty Qt window, and what the console costs when it then rests. One JSON line for each
-library size; needs an X display with nothing on it. Painted means seen on it. Memory is the proportional set size; wake-ups are voluntary context switches of all threads."""
+"""start.py BUILD [SONGS...]: from the start of the program to its painted splash screen and to the first
+answered press, beside the painted window of an empty Qt program, and what the console costs when it then
+rests. Painted means seen on the X display, which must have nothing on it. One JSON line for each library
+size. Memory is the proportional set size; wake-ups are voluntary context switches of all threads."""
 import ctypes
 import json
 import os
@@ -129,6 +130,7 @@ for songs in SIZES:
         "bench": "start", "songs": songs, "empty_window_s": round(window, 3),
         "splash_s": round(statistics.median(splashes), 3),
         "splash_ratio": round(statistics.median(splashes) / window, 2),
-        "ready_s": round(statistics.median(ready), 3), "ratio": round(statistics.median(ready) / window, 2),
+        "ready_s": round(statistics.median(ready), 3),
+        "ratio": round(statistics.median(ready) / window, 2),
         "pss_mib": round(memory, 1), "idle_core": round(load, 4), "idle_wakeups_s": round(woken, 1)}))
     shutil.rmtree(home)

@@ -28,11 +28,12 @@ void FadeLayer::run(int milliseconds) {
   QWidget& below = *parentWidget();
   below.setUpdatesEnabled(false);
   QTimer first;
-  connect(&first, &QTimer::timeout, this, [&] {
+  const auto paint = [&] {
     first.stop();
     below.setUpdatesEnabled(true);
     below.repaint();  // an update that was asked for meanwhile is not asked for again
-  });
+  };
+  connect(&first, &QTimer::timeout, this, paint);
   first.start(kWaitingPressMs);
   QTimer frames;
   frames.setTimerType(Qt::PreciseTimer);
@@ -41,6 +42,7 @@ void FadeLayer::run(int milliseconds) {
   QEventLoop loop;
   QTimer::singleShot(milliseconds, Qt::PreciseTimer, &loop, &QEventLoop::quit);
   loop.exec();
+  if (first.isActive()) paint();
 }
 
 void FadeLayer::paintEvent(QPaintEvent* event) {
