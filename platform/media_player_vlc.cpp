@@ -24,7 +24,7 @@ MediaPlayerVlc::~MediaPlayerVlc() {
 }
 
 void MediaPlayerVlc::prepare() {
-  engine_->post([engine = engine_.get()] { engine->make(); });
+  engine_->post([engine = engine_.get()] { engine->makeSoon(); });
 }
 
 void MediaPlayerVlc::openNew(const QString& path, std::shared_ptr<SoundStream> stream) {

@@ -8,6 +8,7 @@ namespace korvane {
 namespace {
 
 constexpr auto kLongestGoodbye = std::chrono::seconds(1);
+constexpr auto kPagePainted = std::chrono::milliseconds(40);
 constexpr int kCountAttempts = 150;
 constexpr auto kCountPause = std::chrono::milliseconds(2);
 constexpr qint64 kLengthStepMs = 500;  // a guessed length that moves by less is not worth telling
@@ -104,6 +105,14 @@ bool MediaPlayerVlc::Engine::make() {
         libvlc_MediaPlayerTimeChanged, libvlc_MediaPlayerLengthChanged, libvlc_MediaPlayerESAdded})
     vlc_->libvlc_event_attach(events, type, &Engine::event, this);
   return true;
+}
+
+void MediaPlayerVlc::Engine::makeSoon() {
+  std::unique_lock lock(mutex_);
+  wake_.wait_for(lock, kPagePainted, [this] { return quitting_ || !commands_.empty(); });
+  if (quitting_) return;
+  lock.unlock();
+  make();
 }
 
 void MediaPlayerVlc::Engine::open(int generation, const QString& path,

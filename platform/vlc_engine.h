@@ -27,7 +27,8 @@ class MediaPlayerVlc::Engine : public std::enable_shared_from_this<Engine> {
   void quit();  // ends the thread, or leaves it behind when it does not end within a second
 
   // The commands; called on the thread only.
-  bool make();  // libVLC and its player, once; false when that fails
+  bool make();      // libVLC and its player, once; false when that fails
+  void makeSoon();  // with the next command, or when the page that asks for it has been painted
   // The file of that path; with a stream that, and `path` is what it is called.
   void open(int generation, const QString& path, std::shared_ptr<SoundStream> stream = nullptr);
   void play();
