@@ -122,8 +122,11 @@ void MusicConnection::connectNow() {
   uses_.pump.doEvents();
 }
 
+// A link that stood may come back to its song; only when it does not is that gone.
 void MusicConnection::connectAgain() {
+  const bool stood = stood_;
   ConnectionMP3Close();
+  stood_ = stood;
   wireText_ = wireTextOf(uses_.settings.upper(key::ListenerEncoding));
   uses_.connectionMP3.RemotePort = uses_.state.gMusicListenerPort.trimmed().toUShort();
   uses_.connectionMP3.RemoteHost = uses_.state.gMusicListenerIP;

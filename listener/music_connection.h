@@ -120,7 +120,7 @@ class MusicConnection : private Winsock::Events, private LocalReplies {
   LinkNews* linkNews_ = nullptr;
   QByteArray localListenerReply_;              // UTF-8, whatever the encoding on the wire
   WireText wireText_ = WireText::Windows1252;  // of the connection, read when it is opened
-  bool stood_ = false;                         // the connection has stood since it was last opened
+  bool stood_ = false;                         // it stood, and nobody has heard that it is gone
   bool songAwaited_ = false;                   // a song was asked for and has not been answered
   bool takingNext_ = false;                    // the next song after a failed one is being sent
   int failuresInARow_ = 0;                     // songs that could not be played since one sounded
