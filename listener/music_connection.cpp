@@ -122,11 +122,12 @@ void MusicConnection::connectNow() {
   uses_.pump.doEvents();
 }
 
-// A link that stood may come back to its song; only when it does not is that gone.
+// A link that stood may come back to its song; only when the first try gets nowhere is that gone.
 void MusicConnection::connectAgain() {
-  const bool stood = stood_;
+  const bool stood = stood_, stands = connectionState() == Winsock::Connected;
   ConnectionMP3Close();
-  stood_ = stood;
+  if (stood && !stands) listenerGone();
+  stood_ = stood && stands;
   wireText_ = wireTextOf(uses_.settings.upper(key::ListenerEncoding));
   uses_.connectionMP3.RemotePort = uses_.state.gMusicListenerPort.trimmed().toUShort();
   uses_.connectionMP3.RemoteHost = uses_.state.gMusicListenerIP;

@@ -212,14 +212,18 @@ TEST_F(ServerMusicTest, ASongTheListenerRefusesGivesWayToTheNext) {
 }
 
 TEST_F(ServerMusicTest, AListenerThatVanishesStopsTheFrontEnd) {
-  enum class End { Closes, Breaks, ComesNotBack };
-  for (const End end : {End::Closes, End::Breaks, End::ComesNotBack}) {
+  enum class End { Closes, Breaks, ComesNotBack, DropsAllItIsSent };
+  for (const End end : {End::Closes, End::Breaks, End::ComesNotBack, End::DropsAllItIsSent}) {
     connect();
     socket.arrive(bytes("MEDIAPLAYERSTATE|2$MUSICTIMER|0:09|9$"));
     news.heard.clear();
-    if (end == End::ComesNotBack) {  // silent, so tried again by the supervision
+    if (end >= End::ComesNotBack) {  // silent, so tried again by the supervision
       music.connectAgain();
       EXPECT_TRUE(news.heard.isEmpty());
+    }
+    if (end == End::DropsAllItIsSent) {
+      music.connectAgain();
+      EXPECT_EQ(news.heard, QStringList{u"press 3"_s}) << "before any error is told";
     }
     end == End::Closes ? socket.peerCloses() : socket.breakWith(u"Connection timed out"_s);
     EXPECT_EQ(news.heard, QStringList{u"press 3"_s});
