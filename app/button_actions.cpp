@@ -35,9 +35,9 @@ void Console::shuffle() {
 // What is paused goes on, what was stopped begins again, and where nothing has played yet, any song
 // does. The jukebox and the CD know their own beginning.
 void Console::playPause() {
-  if (state.gPlayMode == MediaPlayer::Playing)
+  if (state.gPlayMode == PlayMode::Playing)
     transport.cmdControls_Click(Transport::Pause);
-  else if (state.gPlayMode == MediaPlayer::Paused || state.jukeboxMode || state.playsDiscAudio())
+  else if (state.gPlayMode == PlayMode::Paused || state.jukeboxMode || state.playsDiscAudio())
     transport.cmdControls_Click(Transport::Play);
   else if (const Transport::Running last = transport.started(); last.number > 0)
     transport.resume(last, true);

@@ -4,8 +4,8 @@
 
 #include <QDir>
 
-#include "library/database.h"
-#include "library/schema.h"
+#include "library/data/database.h"
+#include "library/data/schema.h"
 #include "platform/path_text.h"
 
 namespace korvane {

@@ -2,13 +2,13 @@
 // songs.
 #pragma once
 
-#include "custom/colour_pick_form.h"
-#include "custom/ctrl_keyboard.h"
-#include "custom/gui_setup_form.h"
-#include "custom/keyboard_files.h"
-#include "custom/keyboard_form.h"
-#include "custom/nctrl_keyboard.h"
-#include "custom/setup_access.h"
+#include "custom/keyboard/ctrl_keyboard.h"
+#include "custom/keyboard/keyboard_files.h"
+#include "custom/keyboard/nctrl_keyboard.h"
+#include "custom/screens/colour_pick_form.h"
+#include "custom/screens/gui_setup_form.h"
+#include "custom/screens/keyboard_form.h"
+#include "custom/screens/setup_access.h"
 #include "library/screens/mp3_setup_form.h"
 #include "library/screens/play_list_form.h"
 #include "library/screens/scanner_import.h"

@@ -3,11 +3,11 @@
 #pragma once
 
 #include "app/console.h"
-#include "platform/disk_file_system.h"
+#include "platform/files/disk_file_system.h"
 #include "tests/fakes/fake_media_player.h"
 #include "tests/fakes/fake_system.h"
-#include "view/qt_pump.h"
-#include "view/window_host.h"
+#include "view/window/qt_pump.h"
+#include "view/window/window_host.h"
 
 namespace korvane {
 

@@ -3,7 +3,7 @@
 
 #include "bench/bench.h"
 #include "bench/bench_library.h"
-#include "library/database.h"
+#include "library/data/database.h"
 
 namespace korvane {
 

@@ -7,12 +7,12 @@
 
 #include "bench/bench.h"
 #include "bench/bench_music.h"
-#include "custom/keyboard_form.h"
-#include "platform/disk_file_system.h"
+#include "custom/screens/keyboard_form.h"
+#include "platform/files/disk_file_system.h"
 #include "tests/fakes/fake_clock.h"
 #include "tests/fakes/fake_pump.h"
-#include "view/finger.h"
-#include "view/qt_pump.h"
+#include "view/window/finger.h"
+#include "view/window/qt_pump.h"
 
 namespace korvane {
 namespace {

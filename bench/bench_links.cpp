@@ -18,7 +18,7 @@
 #include "bench/bench.h"
 #include "bench/bench_console.h"
 #include "bench/bench_music.h"
-#include "platform/winsock_qt.h"
+#include "platform/net/winsock_qt.h"
 
 namespace korvane {
 namespace {

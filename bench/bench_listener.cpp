@@ -16,7 +16,7 @@
 
 #include "bench/bench.h"
 #include "bench/bench_music.h"
-#include "platform/vlc_library.h"
+#include "platform/sound/vlc_library.h"
 
 namespace korvane {
 namespace {

@@ -1,8 +1,8 @@
 // korvane-bench lists HOME: every statement of the lists beside the same query stepped bare.
 #include "bench/bench.h"
 #include "bench/bench_library.h"
-#include "library/database.h"
-#include "library/statements.h"
+#include "library/data/database.h"
+#include "library/data/statements.h"
 
 namespace korvane {
 namespace {

@@ -6,12 +6,12 @@
 #include "bench/bench.h"
 #include "bench/bench_library.h"
 #include "core/form/form.h"
-#include "library/m3u_reader.h"
-#include "library/playlists.h"
-#include "library/song_search.h"
-#include "library/statements.h"
-#include "platform/disk_file_system.h"
-#include "platform/system_clock.h"
+#include "library/data/song_search.h"
+#include "library/data/statements.h"
+#include "library/lists/m3u_reader.h"
+#include "library/lists/playlists.h"
+#include "platform/files/disk_file_system.h"
+#include "platform/machine/system_clock.h"
 
 namespace korvane {
 namespace {

@@ -11,7 +11,7 @@
 #include <thread>
 
 #include "bench/bench_music.h"
-#include "platform/winsock_qt.h"
+#include "platform/net/winsock_qt.h"
 #include "tests/fakes/loop_pump.h"
 #include "tests/listener/music_parts.h"
 

@@ -6,8 +6,8 @@
 #include "bench/bare_scan.h"
 #include "bench/bench.h"
 #include "bench/bench_library.h"
+#include "library/data/schema.h"
 #include "library/scan/scanner.h"
-#include "library/schema.h"
 
 namespace korvane {
 namespace {

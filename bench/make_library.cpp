@@ -5,8 +5,8 @@
 #include <fstream>
 #include <iostream>
 
-#include "library/database.h"
-#include "library/schema.h"
+#include "library/data/database.h"
+#include "library/data/schema.h"
 #include "platform/windows1252.h"
 
 namespace korvane {

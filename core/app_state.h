@@ -2,6 +2,7 @@
 // field names. One thread, no lock.
 #pragma once
 
+#include "core/words.h"
 #include "platform/machine.h"
 #include "platform/text.h"
 
@@ -32,15 +33,15 @@ struct AppState {
   bool gAddsOn = false;
   int gAddStart = 20, gAddBetween = 10;  // seconds
 
-  QString gMusicState = u"STOP"_s;  // "PLAY", "STOP" or "PAUSED"
-  QString gMusicType = u"DIGITAL"_s;
+  MusicState gMusicState = MusicState::Stop;
+  MusicSource gMusicType = MusicSource::Digital;
   QString gCdDrive;             // device or image of the CD source; empty for the first drive
   int gCdTrack = 0;             // that plays; 0 while none does
   bool gCdServer = false;       // the CD is remote
   bool discHoldsFiles = false;  // the CD at hand is a data disc: its songs play as files do
-  bool playsDiscAudio() const { return gMusicType == "CD"_L1 && !discHoldsFiles; }
-  QString gMovieType;
-  int gPlayMode = 0;  // 0 stopped, 1 paused, 2 playing
+  bool playsDiscAudio() const { return gMusicType == MusicSource::Cd && !discHoldsFiles; }
+  MovieType gMovieType = MovieType::Digital;
+  PlayMode gPlayMode = PlayMode::Stopped;
   QString gSongPlayingTitle;
   bool gCameraLinked = false;
   bool gAlwaysOnTopShown = false;

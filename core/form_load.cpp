@@ -48,7 +48,7 @@ void Startup::Form_Load() {
   uses_.parts.connectMasterListener();
 
   status(u"Loading initial graphics...."_s);
-  state.gMusicState = u"STOP"_s;
+  state.gMusicState = MusicState::Stop;
   fontsAndPlaces(form);
   applyColours();
   applyPictures();
@@ -179,10 +179,10 @@ void Startup::applyPictures() {
 void Startup::chooseMovieType() {
   AppState& state = uses_.state;
   Form& form = uses_.main.form();
-  state.gMovieType = uses_.settings.GetSetting(u"KRV"_s, u"MOVIES"_s, u"MOVIETYPE"_s);
-  const bool remoteDvd = state.gMovieType.startsWith("DVD"_L1) && state.gMovieListener;
+  state.gMovieType = movieTypeOf(uses_.settings.GetSetting(u"KRV"_s, u"MOVIES"_s, u"MOVIETYPE"_s));
+  const bool remoteDvd = state.gMovieType == MovieType::Dvd && state.gMovieListener;
   if (remoteDvd) {
-    state.gMovieType = u"DVDL"_s;
+    state.gMovieType = MovieType::ListenerDvd;
     form.find(u"cmdControls", 0)->toolTip = u"Previous Chapter"_s;
     form.find(u"cmdControls", 4)->toolTip = u"Next Chapter"_s;
   }
@@ -200,11 +200,8 @@ void Startup::chooseMusicRole() {
   picture(form, "lblMusicPlay", 0, "music", state.gLocalListener ? "AtSeatOn" : "AtSeatOff");
   picture(form, "lblMusicPlay", 1, "music", state.gLocalListener ? "InCabinOff" : "InCabinOn");
 
-  if (state.gMovieType.isEmpty()) state.gMovieType = u"DIGITAL"_s;
-  state.gMusicType = uses_.settings.GetSetting(u"KRV"_s, u"MUSIC"_s, u"MUSICSOURCE"_s);
-  if (state.gMusicType.isEmpty()) state.gMusicType = u"DIGITAL"_s;
   uses_.parts.lblMoviesPlay_Click(state.gMovieListener ? 1 : 0);
-  state.gMusicType = u"DIGITAL"_s;  // whatever was stored: a start always begins with digital music
+  state.gMusicType = MusicSource::Digital;  // a start always begins with digital music
   picture(form, "lblMusicType", 0, "music", "CDplayerOff");
   picture(form, "lblMusicType", 1, "music", "DigitalMusicOn");
 }

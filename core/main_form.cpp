@@ -73,10 +73,10 @@ void MainForm::showTransport(const QString& play, const QString& pause, const QS
   cmdControls_[3]->setPicture(u"Music"_s, stop);
 }
 
-void MainForm::showPlayState(int playMode) {
-  if (playMode == 1)
+void MainForm::showPlayState(PlayMode mode) {
+  if (mode == PlayMode::Paused)
     showTransport(u"play"_s, u"pauseb"_s, u"stop"_s);
-  else if (playMode == 2)
+  else if (mode == PlayMode::Playing)
     showTransport(u"playb"_s, u"pause"_s, u"stop"_s);
   else
     showTransport(u"play"_s, u"pause"_s, u"stopb"_s);

@@ -29,8 +29,7 @@ class MainForm {
   void setBackground(const QString& group) {
     form_.picture = Picture{group, u"background"_s, nullptr};
   }
-  // Play, pause and stop as pictures for a player state (0 stopped, 1 paused, 2 playing).
-  void showPlayState(int playMode);
+  void showPlayState(PlayMode mode);  // by the pictures of play, pause and stop
   void showTransport(const QString& play, const QString& pause, const QString& stop);
 
   Form& form() { return form_; }

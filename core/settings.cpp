@@ -2,7 +2,7 @@
 
 #include <sys/stat.h>
 
-#include "platform/profile.h"
+#include "platform/files/profile.h"
 
 namespace korvane {
 namespace {

@@ -10,8 +10,6 @@ namespace korvane {
 
 class Log;
 
-enum TabIndex { kMusicTab = 0, kMoviesTab, kPhotosTab, kMainTab, kMapsTab, kMoreTab };
-
 class TabController {
  public:
   struct Uses {

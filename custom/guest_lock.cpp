@@ -1,7 +1,7 @@
 #include "custom/guest_lock.h"
 
 #include "core/form/binder.h"
-#include "custom/setup_access.h"
+#include "custom/screens/setup_access.h"
 
 namespace korvane {
 namespace {

@@ -4,7 +4,7 @@
 #include "core/tab.h"
 #include "core/tab_controller.h"
 #include "core/tab_parts.h"
-#include "custom/custom_buttons.h"
+#include "custom/buttons/custom_buttons.h"
 #include "custom/home_panel.h"
 
 namespace korvane {

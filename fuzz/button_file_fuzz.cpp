@@ -4,7 +4,7 @@
 #include <cmath>
 #include <cstdlib>
 
-#include "custom/button_file.h"
+#include "custom/buttons/button_file.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   using namespace korvane;

@@ -9,7 +9,7 @@
 #include <cstdlib>
 #include <optional>
 
-#include "platform/disc_reader_cdio.h"
+#include "platform/disc/disc_reader_cdio.h"
 
 namespace {
 

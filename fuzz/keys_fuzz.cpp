@@ -3,7 +3,7 @@
 // UTF-8 up to a zero, then a byte a press.
 #include <cstdlib>
 
-#include "custom/key_logic.h"
+#include "custom/keyboard/key_logic.h"
 
 namespace {
 

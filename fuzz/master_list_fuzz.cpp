@@ -1,7 +1,7 @@
 // What a Master Listener sends to a console, up to the rows of frmNetwork and every press there. A
 // byte of 3 ends a delivery.
 #include "listener/master_listener.h"
-#include "listener/network_form.h"
+#include "listener/screens/network_form.h"
 #include "tests/listener/music_parts.h"
 
 namespace {

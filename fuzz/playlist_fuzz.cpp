@@ -2,7 +2,7 @@
 // end, and what is written for a line's path is read back as that path. The input is a file.
 #include <cstdlib>
 
-#include "library/m3u_reader.h"
+#include "library/lists/m3u_reader.h"
 #include "platform/path_text.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {

@@ -2,7 +2,7 @@
 // nothing else. The input is a file; its first bytes, up to a zero, are also the value.
 #include <cstdlib>
 
-#include "platform/profile.h"
+#include "platform/files/profile.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   using namespace korvane;

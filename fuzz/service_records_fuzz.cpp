@@ -4,7 +4,7 @@
 #include <QFileInfo>
 #include <QTemporaryDir>
 
-#include "platform/disk_file_system.h"
+#include "platform/files/disk_file_system.h"
 #include "services/listener/music_service.h"
 #include "services/master/master_service.h"
 #include "tests/fakes/fake_media_player.h"

@@ -6,7 +6,7 @@
 // where an airline has put them.
 #pragma once
 
-#include "library/database.h"
+#include "library/data/database.h"
 #include "platform/winsock.h"
 
 namespace korvane {

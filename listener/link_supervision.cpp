@@ -80,7 +80,7 @@ bool LinkSupervision::musicWanted() const {
 }
 
 bool LinkSupervision::musicSpeaks() const {
-  return !uses_.state.gLocalListener && uses_.state.gPlayMode == 2;
+  return !uses_.state.gLocalListener && uses_.state.gPlayMode == PlayMode::Playing;
 }
 
 void LinkSupervision::look() {

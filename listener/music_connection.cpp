@@ -155,7 +155,7 @@ void MusicConnection::Close() {
 }
 
 void MusicConnection::Error(const QString& description) {
-  if (uses_.state.gMusicType != "DIGITAL"_L1) return;
+  if (uses_.state.gMusicType != MusicSource::Digital) return;
   uses_.log.logIt(u"Error in connectionMP3 "_s + description);
   const bool stood = stood_;
   ConnectionMP3Close();
@@ -167,7 +167,7 @@ void MusicConnection::Error(const QString& description) {
 void MusicConnection::listenerGone() {
   if (uses_.state.gLocalListener) return;
   if (news_) news_->pressTransport(3);
-  uses_.state.gPlayMode = 0;
+  uses_.state.gPlayMode = PlayMode::Stopped;
   panel_.Slider1->value = 0;
   songAwaited_ = false;
 }

@@ -5,8 +5,6 @@
 namespace korvane {
 namespace {
 
-constexpr int kListenerClosed = 6;
-
 bool isTime(double seconds) {
   return seconds >= -1 && seconds < 1e9;
 }
@@ -94,7 +92,7 @@ void MusicConnection::volume(const ListenerRecord& record) {
 }
 
 void MusicConnection::pauseToPlay(const ListenerRecord&) {
-  uses_.state.gPlayMode = 2;
+  uses_.state.gPlayMode = PlayMode::Playing;
   panel_.play->setPicture(u"Music"_s, u"playb"_s);
   panel_.pause->setPicture(u"Music"_s, u"pause"_s);
   panel_.stop->setPicture(u"Music"_s, u"stop"_s);
@@ -103,13 +101,12 @@ void MusicConnection::pauseToPlay(const ListenerRecord&) {
 void MusicConnection::mediaPlayerState(const ListenerRecord& record) {
   const auto told = record.number(1);
   if (!told || std::abs(*told) > 1000) return;
-  int mode = static_cast<int>(std::lround(*told));
-  if (mode == uses_.state.gPlayMode) return;
-  if (mode == kListenerClosed) mode = 0;
-  uses_.state.gPlayMode = mode;
+  const auto mode = playModeOf(static_cast<int>(std::lround(*told)));
+  if (!mode || *mode == uses_.state.gPlayMode) return;
+  uses_.state.gPlayMode = *mode;
   if (!news_) return;
-  if (mode == 1) news_->pressTransport(2);
-  if (mode == 0) news_->pressTransport(3);
+  if (*mode == PlayMode::Paused) news_->pressTransport(2);
+  if (*mode == PlayMode::Stopped) news_->pressTransport(3);
 }
 
 void MusicConnection::songPlaying(const ListenerRecord& record) {

@@ -39,7 +39,7 @@ void MoviesTab::enter() {
   types_.show();
   parts_.showSound();
   parts_.status.show();
-  remote_.show(parts_.state.gMovieType == "DVDL"_L1);
+  remote_.show(parts_.state.gMovieType == MovieType::ListenerDvd);
   showMute();
   list_.show();
   parts_.form.find(u"cmdControls", 0)->visible = false;
@@ -49,10 +49,8 @@ void MoviesTab::enter() {
   parts_.listPaging.show();
   parts_.tabPicture(kMoviesTab, u"movies"_s, u"moviesb"_s);
   parts_.top.hide();
-  menu_.show(parts_.state.gMovieType == "DVD"_L1);
-  parts_.main.showPlayState(parts_.state.gMusicState == "PLAY"_L1     ? 2
-                            : parts_.state.gMusicState == "PAUSED"_L1 ? 1
-                                                                      : 0);
+  menu_.show(parts_.state.gMovieType == MovieType::Dvd);
+  parts_.main.showPlayState(playModeOf(parts_.state.gMusicState));
   for (int i : {5, 6, 7}) parts_.form.find(u"cmdControls", i)->visible = false;
 }
 
@@ -64,7 +62,7 @@ void MoviesTab::showMute() {
 void MoviesTab::pressTransport(int) {}
 
 void MoviesTab::lblMoviesPlay_Click(int index) {
-  if (parts_.state.gMusicState != "STOP"_L1) return;
+  if (parts_.state.gMusicState != MusicState::Stop) return;
   const bool cabin = index == 1;
   parts_.state.gMovieListener = cabin;
   parts_.form.find(u"lblMoviesPlay", 0)

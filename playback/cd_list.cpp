@@ -39,7 +39,7 @@ void CdPlayer::getCDTracks() {
   looking_ = true;
   cdCommand(4);
   looking_ = false;
-  if (uses_.state.gMusicType != "CD"_L1) return;
+  if (uses_.state.gMusicType != MusicSource::Cd) return;
   panel_.grid->emptyText = u"No CD in the drive"_s;
   showDisc();
 }
@@ -81,8 +81,8 @@ void CdPlayer::showSongs(const Disc& disc) {
 }
 
 void CdPlayer::discChanged() {
-  if (uses_.state.gMusicType != "CD"_L1 || looking_) return;
-  if (uses_.state.gPlayMode != 0) {
+  if (uses_.state.gMusicType != MusicSource::Cd || looking_) return;
+  if (uses_.state.gPlayMode != PlayMode::Stopped) {
     if (uses_.state.discHoldsFiles)
       uses_.transport.pressMusic(Transport::Stop);
     else if (cdCommand(11) == "OPEN"_L1)

@@ -40,7 +40,7 @@ CdPlayer::~CdPlayer() {
 }
 
 void CdPlayer::lblMusicType_Click(int index) {
-  const bool cd = uses_.state.gMusicType == "CD"_L1;
+  const bool cd = uses_.state.gMusicType == MusicSource::Cd;
   if (uses_.screen.busy() || (index == 0) == cd) return;
   const Busy busy(uses_.screen, Screen::Custom);
   if (panel_.Slider1->value() != 0) return;
@@ -49,15 +49,15 @@ void CdPlayer::lblMusicType_Click(int index) {
 
 void CdPlayer::toCd() {
   AppState& state = uses_.state;
-  if (state.gMovieType.startsWith("DVD"_L1, Qt::CaseInsensitive)) {
+  if (state.gMovieType != MovieType::Digital) {
     uses_.messages.say(
         u"DVD movie play and CD play cannot be on at the same time. If you want to play a CD turn "
         "DVD Play off."_s);
     return;
   }
-  if (state.gPlayMode != 0) uses_.transport.pressMusic(3);
+  if (state.gPlayMode != PlayMode::Stopped) uses_.transport.pressMusic(3);
   savedGrid_ = state.gridMode;
-  state.gMusicType = u"CD"_s;
+  state.gMusicType = MusicSource::Cd;
   state.gLocalListener = true;
   const QString drive = uses_.settings.str(key::CDDrive);
   state.gCdDrive = drive == "NO"_L1 ? QString() : drive;
@@ -65,22 +65,22 @@ void CdPlayer::toCd() {
   panel_.lblCurrentPlayList->caption = QString();
   panel_.coverArt->visible = false;
   panel_.coverArt->tag = u"FALSE"_s;
-  showPlaying(0, u"CD Stopped"_s);
+  showPlaying(PlayMode::Stopped, u"CD Stopped"_s);
   uses_.browsing.showGrid(kDiscGrid);
   getCDTracks();
 }
 
 void CdPlayer::toDigital() {
   AppState& state = uses_.state;
-  if (state.gPlayMode != 0) uses_.transport.pressMusic(3);
-  state.gMusicType = u"DIGITAL"_s;
+  if (state.gPlayMode != PlayMode::Stopped) uses_.transport.pressMusic(3);
+  state.gMusicType = MusicSource::Digital;
   state.discHoldsFiles = false;
   panel_.MusicTimer->enabled = false;
   cdCommand(2);
   cdCommand(5);
   showSource(false);
   panel_.lblCurrentPlayList->caption = QString();
-  showPlaying(0, u"Status: Idle"_s);
+  showPlaying(PlayMode::Stopped, u"Status: Idle"_s);
   uses_.browsing.showGrid(savedGrid_);
   uses_.connection.ConnectionMP3Connect();
 }
@@ -97,10 +97,9 @@ void CdPlayer::showSource(bool cd) {
   panel_.cmdFavoriateAdd->enabled = !cd;
 }
 
-void CdPlayer::showPlaying(int playMode, const QString& caption) {
-  static const QString states[] = {u"STOP"_s, u"PAUSED"_s, u"PLAY"_s};
+void CdPlayer::showPlaying(PlayMode playMode, const QString& caption) {
   uses_.state.gPlayMode = playMode;
-  uses_.state.gMusicState = states[playMode];
+  uses_.state.gMusicState = musicStateOf(playMode);
   panel_.lblCurrentPlay->caption = caption;
   uses_.main.showPlayState(playMode);
 }
@@ -124,7 +123,7 @@ void CdPlayer::startTrack(int track) {
   if (uses_.state.gridMode == kDiscGrid) uses_.browsing.showGrid(kDiscGrid);
   panel_.Slider1->value = 0;
   uses_.connection.ShowSliderTimes();
-  showPlaying(2, u"CD Seeking"_s);
+  showPlaying(PlayMode::Playing, u"CD Seeking"_s);
   if (cdCommand(1, track) == "false"_L1) {
     stop();
     showDisc();
@@ -142,14 +141,14 @@ void CdPlayer::playSong(int row) {
 }
 
 void CdPlayer::press(int button) {
-  const int playMode = uses_.state.gPlayMode;
+  const PlayMode playMode = uses_.state.gPlayMode;
   switch (button) {
     case Transport::Play:
-      playMode == 1 ? goOn() : playRow(std::max(panel_.grid->row(), 1));
+      playMode == PlayMode::Paused ? goOn() : playRow(std::max(panel_.grid->row(), 1));
       break;
     case Transport::Pause:
-      if (playMode == 1) goOn();
-      if (playMode == 2) pause();
+      if (playMode == PlayMode::Paused) goOn();
+      if (playMode == PlayMode::Playing) pause();
       break;
     case Transport::Stop:
       stop();
@@ -169,14 +168,14 @@ void CdPlayer::goOn() {
   const QString position = cdCommand(10);
   if (position == "false"_L1) return stop();
   cdCommand(0, position.left(2).toInt(), secondsAt(position, 3));
-  showPlaying(2, u"CD Playing"_s);
+  showPlaying(PlayMode::Playing, u"CD Playing"_s);
   panel_.MusicTimer->enabled = true;
 }
 
 void CdPlayer::pause() {
   cdCommand(3);
   panel_.MusicTimer->enabled = false;
-  showPlaying(1, u"CD Paused"_s);
+  showPlaying(PlayMode::Paused, u"CD Paused"_s);
 }
 
 void CdPlayer::stop() {
@@ -188,7 +187,7 @@ void CdPlayer::stop() {
   panel_.TxtTime->caption = u"--:--:--"_s;
   panel_.lblDuration->caption = QString();
   panel_.lblCurrentPlayList->caption = QString();
-  showPlaying(0, u"CD Stopped"_s);
+  showPlaying(PlayMode::Stopped, u"CD Stopped"_s);
 }
 
 void CdPlayer::step(int by) {
@@ -204,10 +203,10 @@ void CdPlayer::step(int by) {
 
 void CdPlayer::moveTo(int seconds) {
   const int track = uses_.state.gCdTrack;
-  if (track == 0 || uses_.state.gPlayMode == 0) return;
+  if (track == 0 || uses_.state.gPlayMode == PlayMode::Stopped) return;
   const int length = secondsAt(cdCommand(8, track), 0);
   cdCommand(0, track, std::clamp(seconds, 0, std::max(length - 1, 0)));
-  showPlaying(2, u"CD Seeking"_s);
+  showPlaying(PlayMode::Playing, u"CD Seeking"_s);
   panel_.MusicTimer->enabled = true;
 }
 

@@ -71,7 +71,7 @@ class CdPlayer : public Transport::DiscSource, private DiscDrive::Events {
   void step(int by);
   void playSong(int row);
   void takePosition(const QString& position);
-  void showPlaying(int playMode, const QString& caption);
+  void showPlaying(PlayMode playMode, const QString& caption);
 
   Uses uses_;
   Panel panel_;

@@ -56,7 +56,7 @@ void Jukebox::enter() {
 
   const PlaySong running = database.rsPlaySongs.row();
   database.resetPlaySongs();
-  topPlays_ = uses_.state.gPlayMode != 0 && !running.Path.isEmpty();
+  topPlays_ = uses_.state.gPlayMode != PlayMode::Stopped && !running.Path.isEmpty();
   if (topPlays_) jukeboxAdd(running);
 }
 
@@ -95,7 +95,8 @@ void Jukebox::jukeboxAdd(const PlaySong& song) {
   queue.MoveFirst();
   panel_.queue->SetActiveCell(1, 1);
   pageQueue();
-  if (queue.RecordCount() == 1 && uses_.state.gPlayMode == 0) uses_.transport.pressMusic(Play);
+  if (queue.RecordCount() == 1 && uses_.state.gPlayMode == PlayMode::Stopped)
+    uses_.transport.pressMusic(Play);
   uses_.pump.wait(kSeen, [] { return false; });
   panel_.lblCurrentPlayList->highlighted = false;
 }

@@ -39,7 +39,7 @@ void ListUndo::hide() {
 }
 
 void ListUndo::around(const std::function<void()>& press) {
-  const bool running = uses_.state.gPlayMode != 0 && !uses_.state.jukeboxMode;
+  const bool running = uses_.state.gPlayMode != PlayMode::Stopped && !uses_.state.jukeboxMode;
   const Transport::Running started = uses_.transport.started(), list = uses_.transport.running();
   const double seconds = panel_.Slider1->value();
   const QString caption = panel_.lblCurrentPlayList->caption();

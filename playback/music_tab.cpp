@@ -56,8 +56,8 @@ void MusicTab::enter() {
 }
 
 void MusicTab::showStatus() {
-  const bool cd = parts_.state.gMusicType == "CD"_L1;
-  if (parts_.state.gPlayMode != 0) return;
+  const bool cd = parts_.state.gMusicType == MusicSource::Cd;
+  if (parts_.state.gPlayMode != PlayMode::Stopped) return;
   Control* status = parts_.form.find(u"lblCurrentPlay");
   status->caption = cd ? u"CD Stopped"_s : u"Status: Idle"_s;
   parts_.form.find(u"TxtTime")->caption = u"--:--:--"_s;
@@ -69,7 +69,7 @@ void MusicTab::showLists() {
     firstVisit();
     return;
   }
-  browsing_.showGrid(parts_.state.gMusicType == "CD"_L1 ? 7 : parts_.state.gridMode);
+  browsing_.showGrid(parts_.state.gMusicType == MusicSource::Cd ? 7 : parts_.state.gridMode);
 }
 
 void MusicTab::firstVisit() {

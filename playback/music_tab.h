@@ -3,7 +3,7 @@
 
 #include "core/tab.h"
 #include "core/tab_parts.h"
-#include "library/playlist_editor.h"
+#include "library/lists/playlist_editor.h"
 #include "listener/music_connection.h"
 #include "playback/transport.h"
 

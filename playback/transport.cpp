@@ -80,12 +80,12 @@ void Transport::pressMusic(int index) {
 
 void Transport::play() {
   AppState& state = uses_.state;
-  if (state.gPlayMode == MediaPlayer::Paused) {
+  if (state.gPlayMode == PlayMode::Paused) {
     uses_.connection.ConnectionMP3Send(u"MUSIC"_s, u"PLAY"_s);
-    uses_.main.showPlayState(2);
+    uses_.main.showPlayState(PlayMode::Playing);
     return;
   }
-  state.gMusicState = u"STOP"_s;
+  state.gMusicState = MusicState::Stop;
   if (state.jukeboxMode) {
     if (queue_) queue_->playTop();
     return;
@@ -103,16 +103,16 @@ void Transport::play() {
 
 void Transport::pause() {
   AppState& state = uses_.state;
-  if (state.gPlayMode == MediaPlayer::Stopped) return;
-  state.gMusicState = u"PAUSED"_s;
-  const bool remoteCd = state.gMusicType == "CD"_L1 && !state.gLocalListener;
-  if (state.gPlayMode == MediaPlayer::Paused && !remoteCd) {
+  if (state.gPlayMode == PlayMode::Stopped) return;
+  state.gMusicState = MusicState::Paused;
+  const bool remoteCd = state.gMusicType == MusicSource::Cd && !state.gLocalListener;
+  if (state.gPlayMode == PlayMode::Paused && !remoteCd) {
     play();
     return;
   }
-  if (state.gPlayMode == MediaPlayer::Playing)
+  if (state.gPlayMode == PlayMode::Playing)
     uses_.connection.ConnectionMP3Send(u"MUSIC"_s, u"PAUSE"_s);
-  uses_.main.showPlayState(1);
+  uses_.main.showPlayState(PlayMode::Paused);
 }
 
 void Transport::stop() {
@@ -124,7 +124,7 @@ void Transport::stop() {
   panel_.lblDuration->caption = QString();
   panel_.coverArt->tag = u"FALSE"_s;
   panel_.coverArt->visible = false;
-  uses_.main.showPlayState(0);
+  uses_.main.showPlayState(PlayMode::Stopped);
 }
 
 void Transport::step(int by) {
@@ -171,7 +171,7 @@ void Transport::toggle(Button button) {
 void Transport::startFrom(int grid) {
   lastControl_ = -1;
   playGrid_ = grid;
-  uses_.state.gMusicState = u"STOP"_s;
+  uses_.state.gMusicState = MusicState::Stop;
 }
 
 void Transport::showRow(int row) {
@@ -214,9 +214,9 @@ void Transport::playPaths() {
   if (song.Path.isEmpty()) return;
   started_ = running();
   ++started_.number;
-  uses_.state.gMusicState = u"PLAY"_s;
+  uses_.state.gMusicState = MusicState::Play;
   panel_.lblCurrentPlay->caption = u"Playing: "_s + song.Title.trimmed();
-  uses_.main.showPlayState(2);
+  uses_.main.showPlayState(PlayMode::Playing);
   panel_.Slider1->value = 0;
   uses_.connection.ShowSliderTimes();
   uses_.connection.ConnectionMP3Send(u"MUSIC"_s, u"PLAY"_s, song.Path, song.Title.trimmed());
@@ -289,10 +289,10 @@ void Transport::songFailed(int inARow) {
 
 // A report, unlike a finger, never resumes what is paused.
 void Transport::pressTransport(int index) {
-  if (index == Pause && uses_.state.gPlayMode == MediaPlayer::Paused) {
+  if (index == Pause && uses_.state.gPlayMode == PlayMode::Paused) {
     if (uses_.screen.busy()) return;
-    uses_.state.gMusicState = u"PAUSED"_s;
-    uses_.main.showPlayState(1);
+    uses_.state.gMusicState = MusicState::Paused;
+    uses_.main.showPlayState(PlayMode::Paused);
     return;
   }
   cmdControls_Click(index);
@@ -305,9 +305,9 @@ void Transport::goIdle() {
   panel_.TxtTime->caption = noTime();
   panel_.lblCurrentPlay->caption = u"Status: Idle"_s;
   panel_.lblDuration->caption = QString();
-  uses_.state.gMusicState = u"STOP"_s;
+  uses_.state.gMusicState = MusicState::Stop;
   uses_.connection.ConnectionMP3Send(u"MUSIC"_s, u"STOP"_s);
-  uses_.main.showPlayState(0);
+  uses_.main.showPlayState(PlayMode::Stopped);
 }
 
 void Transport::jukeboxAdd(const PlaySong& song) {

@@ -95,8 +95,8 @@ void Volume::mute_Click() {
   if (!movies)
     uses_.music.ConnectionMP3Send(u"MUSIC"_s, command);
   else if (movies_)
-    movies_->ConnectionMovieSend(uses_.state.gMovieType == "DVDL"_L1 ? u"DVDP"_s : u"MOVIE"_s,
-                                 command);
+    movies_->ConnectionMovieSend(
+        uses_.state.gMovieType == MovieType::ListenerDvd ? u"DVDP"_s : u"MOVIE"_s, command);
 }
 
 void Volume::showBar() {

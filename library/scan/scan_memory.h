@@ -6,7 +6,7 @@
 #include <QHash>
 #include <vector>
 
-#include "library/sql.h"
+#include "library/data/sql.h"
 
 namespace korvane {
 

@@ -3,9 +3,9 @@
 #include <QElapsedTimer>
 #include <future>
 
-#include "library/statements.h"
+#include "library/data/statements.h"
+#include "library/data/vb_text.h"
 #include "library/tags/full_tags.h"
-#include "library/vb_text.h"
 #include "platform/path_text.h"
 
 namespace korvane {

@@ -1,7 +1,7 @@
 // Scanning: fills Songs from a tree of files. A scan adds rows and never removes one.
 #pragma once
 
-#include "library/database.h"
+#include "library/data/database.h"
 #include "library/scan/prefetch.h"
 #include "platform/pump.h"
 

@@ -1,6 +1,6 @@
 #include "library/scan/song_row.h"
 
-#include "library/vb_text.h"
+#include "library/data/vb_text.h"
 #include "platform/windows1252.h"
 
 namespace korvane {

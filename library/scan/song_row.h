@@ -1,8 +1,8 @@
 // Which row a file becomes: the writers' rules for texts, apart from any reading and writing.
 #pragma once
 
+#include "library/data/song.h"
 #include "library/scan/scan_rules.h"
-#include "library/song.h"
 #include "library/tags/audio_tags.h"
 
 namespace korvane {

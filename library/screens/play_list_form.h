@@ -4,7 +4,7 @@
 #include "core/log.h"
 #include "core/palette.h"
 #include "core/prompt.h"
-#include "library/playlists.h"
+#include "library/lists/playlists.h"
 
 namespace korvane {
 

@@ -3,7 +3,7 @@
 #include <QFile>
 #include <stdexcept>
 
-#include "library/vb_text.h"
+#include "library/data/vb_text.h"
 
 namespace korvane {
 namespace {

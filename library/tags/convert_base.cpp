@@ -2,7 +2,7 @@
 
 #include <limits>
 
-#include "library/vb_text.h"
+#include "library/data/vb_text.h"
 
 namespace korvane {
 

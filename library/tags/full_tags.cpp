@@ -7,7 +7,7 @@
 
 #include <mutex>
 
-#include "library/vb_text.h"
+#include "library/data/vb_text.h"
 #include "platform/path_text.h"
 
 namespace korvane {

@@ -3,10 +3,10 @@
 #include <QSysInfo>
 
 #include "library/tags/any_cover.h"
-#include "platform/disk_file_system.h"
-#include "platform/media_player_vlc.h"
-#include "platform/mixer_alsa.h"
-#include "platform/winsock_qt.h"
+#include "platform/files/disk_file_system.h"
+#include "platform/net/winsock_qt.h"
+#include "platform/sound/media_player_vlc.h"
+#include "platform/sound/mixer_alsa.h"
 #include "services/listener/music_service.h"
 #include "services/listener/registration.h"
 #include "services/server/service_main.h"

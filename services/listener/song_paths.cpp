@@ -1,6 +1,6 @@
 #include "services/listener/song_paths.h"
 
-#include "platform/contained_file.h"
+#include "platform/files/contained_file.h"
 #include "platform/path_text.h"
 
 namespace korvane {

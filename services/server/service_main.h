@@ -1,11 +1,11 @@
 // The frame of a service's main(): command line, help, no root, an event loop until SIGTERM.
 #pragma once
 
-#include "platform/end_signal.h"
-#include "platform/service_pump.h"
-#include "platform/system_clock.h"
-#include "platform/tcp_server_qt.h"
-#include "platform/ticker_qt.h"
+#include "platform/machine/end_signal.h"
+#include "platform/machine/service_pump.h"
+#include "platform/machine/system_clock.h"
+#include "platform/machine/ticker_qt.h"
+#include "platform/net/tcp_server_qt.h"
 #include "services/server/options.h"
 
 namespace korvane {

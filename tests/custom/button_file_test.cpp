@@ -1,4 +1,4 @@
-#include "custom/button_file.h"
+#include "custom/buttons/button_file.h"
 
 #include <gtest/gtest.h>
 

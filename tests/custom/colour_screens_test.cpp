@@ -1,7 +1,7 @@
 #include <QFile>
 
-#include "custom/colour_elements.h"
-#include "custom/colour_pick_form.h"
+#include "custom/screens/colour_elements.h"
+#include "custom/screens/colour_pick_form.h"
 #include "tests/fakes/form_world.h"
 
 namespace korvane {

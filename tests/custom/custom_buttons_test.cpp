@@ -1,8 +1,8 @@
 // The owner's buttons and their tools on the real main form, with a real file of the theme.
-#include "custom/custom_buttons.h"
+#include "custom/buttons/custom_buttons.h"
 
 #include "core/log.h"
-#include "custom/button_editor.h"
+#include "custom/buttons/button_editor.h"
 #include "tests/fakes/fake_programs.h"
 #include "tests/fakes/form_world.h"
 

@@ -1,7 +1,7 @@
 // What setup asks of the units above it, written down.
 #pragma once
 
-#include "custom/setup_parts.h"
+#include "custom/screens/setup_parts.h"
 
 namespace korvane {
 

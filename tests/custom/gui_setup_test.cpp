@@ -1,4 +1,4 @@
-#include "custom/gui_setup_form.h"
+#include "custom/screens/gui_setup_form.h"
 
 #include "core/tab_controller.h"
 #include "tests/custom/fake_setup_parts.h"
@@ -152,21 +152,22 @@ TEST_F(GuiSetup, MasterListenerStartsAgainOnlyWhenChanged) {
 TEST_F(GuiSetup, ChoosesWhereMoviesPlay) {
   const struct {
     int option;
-    const char *before, *after, *written;
+    MovieType before, after;
+    const char* written;
     bool listener;
   } cases[] = {
-      {1, "DVDL", "DVD", "0", false},
-      {1, "DIGITAL", "DIGITAL", "0", false},
-      {0, "DVDL", "DVDL", "1", true},
-      {0, "DVD", "DVD", "1", true},  // becomes the Listener's disc elsewhere
+      {1, MovieType::ListenerDvd, MovieType::Dvd, "0", false},
+      {1, MovieType::Digital, MovieType::Digital, "0", false},
+      {0, MovieType::ListenerDvd, MovieType::ListenerDvd, "1", true},
+      {0, MovieType::Dvd, MovieType::Dvd, "1", true},  // becomes the Listener's disc elsewhere
   };
   for (const auto& it : cases) {
-    state.gMovieType = QString::fromLatin1(it.before);
+    state.gMovieType = it.before;
     saves([&](Form& form) {
       press(form, u"cmdPage"_s, 2);
       press(form, u"optIntListenM"_s, it.option);
     });
-    EXPECT_EQ(state.gMovieType, QLatin1StringView(it.after));
+    EXPECT_EQ(state.gMovieType, it.after);
     EXPECT_EQ(stored(key::MovieListener), QLatin1StringView(it.written));
     EXPECT_EQ(state.gMovieListener, it.listener);
   }

@@ -1,4 +1,4 @@
-#include "custom/key_logic.h"
+#include "custom/keyboard/key_logic.h"
 
 #include "tests/fakes/form_world.h"
 

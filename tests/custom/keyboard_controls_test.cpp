@@ -1,6 +1,6 @@
 // The keyboards that are controls of a form: ctrlKeyboard and NctrlKeyboard.
-#include "custom/ctrl_keyboard.h"
-#include "custom/nctrl_keyboard.h"
+#include "custom/keyboard/ctrl_keyboard.h"
+#include "custom/keyboard/nctrl_keyboard.h"
 #include "tests/fakes/form_world.h"
 
 namespace korvane {

@@ -2,8 +2,8 @@
 
 #include <QDir>
 
-#include "custom/key_logic.h"
-#include "custom/keyboard_files.h"
+#include "custom/keyboard/key_logic.h"
+#include "custom/keyboard/keyboard_files.h"
 #include "tests/fakes/print.h"
 
 namespace korvane {

@@ -1,4 +1,4 @@
-#include "custom/keyboard_form.h"
+#include "custom/screens/keyboard_form.h"
 
 #include "tests/fakes/form_world.h"
 

@@ -1,8 +1,8 @@
-#include "custom/send_keys.h"
+#include "custom/keyboard/send_keys.h"
 
 #include <gtest/gtest.h>
 
-#include "custom/key_logic.h"
+#include "custom/keyboard/key_logic.h"
 #include "tests/fakes/print.h"
 
 namespace korvane {

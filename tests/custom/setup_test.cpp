@@ -1,4 +1,4 @@
-#include "custom/setup_access.h"
+#include "custom/screens/setup_access.h"
 #include "tests/custom/fake_setup_parts.h"
 #include "tests/fakes/form_world.h"
 

@@ -3,7 +3,7 @@
 
 #include <QFile>
 
-#include "platform/disc_reader.h"
+#include "platform/disc/disc_reader.h"
 
 namespace korvane {
 

@@ -5,7 +5,7 @@
 
 #include "core/palette.h"
 #include "core/settings.h"
-#include "platform/disk_file_system.h"
+#include "platform/files/disk_file_system.h"
 #include "tests/fakes/fake_form_host.h"
 #include "tests/fakes/fake_machine.h"
 #include "tests/fakes/fake_messages.h"

@@ -84,7 +84,8 @@ TEST_F(HomePage, PlaysAnySongAndWhatWasStoppedAgain) {
   press(u"cmdHome"_s, 1);
   EXPECT_TRUE(control(u"cmdControls"_s, 6).tagged()) << "in any order";
   press(u"imgTabs"_s, kMainTab);
-  for (const auto& [mode, shown] : {std::pair{1, u"play"_s}, {2, u"pause"_s}}) {
+  for (const auto& [mode, shown] :
+       {std::pair{PlayMode::Paused, u"play"_s}, {PlayMode::Playing, u"pause"_s}}) {
     press(u"cmdbutton"_s, 2);
     EXPECT_EQ(console().state.gPlayMode, mode);
     EXPECT_EQ(picture(u"cmdHome"_s, 1), shown);

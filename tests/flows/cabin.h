@@ -7,8 +7,8 @@
 
 #include "app/console.h"
 #include "app/screens.h"
-#include "library/schema.h"
-#include "platform/disk_file_system.h"
+#include "library/data/schema.h"
+#include "platform/files/disk_file_system.h"
 #include "tests/fakes/fake_form_host.h"
 #include "tests/fakes/fake_media_player.h"
 #include "tests/fakes/fake_system.h"

@@ -73,7 +73,7 @@ TEST_F(CdTest, TheSourceChangesAndChangesBack) {
   playRow(7, 1);
   soundAt(1, 5);
   press(u"lblMusicType"_s, 1);  // refused while it plays
-  EXPECT_EQ(console().state.gMusicType, u"CD"_s);
+  EXPECT_EQ(console().state.gMusicType, MusicSource::Cd);
   press(u"cmdControls"_s, 3);
   press(u"lblMusicType"_s, 1);
   EXPECT_EQ(lastCall(), u"close"_s);
@@ -83,11 +83,11 @@ TEST_F(CdTest, TheSourceChangesAndChangesBack) {
   EXPECT_EQ(playing(), u"One"_s);
 
   press(u"cmdControls"_s, 3);
-  console().state.gMovieType = u"DVDL"_s;
+  console().state.gMovieType = MovieType::ListenerDvd;
   answer({});
   press(u"lblMusicType"_s, 0);
   EXPECT_TRUE(host->allDone());
-  EXPECT_EQ(console().state.gMusicType, u"DIGITAL"_s);
+  EXPECT_EQ(console().state.gMusicType, MusicSource::Digital);
 }
 
 TEST_F(CdTest, ATrackIsSoughtShownAndEnds) {

@@ -1,12 +1,12 @@
-#include "library/database.h"
+#include "library/data/database.h"
 
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <QFile>
 
-#include "library/statements.h"
-#include "library/vb_text.h"
+#include "library/data/statements.h"
+#include "library/data/vb_text.h"
 #include "tests/library/library_fixture.h"
 
 namespace korvane {

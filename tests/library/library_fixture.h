@@ -7,8 +7,8 @@
 #include <filesystem>
 #include <fstream>
 
-#include "library/database.h"
-#include "library/schema.h"
+#include "library/data/database.h"
+#include "library/data/schema.h"
 #include "tests/fakes/print.h"
 
 namespace korvane {

@@ -2,8 +2,8 @@
 #include <QFile>
 #include <random>
 
-#include "library/index_builder.h"
-#include "library/statements.h"
+#include "library/data/statements.h"
+#include "library/index/index_builder.h"
 #include "tests/library/library_fixture.h"
 
 namespace korvane {

@@ -1,5 +1,5 @@
 // Playlists of other programs: what their lines mean.
-#include "library/m3u_reader.h"
+#include "library/lists/m3u_reader.h"
 
 #include <gtest/gtest.h>
 

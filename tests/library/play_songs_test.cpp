@@ -1,4 +1,4 @@
-#include "library/play_songs.h"
+#include "library/data/play_songs.h"
 
 #include <gtest/gtest.h>
 

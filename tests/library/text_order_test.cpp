@@ -1,4 +1,4 @@
-#include "library/text_order.h"
+#include "library/data/text_order.h"
 
 #include <gtest/gtest.h>
 #include <unicode/ucol.h>

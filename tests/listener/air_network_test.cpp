@@ -5,7 +5,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-#include "library/schema.h"
+#include "library/data/schema.h"
 #include "tests/fakes/fake_winsock.h"
 #include "tests/fakes/print.h"
 

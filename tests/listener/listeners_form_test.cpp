@@ -1,4 +1,4 @@
-#include "listener/listeners_form.h"
+#include "listener/screens/listeners_form.h"
 
 #include "tests/fakes/fake_form_host.h"
 #include "tests/listener/music_world.h"

@@ -1,5 +1,5 @@
 // The player over the real libVLC and real files, without a sound device.
-#include "platform/media_player_vlc.h"
+#include "platform/sound/media_player_vlc.h"
 
 #include <gtest/gtest.h>
 

@@ -35,7 +35,7 @@ TEST_F(LocalMusicTest, PlaysAFile) {
   EXPECT_EQ(Slider1.maximum(), 125.9);
   EXPECT_EQ(caption("lblCurrentPlay"), u"Playing: \u4e2d\u6587 \u0394"_s);
   EXPECT_TRUE(MusicTimer.enabled());
-  EXPECT_EQ(state.gPlayMode, 2);
+  EXPECT_EQ(state.gPlayMode, PlayMode::Playing);
   EXPECT_EQ(state.gSongPlayingTitle, u"\u4e2d\u6587 \u0394"_s);
   EXPECT_EQ(ini(u"GENERAL"_s, u"LASTSONGPLAYED"_s), u"/m/a.mp3"_s);
   EXPECT_TRUE(socket.sent.isEmpty());
@@ -50,7 +50,7 @@ TEST_F(LocalMusicTest, PausesResumesSeeksMutesAndStops) {
   EXPECT_FALSE(MusicTimer.enabled());
   ask(u"PLAY"_s);
   EXPECT_TRUE(MusicTimer.enabled());
-  EXPECT_EQ(state.gPlayMode, 2);
+  EXPECT_EQ(state.gPlayMode, PlayMode::Playing);
   EXPECT_EQ(picture("cmdControls", 1), u"Music/playb"_s);
   ask(u"CURRENTPOSITION"_s, u"12.5"_s);
   ask(u"CURRENTPOSITION"_s, u"soon"_s);
@@ -71,7 +71,7 @@ TEST_F(LocalMusicTest, TicksMoveTheSliderUnlessItIsTheCds) {
   EXPECT_EQ(Slider1.value(), 61.25);
   EXPECT_EQ(Slider1.text(), u"Current= 1:01 -- Remaining= 0:38"_s);
 
-  state.gMusicType = u"CD"_s;
+  state.gMusicType = MusicSource::Cd;
   tickAt(70);
   EXPECT_EQ(Slider1.value(), 61.25);
 }
@@ -197,7 +197,7 @@ TEST_F(LocalMusicTest, DeliveriesOfAForgottenListenerChangeNothing) {
   socket.arrive(bytes("SONGPLAYING|Other$MEDIAPLAYERSTATE|0$"));
   socket.peerCloses();
   EXPECT_EQ(caption("lblCurrentPlay"), u"Playing: Title"_s);
-  EXPECT_EQ(state.gPlayMode, 2);
+  EXPECT_EQ(state.gPlayMode, PlayMode::Playing);
   EXPECT_TRUE(news.heard.isEmpty());
 }
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "listener/music_connection.h"
-#include "platform/profile.h"
+#include "platform/files/profile.h"
 #include "tests/fakes/fake_media_player.h"
 #include "tests/fakes/fake_messages.h"
 #include "tests/fakes/fake_system.h"

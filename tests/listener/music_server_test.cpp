@@ -84,7 +84,7 @@ TEST_F(ServerMusicTest, RecordsShowOnTheForm) {
   EXPECT_EQ(caption("lblDuration"), u"3:20"_s);
   EXPECT_EQ(Slider1.maximum(), 200);
   EXPECT_EQ(caption("lblCurrentPlay"), u"Playing: One"_s);
-  EXPECT_EQ(state.gPlayMode, 2);
+  EXPECT_EQ(state.gPlayMode, PlayMode::Playing);
   EXPECT_EQ(Slider1.value(), 7);
   EXPECT_EQ(Slider1.text(), u"Current= 0:07 -- Remaining= 3:13"_s);
 
@@ -95,9 +95,9 @@ TEST_F(ServerMusicTest, RecordsShowOnTheForm) {
   EXPECT_EQ(caption("lblVolume"), u"Volume 16%"_s);
   EXPECT_EQ(music.listenerMaxVolume, 200);
 
-  state.gPlayMode = 1;
+  state.gPlayMode = PlayMode::Paused;
   socket.arrive(bytes("PAUSETOPLAY$"));
-  EXPECT_EQ(state.gPlayMode, 2);
+  EXPECT_EQ(state.gPlayMode, PlayMode::Playing);
   EXPECT_EQ(picture("cmdControls", 1) + picture("cmdControls", 2) + picture("cmdControls", 3),
             u"Music/playbMusic/pauseMusic/stop"_s);
   EXPECT_TRUE(news.heard.isEmpty());
@@ -105,20 +105,22 @@ TEST_F(ServerMusicTest, RecordsShowOnTheForm) {
 
 TEST_F(ServerMusicTest, StatesPressTheTransport) {
   connect();
+  using enum PlayMode;
   const struct {
-    int before;
+    PlayMode before;
     QByteArray told;
-    int after;
+    PlayMode after;
     QStringList heard;
   } cases[] = {
-      {2, "1", 1, {u"press 2"_s}},
-      {2, "0", 0, {u"press 3"_s}},
-      {2, "6", 0, {u"press 3"_s}},
-      {1, "1", 1, {}},
-      {0, "0", 0, {}},
-      {0, "2", 2, {}},
-      {2, "x", 2, {}},
-      {2, "1e30", 2, {}},
+      {Playing, "1", Paused, {u"press 2"_s}},
+      {Playing, "0", Stopped, {u"press 3"_s}},
+      {Playing, "6", Stopped, {u"press 3"_s}},
+      {Paused, "1", Paused, {}},
+      {Stopped, "0", Stopped, {}},
+      {Stopped, "2", Playing, {}},
+      {Playing, "x", Playing, {}},
+      {Playing, "7", Playing, {}},
+      {Playing, "1e30", Playing, {}},
   };
   for (const auto& c : cases) {
     state.gPlayMode = c.before;
@@ -229,18 +231,18 @@ TEST_F(ServerMusicTest, AListenerThatVanishesStopsTheFrontEnd) {
     EXPECT_EQ(news.heard, QStringList{u"press 3"_s});
     EXPECT_EQ(music.connectionState(), Winsock::Closed);
     EXPECT_EQ(Slider1.value(), 0);
-    EXPECT_EQ(state.gPlayMode, 0);
+    EXPECT_EQ(state.gPlayMode, PlayMode::Stopped);
   }
   EXPECT_TRUE(log().contains(u"Error in connectionMP3 Connection timed out\n"_s));
 }
 
 TEST_F(ServerMusicTest, AFailedConnectionIsLoggedUnlessTheSourceIsTheCd) {
   music.ConnectionMP3Connect();
-  state.gMusicType = u"CD"_s;
+  state.gMusicType = MusicSource::Cd;
   socket.breakWith(u"refused"_s);
   EXPECT_EQ(music.connectionState(), Winsock::Error);
   EXPECT_EQ(log(), u""_s);
-  state.gMusicType = u"DIGITAL"_s;
+  state.gMusicType = MusicSource::Digital;
   socket.breakWith(u"refused"_s);
   EXPECT_EQ(music.connectionState(), Winsock::Closed);
   EXPECT_TRUE(log().endsWith(u"Error in connectionMP3 refused\n"_s));

@@ -1,5 +1,5 @@
 // The connection over real TCP against the test Listener.
-#include "platform/winsock_qt.h"
+#include "platform/net/winsock_qt.h"
 #include "tests/fakes/loop_pump.h"
 #include "tests/fakes/test_listener.h"
 #include "tests/listener/music_world.h"

@@ -5,9 +5,9 @@
 
 #include <thread>
 
-#include "platform/disc_reader_cdio.h"
-#include "platform/media_player_vlc.h"
-#include "platform/reading_drive.h"
+#include "platform/disc/disc_reader_cdio.h"
+#include "platform/disc/reading_drive.h"
+#include "platform/sound/media_player_vlc.h"
 #include "tests/fakes/disc_image.h"
 #include "tests/fakes/loop_pump.h"
 #include "tests/fakes/print.h"

@@ -1,4 +1,4 @@
-#include "platform/disk_file_system.h"
+#include "platform/files/disk_file_system.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "platform/disk_file_system.h"
+#include "platform/files/disk_file_system.h"
 #include "tests/fakes/fake_file_system.h"
 #include "tests/fakes/temporary_home.h"
 

@@ -10,10 +10,10 @@
 #include <QElapsedTimer>
 #include <QProcess>
 
-#include "platform/home_lock.h"
-#include "platform/login_session.h"
-#include "platform/screen_saver_power.h"
-#include "platform/system_clock.h"
+#include "platform/files/home_lock.h"
+#include "platform/machine/login_session.h"
+#include "platform/machine/screen_saver_power.h"
+#include "platform/machine/system_clock.h"
 #include "tests/fakes/fake_clock.h"
 #include "tests/fakes/print.h"
 #include "tests/fakes/temporary_home.h"

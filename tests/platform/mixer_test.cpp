@@ -6,7 +6,7 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
-#include "platform/mixer_alsa.h"
+#include "platform/sound/mixer_alsa.h"
 #include "tests/fakes/loop_pump.h"
 #include "tests/fakes/print.h"
 

@@ -10,7 +10,7 @@
 
 #include <cstring>
 
-#include "platform/network_linux.h"
+#include "platform/net/network_linux.h"
 #include "tests/fakes/loop_pump.h"
 #include "tests/fakes/print.h"
 

@@ -4,7 +4,7 @@
 #include <QFile>
 #include <csignal>
 
-#include "platform/detached_programs.h"
+#include "platform/machine/detached_programs.h"
 #include "tests/fakes/loop_pump.h"
 #include "tests/fakes/print.h"
 #include "tests/fakes/temporary_home.h"

@@ -6,7 +6,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "platform/disk_file_system.h"
+#include "platform/files/disk_file_system.h"
 #include "platform/path_text.h"
 #include "tests/fakes/print.h"
 #include "tests/fakes/temporary_home.h"

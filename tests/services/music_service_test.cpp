@@ -7,7 +7,7 @@
 #include <QFileInfo>
 #include <QTemporaryDir>
 
-#include "platform/disk_file_system.h"
+#include "platform/files/disk_file_system.h"
 #include "tests/fakes/fake_media_player.h"
 #include "tests/services/service_world.h"
 

@@ -1,5 +1,5 @@
 // The control socket, line by line.
-#include "view/control_server.h"
+#include "view/remote/control_server.h"
 
 #include <QFileInfo>
 #include <QJsonArray>

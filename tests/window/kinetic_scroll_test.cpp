@@ -1,4 +1,4 @@
-#include "view/kinetic_scroll.h"
+#include "view/controls/kinetic_scroll.h"
 
 #include <gtest/gtest.h>
 

@@ -8,10 +8,10 @@
 
 #include "tests/fakes/fake_file_system.h"
 #include "tests/fakes/print.h"
-#include "view/finger.h"
-#include "view/grid_widget.h"
-#include "view/qt_pump.h"
-#include "view/slider_widget.h"
+#include "view/controls/grid_widget.h"
+#include "view/controls/slider_widget.h"
+#include "view/window/finger.h"
+#include "view/window/qt_pump.h"
 
 namespace korvane {
 

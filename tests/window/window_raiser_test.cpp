@@ -3,7 +3,7 @@
 #include <unistd.h>
 #include <xcb/xcb.h>
 
-#include "platform/window_raiser.h"
+#include "platform/machine/window_raiser.h"
 
 namespace korvane {
 namespace {

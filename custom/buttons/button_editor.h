@@ -1,0 +1,64 @@
+// frameButtons: the tools with which the owner makes, names, moves and removes buttons of the Main
+// tab. While they are up, a button follows the finger and its click does nothing.
+#pragma once
+
+#include "core/prompt.h"
+#include "custom/buttons/custom_buttons.h"
+
+namespace korvane {
+
+class ButtonEditor {
+ public:
+  struct Uses {
+    CustomButtons& buttons;
+    const Palette& palette;
+    Messages& messages;
+  };
+  ButtonEditor(Form& form, Uses uses);
+
+  // Set by the console: the keyboard that comes up for a box, or goes (null); who is told that the
+  // tools come and go; and the choice of an action, nothing when it was cancelled (Yields).
+  std::function<void(TextBox*)> showKeyboard = [](TextBox*) {};
+  std::function<void(bool)> editing = [](bool) {};
+  std::function<std::optional<QString>()> chooseAction = [] { return std::nullopt; };
+
+  void open();  // on the Main tab, with its buttons shown
+  bool isOpen() const { return panel_.frameButtons->visible(); }
+
+  void cmdbutton_MouseDown(int index);
+  void cmdbutton_MouseUp(int index);
+  void frameButtons_MouseUp();
+  void cmdButtonAdd_Click();
+  void cmdButtonLabel_Click();   // Yields.
+  void cmdButtonAction_Click();  // Yields.
+  void cmdButtonApplyAttr_Click();
+  void cmdButtonKeyboard_Click();
+  void cmdButtonDel_Click();
+  void cmdButtonDone_Click();
+  void cmdButtonCancel_Click();
+  void txtButton_Click(TextBox& box);
+
+ private:
+  struct Panel {
+    Frame* frameButtons;
+    Button *cmdButtonAdd, *cmdButtonLabel, *cmdButtonAction, *cmdButtonApplyAttr,
+        *cmdButtonKeyboard, *cmdButtonDel, *cmdButtonDone, *cmdButtonCancel;
+    std::array<Label*, 3> lblButtonAttr;
+    TextBox *txtButtonWide, *txtButtonHigh, *txtButtonFontSize;
+    explicit Panel(Form& form);
+  };
+
+  void choose(int index);
+  void close();
+  bool chosenIsPattern();  // and says what it is for
+  Button& chosen() const { return uses_.buttons.button(chosen_); }
+  Rect freePlace() const;
+
+  Form& form_;
+  Uses uses_;
+  Panel panel_;
+  TextBox* typedInto_ = nullptr;
+  int chosen_ = 0;
+};
+
+}  // namespace korvane

@@ -1,0 +1,63 @@
+// frmGuiSetup: the advanced page of setup. Nothing is stored before Save.
+#pragma once
+
+#include "core/screen_doors.h"
+#include "custom/screens/gui_setup_fields.h"
+#include "custom/screens/nic_form.h"
+#include "custom/screens/setup_general_form.h"
+
+namespace korvane {
+
+class GuiSetupForm {
+ public:
+  // The uses of its sub-page are its own too.
+  explicit GuiSetupForm(SetupGeneralForm::Uses uses);
+
+  // Which buttons lead somewhere: cmdMulti, cmdColor, cmdCamera, cmdSync, cmdExportFavoriates(0,
+  // 1).
+  void setDoors(ScreenDoors doors) { doors_ = std::move(doors); }
+
+  void open();                   // Yields.
+  void chooseNic(NicForm& nic);  // into txtNIC. Yields.
+
+  Form& form() { return form_; }
+  SetupGeneralForm& general() { return general_; }
+
+ private:
+  struct Panel {
+    Label* lblTitle;
+    std::array<Button*, 2> cmdCmd;
+    std::array<Button*, 5> cmdPage;
+    Button *cmdGeneral, *cmdColor, *cmdSync, *cmdMulti, *cmdCamera;
+    std::array<Button*, 2> cmdExportFavoriates;
+    std::array<Check*, 2> optIntListen, optIntListenM, optControls;
+    TextBox* txtNIC;
+    Check *chkShowX10, *ckRadio, *chkMap, *chkCamera;
+    explicit Panel(Form& form);
+  };
+
+  void captions();
+  void handlers();
+  void Form_Load();
+  void cmdPage_Click(int index);
+  void cmdCmd_Click(int index);
+  void askInto(const SetupText& text);
+  void showDoors();
+
+  bool save();  // false when refused. Yields.
+  void saveTexts(const char* first, const char* last);
+  void applyMasterListener();
+  void saveListeners();
+  void saveX10();
+  void saveMaps();
+  TextBox& box(const SetupText& text);
+  void write(const SettingKey& key, const char* value);
+
+  SetupGeneralForm::Uses uses_;
+  SetupGeneralForm general_;
+  Form form_;
+  Panel panel_;
+  ScreenDoors doors_;
+};
+
+}  // namespace korvane

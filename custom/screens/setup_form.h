@@ -1,0 +1,67 @@
+// frmSetup: the entry of setup, with the themes, the directories and the maintenance.
+#pragma once
+
+#include "core/graphics.h"
+#include "core/palette.h"
+#include "core/screen_doors.h"
+#include "core/settings.h"
+#include "custom/screens/setup_parts.h"
+#include "platform/machine.h"
+
+namespace korvane {
+
+class SetupForm {
+ public:
+  struct Uses {
+    FormHost& host;
+    const Palette& palette;
+    AppState& state;
+    Settings& settings;
+    FileSystem& files;
+    const Graphics& graphics;
+    SystemBox& box;
+    Timer& AddTimer;  // of frmMain; rests while setup is open
+    SetupParts& parts;
+  };
+  explicit SetupForm(Uses uses);
+
+  // Which buttons lead somewhere: cmdAddDir(0 to 5), cmdPlayLists, cmdButtons, cmdMoveControls,
+  // cmdOther, cmdListener, cmdFtp.
+  void setDoors(ScreenDoors doors) { doors_ = std::move(doors); }
+
+  void open();   // Yields.
+  void close();  // for a door that leaves setup
+
+  Form& form() { return form_; }
+
+  bool reloadRequested = false;  // another theme: the main form is to be loaded again
+
+ private:
+  struct Panel {
+    Label *lblTitle, *lblPhoto, *Label2, *lblStat;
+    Grid* LstThemes;
+    Button *cmdThemes, *cmdErase, *cmdOK;
+    std::array<Button*, 6> cmdAddDir;
+    Button *cmdPlayLists, *cmdButtons, *cmdMoveControls, *cmdOther, *cmdListener, *cmdFtp;
+    explicit Panel(Form& form);
+    std::vector<Control*> doors() const;
+  };
+
+  void Form_Load();
+  void Form_Activate();
+  void Form_QueryUnload();
+  void cmdThemes_Click();
+  void cmdErase_Click();
+  void cmdOK_Click();
+
+  void showDoors();
+  void fillThemes();
+
+  Uses uses_;
+  Form form_;
+  Panel panel_;
+  ScreenDoors doors_;
+  QString mainPageBefore_;
+};
+
+}  // namespace korvane

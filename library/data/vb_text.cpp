@@ -1,0 +1,25 @@
+#include "library/data/vb_text.h"
+
+namespace korvane {
+
+QString trimBlanks(QStringView text) {
+  while (text.startsWith(u' ')) text = text.sliced(1);
+  while (text.endsWith(u' ')) text.chop(1);
+  return text.toString();
+}
+
+QString fixSingleQuote(const QString& text) {
+  return trimBlanks(QString(text).replace(u'\'', "''"_L1));
+}
+
+QString fixDoubleQuote(const QString& text) {
+  return trimBlanks(QString(text).replace(u'"', u'\''));
+}
+
+QString cut(const QString& text, int width) {
+  if (text.size() <= width) return text;
+  const bool splitsPair = width > 0 && text[width - 1].isHighSurrogate();
+  return text.first(splitsPair ? width - 1 : width);
+}
+
+}  // namespace korvane

@@ -1,0 +1,117 @@
+#include "listener/screens/listeners_form.h"
+
+#include "core/dressing.h"
+#include "core/form/binder.h"
+
+namespace korvane {
+namespace {
+
+constexpr unsigned TL = Left | Top;
+constexpr int kPingMs = 500, kPauseMs = 1000;
+constexpr Colour kGreen = 65280, kRed = 255;
+constexpr const char* kNames[] = {"Movie ", "Music ", "Master "};
+
+constexpr InventoryRow kRows[] = {
+    {"Label1", -1, Kind::Label, {24, 16, 1232, 64}, TL, "IP Ping of Listeners"},
+    {"lblIP", 0, Kind::Label, {136, 112, 1120, 56}, TL, "Movie Listener"},
+    {"lblIP", 1, Kind::Label, {136, 256, 1120, 56}, TL, "Music Listener"},
+    {"lblIP", 2, Kind::Label, {136, 400, 1120, 56}, TL, "Master Listener"},
+    {"lblState", 0, Kind::Label, {136, 172, 1120, 48}, TL, "State of the Movie Listener"},
+    {"lblState", 1, Kind::Label, {136, 316, 1120, 48}, TL, "State of the Music Listener"},
+    {"lblState", 2, Kind::Label, {136, 460, 1120, 48}, TL, "State of the Master Listener"},
+    {"Shape", 0, Kind::Label, {40, 120, 80, 88}, TL, "Lamp of the Movie Listener"},
+    {"Shape", 1, Kind::Label, {40, 264, 80, 88}, TL, "Lamp of the Music Listener"},
+    {"Shape", 2, Kind::Label, {40, 408, 80, 88}, TL, "Lamp of the Master Listener"},
+    {"lblthisIP", -1, Kind::Label, {40, 568, 900, 56}, TL, "This address"},
+    {"cmdDone", -1, Kind::Button, {1000, 648, 256, 96}, TL, "Done"},
+    {"Timer1", -1, Kind::Timer, {}, TL, ""},
+};
+
+}  // namespace
+
+ListenersForm::Panel::Panel(Form& form) {
+  Binder bind(form, "listeners");
+  bind(Label1, "Label1");
+  bind(lblthisIP, "lblthisIP");
+  bind(lblIP, "lblIP");
+  bind(Shape, "Shape");
+  bind(lblState, "lblState");
+  bind(cmdDone, "cmdDone");
+  bind(Timer1, "Timer1");
+}
+
+ListenersForm::ListenersForm(Uses uses)
+    : uses_(uses), form_(u"frmListeners"_s, kRows), panel_(form_) {
+  title(*panel_.Label1, u"IP Ping of Listeners "_s);
+  for (size_t i = 0; i < kListeners; ++i) {
+    panel_.lblIP[i]->fontUnits = 34;
+    panel_.lblState[i]->fontUnits = 28;
+    panel_.Shape[i]->fontUnits = 64;
+    panel_.Shape[i]->align = 0;
+  }
+  panel_.lblthisIP->fontUnits = 30;
+  panel_.cmdDone->caption = u"Done"_s;
+  panel_.cmdDone->accent = true;
+  panel_.Timer1->interval = kPauseMs;
+  panel_.Timer1->enabled = false;
+  form_.on(u"Timer1", Event::Tick, [this](auto&, auto&) { Timer1_Timer(); });
+  form_.on(u"cmdDone", Event::Click, [this](auto&, auto&) { uses_.host.hide(form_); });
+}
+
+void ListenersForm::open() {
+  if (form_.shown()) return;
+  dress(form_, uses_.palette);
+  Form_Load();
+  Timer1_Timer();
+  uses_.host.showModal(form_);
+  panel_.Timer1->enabled = false;
+  uses_.network.cancelPing();
+}
+
+QString ListenersForm::address(size_t listener) const {
+  const AppState& state = uses_.state;
+  const QString* const addresses[] = {&state.gMovieListenerIP, &state.gMusicListenerIP,
+                                      &state.gMasterListenerIP};
+  return *addresses[listener] == "NO"_L1 ? QString() : *addresses[listener];
+}
+
+void ListenersForm::Form_Load() {
+  for (size_t i = 0; i < kListeners; ++i) {
+    panel_.lblIP[i]->caption = QString::fromLatin1(kNames[i]) + address(i);
+    panel_.lblState[i]->caption = QString();
+    panel_.Shape[i]->caption = u"○"_s;
+  }
+  panel_.lblthisIP->caption = u"This IP = "_s + uses_.connectionML.LocalIP();
+}
+
+// A round may take longer than a tick, so the timer rests meanwhile.
+void ListenersForm::Timer1_Timer() {
+  panel_.Timer1->enabled = false;
+  next_ = 0;
+  pingNext();
+}
+
+void ListenersForm::pingNext() {
+  if (next_ == kListeners) {
+    panel_.Timer1->enabled = true;
+    return;
+  }
+  uses_.network.ping(address(next_), kPingMs, [this](Network::EchoStatus status) {
+    lamp(next_, status);
+    ++next_;
+    pingNext();
+  });
+}
+
+void ListenersForm::lamp(size_t listener, Network::EchoStatus status) {
+  const QString ip = address(listener);
+  panel_.lblIP[listener]->caption = QString::fromLatin1(kNames[listener]) + ip;
+  panel_.lblState[listener]->caption = ip.isEmpty() ? u"no address"_s : Network::words(status);
+  Label& shape = *panel_.Shape[listener];
+  shape.caption = u"●"_s;
+  Colours ink = shape.colours();
+  ink.fore = status == Network::Reachable ? kGreen : kRed;
+  shape.colours = ink;
+}
+
+}  // namespace korvane

@@ -1,0 +1,15 @@
+// Discs by libcdio: a drive of the machine, or a CUE sheet with the BIN of the same name beside it.
+#pragma once
+
+#include "platform/disc/disc_reader.h"
+
+namespace korvane {
+
+class DiscReaderCdio final : public DiscReader {
+ public:
+  DiscLook look(const QString& source, const DiscLook& before) override;
+  std::unique_ptr<SectorReader> sectors(const QString& source) override;
+  void eject(const QString& source) override;
+};
+
+}  // namespace korvane

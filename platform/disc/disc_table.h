@@ -1,0 +1,18 @@
+// What is on a disc that libcdio has opened: tracks, their places and names.
+#pragma once
+
+#include <cdio/cdio.h>
+
+#include "platform/disc/disc_reader.h"
+
+namespace korvane {
+
+// `name` is what messages call the disc. A table that contradicts itself is no disc; tracks beyond
+// the end of an image that is cut short are left out, and `trouble` says so.
+DiscLook tableOf(CdIo_t* disc, const QString& name);
+
+// What libcdio last complained of on this thread, and forgets it. Its own log would end the
+// program on an error, so it is told to keep still at the first call.
+QString takeCdioComplaint();
+
+}  // namespace korvane

@@ -1,0 +1,32 @@
+#include "platform/machine/end_signal.h"
+
+#include <sys/signalfd.h>
+#include <unistd.h>
+
+#include <QSocketNotifier>
+#include <csignal>
+
+namespace korvane {
+
+EndSignal::EndSignal(std::function<void()> end) {
+  sigset_t signals;
+  sigemptyset(&signals);
+  sigaddset(&signals, SIGTERM);
+  sigaddset(&signals, SIGINT);
+  pthread_sigmask(SIG_BLOCK, &signals, nullptr);
+  std::signal(SIGPIPE, SIG_IGN);
+  file_ = signalfd(-1, &signals, SFD_NONBLOCK | SFD_CLOEXEC);
+  notifier_ = std::make_unique<QSocketNotifier>(file_, QSocketNotifier::Read);
+  QObject::connect(notifier_.get(), &QSocketNotifier::activated,
+                   [this, end = std::move(end)](QSocketDescriptor, QSocketNotifier::Type) {
+                     signalfd_siginfo told;
+                     if (::read(file_, &told, sizeof told) == sizeof told) end();
+                   });
+}
+
+EndSignal::~EndSignal() {
+  notifier_.reset();
+  if (file_ >= 0) ::close(file_);
+}
+
+}  // namespace korvane

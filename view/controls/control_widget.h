@@ -1,0 +1,44 @@
+// A widget that mirrors one control.
+#pragma once
+
+#include <QWidget>
+#include <memory>
+
+#include "core/form/form.h"
+#include "view/controls/face.h"
+
+namespace korvane {
+
+class ControlDrag;
+
+class ControlWidget : public QWidget {
+ public:
+  ControlWidget(Control& control, Face& face, QWidget* parent);
+  ~ControlWidget() override;
+
+  Control& control() const { return control_; }
+
+  // Takes over what has changed; repaints only what shows.
+  virtual void mirror(Aspect aspect);
+  // Takes the place of the control's rectangle at the present scale.
+  virtual void place();
+  // Draws ahead, out of sight, what the next paint would have to draw first.
+  virtual void prepare() {}
+  // The finger's press is taken back: nothing fires at its release.
+  virtual void cancelPress() {}
+
+ protected:
+  bool fire(const Event& event) { return control_.form.fire(control_, event); }
+  Face& face() const { return face_; }
+  bool event(QEvent* event) override;
+
+ private:
+  Control& control_;
+  Face& face_;
+  std::unique_ptr<ControlDrag> drag_;  // while the control is draggable
+};
+
+// The widget for the kind of the control; null for a timer.
+ControlWidget* makeWidget(Control& control, Face& face, QWidget* parent);
+
+}  // namespace korvane

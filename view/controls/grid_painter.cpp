@@ -1,0 +1,162 @@
+#include "view/controls/grid_painter.h"
+
+#include "view/drawing/style.h"
+
+namespace korvane {
+namespace {
+
+constexpr double kFontStep = 2.4;  // form units of one unit of fontSize
+constexpr double kLeastFont = 28;
+constexpr double kInset = 22;
+
+}  // namespace
+
+GridPainter::GridPainter(const Grid& grid, const Face& face, const GridView& view,
+                         QPainter& painter)
+    : grid_(grid),
+      face_(face),
+      view_(view),
+      painter_(painter),
+      columns_(shownColumns(grid.columns(), view.list.width())),
+      ground_(style::colour(grid.colours().back, style::kCard)),
+      ink_(style::colour(grid.colours().fore, style::readable(ground_))) {}
+
+void GridPainter::paint(const QRect& dirty) {
+  const double radius = face_.px(16);
+  const QRectF all = view_.header.united(view_.list);
+  painter_.setRenderHint(QPainter::Antialiasing);
+  painter_.setPen(QPen(QColor(255, 255, 255, 18), 1));
+  painter_.setBrush(ground_);
+  painter_.drawRoundedRect(all.adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
+  if (!view_.header.isEmpty()) paintHeader();
+
+  const int count = grid_.maxRows();
+  if (count == 0) return paintEmpty();
+  painter_.setClipRect(view_.list.adjusted(0, 1, 0, -1));
+  const double top = view_.list.top() - view_.offset;
+  const int first = std::max(1, static_cast<int>((dirty.top() - top) / view_.rowHeight) + 1);
+  for (int row = first; row <= count; ++row) {
+    const QRectF at(view_.list.left(), top + (row - 1) * view_.rowHeight, view_.list.width(),
+                    view_.rowHeight);
+    if (at.top() > std::min(dirty.bottom(), view_.list.bottom())) break;
+    paintRow(row, at);
+  }
+  painter_.setClipping(false);
+  if (view_.indicator > 0) paintIndicator();
+}
+
+QFont GridPainter::rowFont(int row) const {
+  const double units = std::max(kLeastFont, grid_.fontSize() * kFontStep);
+  const double pixels = std::min(face_.px(units), view_.rowHeight * 0.8);
+  return style::font(pixels, grid_.rows().foreign(row) ? QFont::Normal : QFont::Medium,
+                     grid_.rows().emphasised(row));
+}
+
+void GridPainter::paintRow(int row, const QRectF& at) {
+  const Colours& colours = grid_.colours();
+  const bool active = row == grid_.row();
+  const bool pressed = row == view_.pressedRow;
+  QColor ink = ink_;
+  if (active || pressed) {
+    QColor fill = style::colour(colours.selected, style::mixed(ground_, style::kAccent, 0.2));
+    if (active) ink = style::colour(colours.selectedFore, style::readable(fill));
+    if (pressed) fill = style::mixed(active ? fill : ground_, Qt::white, 0.1);
+    const QRectF pill = at.adjusted(face_.px(8), 1, -face_.px(8), -1);
+    painter_.setPen(Qt::NoPen);
+    painter_.setBrush(fill);
+    painter_.drawRoundedRect(pill, face_.px(10), face_.px(10));
+    if (active) {
+      painter_.setBrush(ink);
+      const double bar = face_.px(5);
+      painter_.drawRoundedRect(
+          QRectF(pill.left(), pill.top() + pill.height() * 0.2, bar, pill.height() * 0.6), bar / 2,
+          bar / 2);
+    }
+  }
+  painter_.setFont(rowFont(row));
+  for (const ShownColumn& column : columns_) {
+    QColor of = ink;
+    if (column.number != columns_.front().number && !active) of = style::mixed(ground_, ink, 0.72);
+    paintCell(column, row, at, of);
+  }
+}
+
+void GridPainter::paintCell(const ShownColumn& column, int row, const QRectF& at,
+                            const QColor& ink) {
+  const double inset = face_.px(kInset);
+  const QRectF cell(at.left() + column.left + inset, at.top(), column.width - inset * 1.4,
+                    at.height());
+  const QString text = grid_.cell(column.number, row);
+  painter_.setPen(ink);
+  if (column.button) {
+    const QRectF key = cell.adjusted(-inset / 2, face_.px(4), 0, -face_.px(4));
+    const bool down = row == view_.pressedRow && column.number == view_.pressedColumn;
+    const QColor body = style::mixed(ground_, Qt::white, 0.1);
+    if (down)
+      style::pressedCard(painter_, key, face_.px(10), body);
+    else
+      style::card(painter_, key, face_.px(10), body);
+    painter_.setPen(ink_);
+    painter_.drawText(key, int(Qt::AlignCenter) | Qt::TextSingleLine, text);
+    return;
+  }
+  painter_.drawText(
+      cell, int(Qt::AlignLeft | Qt::AlignVCenter) | Qt::TextSingleLine,
+      painter_.fontMetrics().elidedText(text, Qt::ElideRight, static_cast<int>(cell.width())));
+}
+
+void GridPainter::paintHeader() {
+  const QColor ground =
+      style::colour(grid_.colours().header, style::mixed(ground_, Qt::white, 0.06));
+  const QColor ink = style::mixed(ground, style::readable(ground), 0.82);
+  painter_.save();
+  painter_.setClipRect(view_.header);
+  painter_.setPen(Qt::NoPen);
+  painter_.setBrush(view_.pressedRow < 0 ? style::mixed(ground, Qt::white, 0.1) : ground);
+  painter_.drawRoundedRect(QRectF(view_.header).adjusted(1, 1, -1, face_.px(20)), face_.px(16),
+                           face_.px(16));
+  painter_.setPen(ink);
+  painter_.setFont(
+      style::font(std::min(face_.px(kLeastFont), view_.rowHeight * 0.74), QFont::DemiBold));
+  const double inset = face_.px(kInset);
+  const auto say = [&](const QString& text, double left, double width) {
+    const QRectF at(left + inset, view_.header.top(), width - inset * 1.4, view_.header.height());
+    painter_.drawText(
+        at, int(Qt::AlignLeft | Qt::AlignVCenter) | Qt::TextSingleLine,
+        painter_.fontMetrics().elidedText(text, Qt::ElideRight, static_cast<int>(at.width())));
+  };
+  if (!grid_.header().isEmpty())
+    say(grid_.header(), view_.header.left(), view_.header.width());
+  else
+    for (const ShownColumn& column : columns_)
+      say(column.title, view_.header.left() + column.left, column.width);
+  painter_.restore();
+}
+
+void GridPainter::paintEmpty() {
+  if (grid_.emptyText().isEmpty()) return;
+  painter_.setPen(style::mixed(ground_, ink_, 0.72));
+  painter_.setFont(style::font(face_.px(kLeastFont), QFont::Normal));
+  const double inset = face_.px(2 * kInset);
+  painter_.drawText(QRectF(view_.list).adjusted(inset, 0, -inset, 0),
+                    int(Qt::AlignCenter) | Qt::TextWordWrap, grid_.emptyText());
+}
+
+void GridPainter::paintIndicator() {
+  const double view = view_.list.height();
+  const double content = std::max(view, grid_.maxRows() * view_.rowHeight);
+  if (content <= view) return;
+  const double length = std::max(face_.px(48), view * view / content);
+  const double share = std::clamp(view_.offset / (content - view), 0.0, 1.0);
+  const double edge = face_.px(8);
+  const double thick = face_.px(6);
+  const QRectF at(view_.list.right() - thick - face_.px(3),
+                  view_.list.top() + edge + share * (view - 2 * edge - length), thick, length);
+  QColor colour = ink_;
+  colour.setAlphaF(static_cast<float>(0.5 * view_.indicator));
+  painter_.setPen(Qt::NoPen);
+  painter_.setBrush(colour);
+  painter_.drawRoundedRect(at, thick / 2, thick / 2);
+}
+
+}  // namespace korvane

@@ -1,0 +1,39 @@
+// A widget that is pressed with a finger: Press, Release, Click and DblClick.
+#pragma once
+
+#include <QBasicTimer>
+#include <QElapsedTimer>
+
+#include "view/controls/control_widget.h"
+
+namespace korvane {
+
+class PressWidget : public ControlWidget {
+ public:
+  using ControlWidget::ControlWidget;
+  void mirror(Aspect aspect) override;
+  void cancelPress() override;
+
+ protected:
+  // True while the pressed look is to be shown: as long as the finger is down, and long enough to
+  // be seen after a short tap.
+  bool looksPressed() const { return looksPressed_; }
+  virtual void clicked(bool second);
+
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
+  void timerEvent(QTimerEvent* event) override;
+
+ private:
+  void press(bool second);
+  void look(bool pressed);
+
+  bool held_ = false, second_ = false, looksPressed_ = false;
+  QElapsedTimer sincePress_;
+  QBasicTimer rise_;
+};
+
+}  // namespace korvane

@@ -1,0 +1,20 @@
+// Controls and lists as JSON, for those who watch the console from outside.
+#pragma once
+
+#include <QJsonObject>
+
+#include "view/window/form_view.h"
+
+namespace korvane {
+
+// name, index, kind, visible, enabled, caption, tag, picture ("group/name"), rect (form units),
+// pixels (of the window) and what its kind has: value, minimum, maximum, text, checked, row,
+// topRow, rows... A widget may be missing.
+QJsonObject describe(const Control& control, const ControlWidget* widget);
+
+// `count` rows from `from` on, at most 1000: their cells, hidden ones included.
+QJsonArray describeRows(const Grid& grid, int from, int count);
+
+const char* kindName(Kind kind);
+
+}  // namespace korvane

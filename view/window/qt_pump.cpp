@@ -1,0 +1,58 @@
+#include "view/window/qt_pump.h"
+
+#include <QCoreApplication>
+#include <QEventLoop>
+#include <QThreadPool>
+#include <QTimer>
+
+namespace korvane {
+namespace {
+constexpr int kYieldMs = 4;
+constexpr int kLookMs = 15;  // how often a wait looks whether it is over when nothing happens
+}  // namespace
+
+QtPump::QtPump(PressGate& gate) : gate_(gate) {
+  sinceYield_.start();
+}
+
+QtPump::~QtPump() {
+  QThreadPool::globalInstance()->waitForDone();
+}
+
+void QtPump::doEvents() {
+  QCoreApplication::processEvents();
+  sinceYield_.restart();
+}
+
+void QtPump::breathe() {
+  if (sinceYield_.elapsed() >= kYieldMs) doEvents();
+}
+
+bool QtPump::wait(int milliseconds, const std::function<bool()>& done) {
+  if (done && done()) return true;
+  const PressGate::Refuse refuse(gate_);
+  QElapsedTimer waited;
+  waited.start();
+  QTimer look;
+  look.setTimerType(Qt::PreciseTimer);
+  look.start(std::clamp(milliseconds, 1, kLookMs));
+  while (waited.elapsed() < milliseconds) {
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    if (done && done()) return true;
+  }
+  sinceYield_.restart();
+  return false;
+}
+
+void QtPump::later(std::function<void()> work) {
+  QMetaObject::invokeMethod(&here_, std::move(work), Qt::QueuedConnection);
+}
+
+void QtPump::inBackground(std::function<void()> work, std::function<void()> done) {
+  QThreadPool::globalInstance()->start([this, work = std::move(work), done = std::move(done)] {
+    work();
+    if (done) later(done);
+  });
+}
+
+}  // namespace korvane

@@ -1,0 +1,291 @@
+#include "view/window/window_host.h"
+
+#include <QScreen>
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QKeyEvent>
+#include <QPointer>
+#include <QWindow>
+
+#include "view/controls/drag_mover.h"
+#include "view/controls/surface_widget.h"
+#include "view/drawing/fade_layer.h"
+#include "view/drawing/fresh_image.h"
+#include "view/window/key_codes.h"
+
+namespace korvane {
+namespace {
+
+constexpr int kDesignWidth = 1280, kDesignHeight = 768;
+constexpr int kExposeMs = 250;
+constexpr int kFrameMs = 16;
+
+}  // namespace
+
+WindowHost::WindowHost(Graphics& graphics, PressGate& gate, QSize windowed)
+    : pictures_(graphics), gate_(gate), windowed_(windowed), stage_(std::make_unique<Stage>()) {
+  stage_->resized = [this] { layOut(); };
+  stage_->closed = [this] {
+    if (closeAsked) closeAsked();
+  };
+  stage_->pressedKey = [this](QKeyEvent& event) { keyPressed(event); };
+  touch_.textTouched = [this](TextBox& box) {
+    if (textTouched) textTouched(box);
+  };
+  stage_->minimised = [this](bool minimised) {
+    for (const Layer& each : layers_)
+      if (each.role == Role::Main) each.view->form().minimised = minimised;
+  };
+}
+
+WindowHost::~WindowHost() {
+  for (const Layer& each : layers_)
+    if (each.role == Role::Strip) delete each.view;
+}
+
+WindowHost::Role WindowHost::roleOf(const Form& form) {
+  if (form.name == "frmMain"_L1) return Role::Main;
+  if (form.name == "frmSplash"_L1) return Role::Splash;
+  if (form.name == "frmAlwaysOnTop"_L1) return Role::Strip;
+  return form.floating ? Role::Floating : Role::Modal;
+}
+
+WindowHost::Layer* WindowHost::layer(const Form& form) {
+  for (Layer& each : layers_)
+    if (&each.view->form() == &form) return &each;
+  return nullptr;
+}
+
+FormView* WindowHost::view(const Form& form) const {
+  for (const Layer& each : layers_)
+    if (&each.view->form() == &form) return each.view;
+  return nullptr;
+}
+
+FormView* WindowHost::view(QStringView formName) const {
+  for (const Layer& each : layers_)
+    if (formName.compare(each.view->form().name, Qt::CaseInsensitive) == 0) return each.view;
+  return nullptr;
+}
+
+std::vector<FormView*> WindowHost::views() const {
+  std::vector<FormView*> all;
+  for (const Layer& each : layers_) all.push_back(each.view);
+  return all;
+}
+
+Form* WindowHost::topForm() const {
+  Form* top = nullptr;
+  for (const Layer& each : layers_) {
+    const bool hides = each.role == Role::Modal || (each.role == Role::Main && !top);
+    if (hides && each.view->form().shown()) top = &each.view->form();
+  }
+  return top;
+}
+
+WindowHost::Layer& WindowHost::open(Form& form, Role role) {
+  const bool modal = role == Role::Modal;
+  QWidget* dim = modal ? new DimLayer(stage_.get()) : nullptr;
+  QWidget* parent = role == Role::Strip ? nullptr : dim ? dim : stage_.get();
+  auto* made = new FormView(form, pictures_, touch_, parent);
+  made->shownChanged = [this](Form& changed) { shownChanged(changed); };
+  made->lifted = [this](Form& moved) {
+    if (Layer* lifted = layer(moved)) fit(*lifted);
+  };
+  if (role == Role::Strip)
+    made->setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
+  made->setRounded(modal &&
+                   (form.design.width < kDesignWidth || form.design.height < kDesignHeight));
+  if (role == Role::Splash) made->setCaptionDelay(kFrameMs);
+  if (role == Role::Strip || (role == Role::Main && movable_))
+    new DragMover(made, role == Role::Strip);
+  Layer layer{made, role, dim};
+  if (modal) layer.focusBefore = stage_->focusWidget();
+  layers_.push_back(layer);
+  return layers_.back();
+}
+
+// Its first picture is drawn while the window comes.
+void WindowHost::present(const Layer& first) {
+  if (stage_->isVisible()) return;
+  if (windowed_.isEmpty())
+    stage_->setGeometry(stage_->screen()->geometry());  // where no window manager does it
+  else
+    stage_->resize(windowed_);
+  fit(first);
+  first.view->prepareBackground();
+  windowed_.isEmpty() ? stage_->showFullScreen() : stage_->show();
+}
+
+void WindowHost::fit(const Layer& layer) {
+  const Rect& design = layer.view->form().design;
+  if (layer.role == Role::Strip) {
+    layer.view->fit(QRect(1, 1, design.width, design.height), 1);
+    return;
+  }
+  const QRect all = stage_->rect();
+  const double scale =
+      std::min(all.width() / double(kDesignWidth), all.height() / double(kDesignHeight));
+  if (layer.role == Role::Floating) {
+    const int height = static_cast<int>(std::lround(design.height * scale));
+    const int lift = static_cast<int>(std::lround(layer.view->form().lift() * scale));
+    const int top = std::clamp(all.height() - height - lift, 0, all.height() - height);
+    layer.view->fit(QRect(0, top, all.width(), height), scale);
+    return;
+  }
+  if (layer.dim) layer.dim->setGeometry(all);
+  if (design.width >= kDesignWidth && design.height >= kDesignHeight) {
+    layer.view->fit(all, scale);
+    return;
+  }
+  const QSize size(static_cast<int>(std::lround(design.width * scale)),
+                   static_cast<int>(std::lround(design.height * scale)));
+  layer.view->fit(
+      QRect(QPoint((all.width() - size.width()) / 2, (all.height() - size.height()) / 2), size),
+      scale);
+}
+
+void WindowHost::layOut() {
+  for (const Layer& each : layers_)
+    if (each.role != Role::Strip) fit(each);
+}
+
+void WindowHost::show(Form& form) {
+  const Role role = roleOf(form);
+  Layer* known = layer(form);
+  Layer& shown = known ? *known : open(form, role);
+  form.shown = true;
+  if (role == Role::Main) {
+    form.minimised = false;
+    shown.view->lower();
+  }
+  FormView* view = shown.view;
+  if (role != Role::Strip) present(shown);
+  fit(shown);
+  if (shown.dim) {
+    shown.dim->raise();
+    shown.dim->show();
+  }
+  view->show();
+  if (role == Role::Floating) view->raise();
+  if (role != Role::Splash) return;
+  view->raise();
+  QElapsedTimer waited;
+  waited.start();
+  while (!stage_->windowHandle()->isExposed() && waited.elapsed() < kExposeMs)
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, 5);
+  stage_->repaint();
+}
+
+void WindowHost::showModal(Form& form) {
+  if (form.shown()) return;
+  show(form);
+  QEventLoop loop;
+  layer(form)->loop = &loop;
+  stage_->setFocus();
+  if (Control* focus = form.focus()) layer(form)->view->widget(*focus)->setFocus();
+  const PressGate::Allow allow(gate_);
+  if (modalOpened) modalOpened(form);
+  if (form.shown()) loop.exec();
+}
+
+void WindowHost::hide(Form& form) {
+  form.shown = false;
+}
+
+void WindowHost::shownChanged(Form& form) {
+  Layer* changed = layer(form);
+  if (!changed) return;
+  if (changed->role == Role::Main && form.shown()) {
+    if (form.minimised() && !stage_->isMinimized()) stage_->showMinimized();
+    return;
+  }
+  if (!form.shown()) close(form);
+}
+
+// The main form stays made, the others go.
+void WindowHost::close(Form& form) {
+  Layer* found = layer(form);
+  if (!found) return;
+  if (found->role == Role::Main) {
+    stage_->hide();
+    return;
+  }
+  const Layer gone = *found;
+  layers_.erase(layers_.begin() + (found - layers_.data()));
+  gone.view->detach();
+  gone.view->hide();
+  gone.view->deleteLater();
+  if (gone.dim) {
+    gone.dim->hide();
+    gone.dim->deleteLater();
+  }
+  if (gone.loop) gone.loop->quit();
+  if (gone.role != Role::Modal) return;
+  const std::vector<FormView*> left = views();
+  for (FormView* each : left)
+    if (roleOf(each->form()) == Role::Floating) each->form().shown = false;
+}
+
+void WindowHost::fadeOut(Form& form, int milliseconds) {
+  Layer* fading = layer(form);
+  if (fading && milliseconds > 0 && stage_->isVisible() && fading->role != Role::Strip) {
+    QImage seen = freshImage(fading->view->size(), QImage::Format_RGB32);
+    fading->view->render(&seen);
+    FadeLayer layer(QPixmap::fromImage(std::move(seen)), fading->view->geometry(), stage_.get());
+    fading->view->hide();
+    layer.run(milliseconds);
+  }
+  const bool starts = fading && fading->role == Role::Splash;
+  form.shown = false;
+  if (!starts) return;
+  for (const Layer& each : layers_)
+    if (each.role == Role::Main) each.view->prepareControls();
+}
+
+void WindowHost::close() {
+  for (const Layer& each : layers_) each.view->detach();
+  stage_->hide();
+}
+
+WId WindowHost::nativeWindow(Control& surface) {
+  const FormView* of = view(surface.form);
+  auto* found = of ? dynamic_cast<SurfaceWidget*>(of->widget(surface)) : nullptr;
+  return found ? found->nativeWindow() : 0;
+}
+
+bool WindowHost::sendKey(Form& form, int key, const QString& text) {
+  Control* focus = form.focus();
+  FormView* of = view(form);
+  ControlWidget* widget = focus && of ? of->widget(*focus) : nullptr;
+  if (!widget || !widget->isVisible() || !widget->isEnabled()) return false;
+  const QPointer<QWidget> to = widget->focusProxy() ? widget->focusProxy() : widget;
+  if (!to->hasFocus()) to->setFocus();
+  for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+    QKeyEvent event(type, qtKey(key), Qt::NoModifier, text);
+    if (to) QCoreApplication::sendEvent(to, &event);
+  }
+  followFocus(form);
+  return true;
+}
+
+// Tab has moved on, which a window that is not the desktop's active one tells nobody.
+void WindowHost::followFocus(Form& form) {
+  for (QWidget* at = stage_->focusWidget(); at; at = at->parentWidget()) {
+    auto* of = dynamic_cast<ControlWidget*>(at);
+    if (of && &of->control().form == &form) return form.setFocus(&of->control());
+  }
+}
+
+void WindowHost::keyPressed(QKeyEvent& event) {
+  Form* top = topForm();
+  if (!top) return;
+  const int code = virtualKey(event.key(), event.modifiers() & Qt::KeypadModifier);
+  if (code) top->fireKey({Event::KeyDown, 0, 0, code});
+  if (event.text().isEmpty()) return;
+  if (Form* now = topForm(); now == top)
+    top->fireKey({Event::KeyPress, 0, 0, event.text().at(0).unicode(), event.text()});
+}
+
+}  // namespace korvane
