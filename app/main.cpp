@@ -83,10 +83,10 @@ int show(const CommandLine& line, const QString& home, DiskFileSystem& files, Qt
         return made;
       },
       home, end);
-  window->closeAsked = [&] { pump.later([&] { console.window.imgExit_Click(); }); };
-  window->setMovable(console.settings.flag(key::MOVEMAIN));
-  window->setSinglePress(console.settings.flag(key::SinglePress));
-  ScreenPointer pointer(console.screen);
+  window->closeAsked = [&] { pump.later([&] { console.desk.window.imgExit_Click(); }); };
+  window->setMovable(console.desk.settings.flag(key::MOVEMAIN));
+  window->setSinglePress(console.desk.settings.flag(key::SinglePress));
+  ScreenPointer pointer(console.desk.screen);
   ControlServer control(*window);
   control.commands().quit = end;
   if (!line.control.isEmpty()) {
@@ -95,7 +95,7 @@ int show(const CommandLine& line, const QString& home, DiskFileSystem& files, Qt
   }
   if (!console.SubMain()) return 1;
   const int result = ended ? 0 : QCoreApplication::exec();
-  console.startup.closeit();
+  console.desk.startup.closeit();
   window->close();
   return result;
 }

@@ -47,7 +47,7 @@ struct BenchConsole {
             },
             home, [] {}) {}
   ~BenchConsole() {
-    console.startup.closeit();
+    console.desk.startup.closeit();
     window->close();
   }
   BenchConsole(const BenchConsole&) = delete;

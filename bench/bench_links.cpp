@@ -90,17 +90,17 @@ class Links {
 
   bool start() {
     if (!console.SubMain()) return false;
-    console.tabs.imgTabs_Click(kMusicTab);
-    console.browsing.showGrid(5);
-    console.state.gLocalListener = false;
-    console.state.gMusicListenerIP = u"127.0.0.1"_s;
-    console.state.gMusicListenerPort = QString::number(peer.port);
+    console.desk.tabs.imgTabs_Click(kMusicTab);
+    console.library.browsing.showGrid(5);
+    console.desk.state.gLocalListener = false;
+    console.desk.state.gMusicListenerIP = u"127.0.0.1"_s;
+    console.desk.state.gMusicListenerPort = QString::number(peer.port);
     return true;
   }
   // The link to the Listener, with both ends standing.
   bool stand() {
     std::thread taking([this] { peer.take(); });
-    console.music.connectAgain();
+    console.listener.music.connectAgain();
     const bool stood = until([this] { return linkState() == Winsock::Connected; });
     taking.join();
     return stood;
@@ -112,7 +112,7 @@ class Links {
     return until([this] { return linkState() != Winsock::Connected; });
   }
   bool until(const std::function<bool()>& done) { return bench_.pump.wait(5000, done); }
-  Winsock::State linkState() const { return console.music.connectionState(); }
+  Winsock::State linkState() const { return console.listener.music.connectionState(); }
 
   Peer peer;
 
@@ -126,7 +126,7 @@ class Links {
 // Each press on another song of the list of all songs, in ms; empty when one was not heard.
 std::vector<double> presses(Links& links) {
   std::vector<double> times;
-  Grid& songs = dynamic_cast<Grid&>(*links.console.frmMain.find(u"Grid", 5));
+  Grid& songs = dynamic_cast<Grid&>(*links.console.desk.frmMain.find(u"Grid", 5));
   for (int row = 1; row <= std::min(kPresses, songs.maxRows()); ++row) {
     std::optional<Clock::time_point> heard;
     std::atomic<bool> done = false;
@@ -135,7 +135,7 @@ std::vector<double> presses(Links& links) {
       done = true;
     });
     const Clock::time_point begin = Clock::now();
-    links.console.frmMain.fire(songs, {.type = Event::DblClick, .column = 1, .row = row});
+    links.console.desk.frmMain.fire(songs, {.type = Event::DblClick, .column = 1, .row = row});
     links.until([&] { return done.load(); });
     hearing.join();
     if (!heard) return {};

@@ -29,7 +29,7 @@ int benchPage(const QStringList& arguments) {
   bool said = false;
   window->modalOpened = [&](Form& box) {
     said = true;
-    pump.later([&] { console.host.hide(box); });
+    pump.later([&] { console.desk.host.hide(box); });
   };
   const auto paint = [window] { window->stage().repaint(); };
 
@@ -40,7 +40,7 @@ int benchPage(const QStringList& arguments) {
   for (int visit = 0; visit < 2; ++visit) {
     for (int tab = 0; tab < 6; ++tab) {
       said = false;
-      const double took = milliseconds([&] { console.tabs.imgTabs_Click(tab); });
+      const double took = milliseconds([&] { console.desk.tabs.imgTabs_Click(tab); });
       if (!said) handlerMs = std::max(handlerMs, took);
       double& most = visit == 0 ? firstMs : paintMs;
       most = std::max(most, milliseconds(paint));
@@ -49,17 +49,17 @@ int benchPage(const QStringList& arguments) {
   json.add("tab_handler_ms", handlerMs).add("tab_first_paint_ms", firstMs);
   json.add("tab_paint_ms", paintMs);
 
-  console.tabs.imgTabs_Click(kMusicTab);
-  console.browsing.showGrid(grid);
-  auto& list = dynamic_cast<Grid&>(*console.frmMain.find(u"Grid", grid));
-  auto& slider = dynamic_cast<Slider&>(*console.frmMain.find(u"VscrollAllSongs"));
+  console.desk.tabs.imgTabs_Click(kMusicTab);
+  console.library.browsing.showGrid(grid);
+  auto& list = dynamic_cast<Grid&>(*console.desk.frmMain.find(u"Grid", grid));
+  auto& slider = dynamic_cast<Slider&>(*console.desk.frmMain.find(u"VscrollAllSongs"));
   json.add("rows", list.maxRows()).add("first_screen_ms", milliseconds(paint));
   double longest = 0, sum = 0;
   for (int frame = 1; frame <= kFrames; ++frame) {
     const double took = milliseconds([&] {
       slider.value = 1 + static_cast<int>(qint64{list.maxRows() - 1} * frame / kFrames);
-      console.browsing.VscrollAllSongs_Scroll();
-      console.browsing.VscrollAllSongs_Change();
+      console.library.browsing.VscrollAllSongs_Scroll();
+      console.library.browsing.VscrollAllSongs_Change();
       paint();
     });
     longest = std::max(longest, took);

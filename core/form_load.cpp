@@ -43,9 +43,9 @@ void Startup::Form_Load() {
   if (state.gAddsOn) form.find(u"AddTimer")->enabled = true;
 
   status(u"Loading maps...."_s);
-  if (state.gMapsEnabled) uses_.parts.initialiseMap();
+  if (state.gMapsEnabled) run(Step::Map);
   status(u"Checking for master listener...."_s);
-  uses_.parts.connectMasterListener();
+  run(Step::MasterListener);
 
   status(u"Loading initial graphics...."_s);
   state.gMusicState = MusicState::Stop;
@@ -56,18 +56,18 @@ void Startup::Form_Load() {
     form.find(u"lblConnectStat", i)->caption = QString();
   form.find(u"lblDuration")->caption = QString();
   form.find(u"lblCurrentPlayList")->caption = QString();
-  uses_.parts.setUpGrids();
+  run(Step::SetUpLists);
 
   status(u"Loading all artist...."_s);
-  uses_.parts.fillArtists();
+  run(Step::FillArtists);
   form.find(u"Grid", 0)->visible = true;
   dynamic_cast<Grid*>(form.find(u"Grid", 2))->clear();
   uses_.tabs.imgTabs_Click(kMainTab);
 
   status(u"Loading all albums...."_s);
-  uses_.parts.fillAlbums();
+  run(Step::FillAlbums);
   status(u"Loading all songs...."_s);
-  uses_.parts.fillSongs();
+  run(Step::FillSongs);
   pump.doEvents();
 
   status(u"Loading graphics...."_s);
@@ -77,9 +77,9 @@ void Startup::Form_Load() {
       uses_.system.files.FileExists(uses_.settings.home() + u"/krvCamera.exe"_s);
   if (cameraProgram) state.gCamera = true;
   chooseMovieType();
-  uses_.parts.loadMovedControls();
+  run(Step::MovedControls);
   uses_.main.rememberPlaces();
-  uses_.parts.domainpage();
+  run(Step::MainPage);
   chooseMusicRole();
   state.loadingForm = false;
   removeTabs();
@@ -200,7 +200,7 @@ void Startup::chooseMusicRole() {
   picture(form, "lblMusicPlay", 0, "music", state.gLocalListener ? "AtSeatOn" : "AtSeatOff");
   picture(form, "lblMusicPlay", 1, "music", state.gLocalListener ? "InCabinOff" : "InCabinOn");
 
-  uses_.parts.lblMoviesPlay_Click(state.gMovieListener ? 1 : 0);
+  run(Step::MovieRole);
   state.gMusicType = MusicSource::Digital;  // a start always begins with digital music
   picture(form, "lblMusicType", 0, "music", "CDplayerOff");
   picture(form, "lblMusicType", 1, "music", "DigitalMusicOn");

@@ -19,6 +19,7 @@ class ScreenDoors {
  public:
   ScreenDoors() = default;
   ScreenDoors(std::vector<ScreenDoor> doors) : doors_(std::move(doors)) {}
+  void add(ScreenDoor door) { doors_.push_back(std::move(door)); }
 
   const ScreenDoor* find(const Control& control) const;
   bool open(const Control& control) const;  // false when there is no door. Yields.

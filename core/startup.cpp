@@ -26,6 +26,11 @@ Startup::Startup(Uses uses) : uses_(uses) {
   version->fontUnits = 24;
 }
 
+void Startup::run(Step step) {
+  for (const std::function<void()>& work : uses_.steps.works(step))
+    uses_.log.guard("Form_Load", "Form frmMain", work);
+}
+
 void Startup::status(const QString& text) {
   if (!uses_.splash.shown()) return;
   uses_.splash.find(u"lblStatus")->caption = text;
@@ -47,12 +52,12 @@ bool Startup::SubMain() {
   uses_.splash.find(u"lblVersion")->caption = QStringLiteral(KORVANE_VERSION);
   if (!readSettings()) return false;
 
-  uses_.parts.showMainForm();
+  uses_.host.show(uses_.main.form());
   Form_Load();
   // The mixer alone governs the sound of this console.
   if (state.gLocalListener) uses_.system.player.setVolume(0);
   status(u"Loading adds....."_s);
-  if (state.gAddsOn) uses_.parts.loadAds();
+  if (state.gAddsOn) run(Step::Ads);
   uses_.host.fadeOut(uses_.splash, 1000);
   return true;
 }
@@ -145,10 +150,13 @@ void Startup::takeMixer(bool opened) {
 }
 
 void Startup::closeit() {
-  uses_.parts.releasePhotos();
-  uses_.parts.stopCd();
-  if (uses_.state.gMapsEnabled) uses_.parts.closeMap();
-  uses_.parts.closeConnections();
+  run(Step::ReleasePhotos);
+  run(Step::StopDisc);
+  if (uses_.state.gMapsEnabled) run(Step::CloseMap);
+  for (const Step link :
+       {Step::CloseMovieLink, Step::CloseLightsLink, Step::CloseMasterLink, Step::CloseMusicLink})
+    run(link);
+  uses_.system.player.Stop();
   uses_.system.pump.doEvents();
 }
 

@@ -1,5 +1,5 @@
-// The order of start and stop: Sub Main, Form_Load and closeit. What the steps do lives in the
-// units; the order lives here.
+// The order of start and stop: Sub Main, Form_Load and closeit. What happens at a step lives in the
+// sides (core/steps.h); the order lives here.
 #pragma once
 
 #include "core/graphics.h"
@@ -8,31 +8,11 @@
 #include "core/prompt.h"
 #include "core/screen.h"
 #include "core/settings.h"
+#include "core/steps.h"
 #include "core/tab_controller.h"
 #include "platform/system.h"
 
 namespace korvane {
-
-// What start and stop ask of the units above.
-class StartupParts {
- public:
-  virtual ~StartupParts() = default;
-  virtual void showMainForm() = 0;  // shows frmMain, empty so far
-  virtual void initialiseMap() = 0;
-  virtual void connectMasterListener() = 0;  // Yields.
-  virtual void fillArtists() = 0;
-  virtual void fillAlbums() = 0;
-  virtual void fillSongs() = 0;
-  virtual void setUpGrids() = 0;  // columns and look of every list
-  virtual void loadMovedControls() = 0;
-  virtual void domainpage() = 0;
-  virtual void lblMoviesPlay_Click(int index) = 0;
-  virtual void loadAds() = 0;
-  virtual void stopCd() = 0;
-  virtual void closeMap() = 0;
-  virtual void closeConnections() = 0;  // movie, x10, master, music, in that order
-  virtual void releasePhotos() = 0;
-};
 
 class Startup {
  public:
@@ -48,7 +28,7 @@ class Startup {
     TabController& tabs;
     FormHost& host;
     Form& splash;
-    StartupParts& parts;
+    const Steps& steps;
   };
   explicit Startup(Uses uses);
 
@@ -61,6 +41,7 @@ class Startup {
 
  private:
   void status(const QString& text);
+  void run(Step step);  // a failure is logged and ends only the work that failed
   bool readSettings();  // false when another console runs here
   void readNetworkSettings();
   void takeMixer(bool opened);

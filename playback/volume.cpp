@@ -83,9 +83,16 @@ void Volume::step(double share) {
 }
 
 void Volume::mute_Click() {
-  QString flags = panel_.mute->tag().leftJustified(2, u'0', true);
   const bool movies = uses_.tabs.open(kMoviesTab);
-  if (!movies && !uses_.tabs.open(kMusicTab)) return;
+  if (movies || uses_.tabs.open(kMusicTab)) toggleMute(movies);
+}
+
+void Volume::muteMusic() {
+  toggleMute(false);
+}
+
+void Volume::toggleMute(bool movies) {
+  QString flags = panel_.mute->tag().leftJustified(2, u'0', true);
   QChar& flag = flags[movies ? 1 : 0];
   const bool on = flag != u'1';
   flag = on ? u'1' : u'0';

@@ -35,7 +35,8 @@ class Volume {
   void scrollVolumeButton_Press(int by);  // +1 louder, -1 quieter. Yields.
   void scrollVolumeButton_Release();
   void RepeatTimer_Tick();  // while a button is held. Yields.
-  void mute_Click();        // Yields.
+  void mute_Click();        // of the page: music or movies. Yields.
+  void muteMusic();         // from any page. Yields.
 
   // A player has told its level: the bar follows, and a level above the owner's goes down. Yields.
   void volumeTold();
@@ -51,6 +52,7 @@ class Volume {
     Timer* RepeatTimer;
   };
   enum RepeatModes { Still = 0, Quieter = 4, Louder = 5 };
+  void toggleMute(bool movies);
   void send(double level);
   void step(double share);
   double ceiling() const;

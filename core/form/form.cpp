@@ -125,9 +125,16 @@ Control* Form::load(QStringView controlName, int index) {
   return control;
 }
 
+QString Form::eventKey(QStringView controlName, Event::Type type) {
+  return controlName.toString().toCaseFolded() + u'!' + QString::number(type);
+}
+
 void Form::on(QStringView controlName, Event::Type type, Handler handler) {
-  handlers_[controlName.toString().toCaseFolded() + u'!' + QString::number(type)].push_back(
-      std::move(handler));
+  handlers_[eventKey(controlName, type)].push_back(std::move(handler));
+}
+
+void Form::around(QStringView controlName, Event::Type type, Policy policy) {
+  policies_[eventKey(controlName, type)].push_back(std::move(policy));
 }
 
 void Form::on(Event::Type type, Handler handler) {
@@ -136,10 +143,15 @@ void Form::on(Event::Type type, Handler handler) {
 
 bool Form::fire(Control& control, const Event& event) {
   if (event.type != Event::Tick && !(control.visible() && control.enabled())) return false;
-  const auto found =
-      handlers_.constFind(control.name.toCaseFolded() + u'!' + QString::number(event.type));
+  const QString key = eventKey(control.name, event.type);
+  const auto found = handlers_.constFind(key);
   if (found == handlers_.constEnd()) return false;
-  for (const Handler& handler : std::vector<Handler>(*found)) handler(control, event);
+  std::function<void()> go = [&, handlers = *found] {
+    for (const Handler& handler : handlers) handler(control, event);
+  };
+  for (const Policy& policy : policies_.value(key))
+    go = [&control, &event, policy, inner = std::move(go)] { policy(control, event, inner); };
+  go();
   return true;
 }
 

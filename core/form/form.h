@@ -82,6 +82,10 @@ class Form : public Noticing {
   void on(QStringView controlName, Event::Type type, Handler handler);
   // Hears key events and the form's own clicks.
   void on(Event::Type type, Handler handler);
+  // A policy that stands around an event of the control: it does `go`, which is the handlers or the
+  // policy before it, or leaves it. The last one that came is asked first.
+  using Policy = std::function<void(Control&, const Event&, const std::function<void()>& go)>;
+  void around(QStringView controlName, Event::Type type, Policy policy);
   // True when somebody heard it. Controls that are hidden or not enabled fire nothing but Tick.
   bool fire(Control& control, const Event& event);
   bool fireKey(const Event& event);
@@ -103,11 +107,13 @@ class Form : public Noticing {
   Control& make(const InventoryRow& row);
   Rect laidOut(const Control& control) const;
   QString key(QStringView controlName, int index) const;
+  static QString eventKey(QStringView controlName, Event::Type type);
 
   std::vector<std::unique_ptr<Control>> controls_;
   QHash<QString, Control*> byName_;
   QHash<QString, int> upper_;
   QHash<QString, std::vector<Handler>> handlers_;
+  QHash<QString, std::vector<Policy>> policies_;
   std::vector<FormObserver*> observers_;
   Control* focus_ = nullptr;
   int width_, height_;

@@ -119,8 +119,10 @@ Button* CustomButtons::add(Rect onDesign) {
 void CustomButtons::setAction(Button& button, const QString& action) const {
   button.tag = action;
   button.toolTip = action;
-  const QString icon = buttonIcon(buttonActionOf(action));
-  button.picture = icon.isEmpty() ? Picture() : Picture{u"main"_s, icon, nullptr};
+  const ButtonWord* word = uses_.words.find(action);
+  button.picture = action.isEmpty()
+                       ? Picture()
+                       : Picture{u"main"_s, word ? word->icon : u"btnprogram"_s, nullptr};
 }
 
 void CustomButtons::setFontSize(Button& button, float size) {
@@ -155,11 +157,10 @@ bool CustomButtons::save(QString* error) {
 void CustomButtons::cmdbutton_Click(int index) {
   if (uses_.screen.busy()) return;
   const QString tag = button(index).tag();
-  const ButtonAction action = buttonActionOf(tag);
-  if (action == ButtonAction::Program)
+  if (const ButtonWord* word = uses_.words.find(tag))
+    word->act();
+  else if (!tag.isEmpty() && admits())
     startProgram(tag);
-  else if (action != ButtonAction::None)
-    act(action);
 }
 
 void CustomButtons::startProgram(const QString& told) {

@@ -4,11 +4,11 @@
 
 #include <map>
 
+#include "core/button_words.h"
 #include "core/graphics.h"
 #include "core/log.h"
 #include "core/palette.h"
 #include "core/screen.h"
-#include "custom/buttons/button_actions.h"
 #include "custom/buttons/button_file.h"
 #include "platform/programs.h"
 
@@ -23,13 +23,13 @@ class CustomButtons {
     const Log& log;
     Screen& screen;
     Programs& programs;
+    const ButtonWords& words;
   };
   CustomButtons(Form& form, Uses uses);
 
-  // Does a built-in action; set by the console. Yields.
-  std::function<void(ButtonAction)> act = [](ButtonAction) {};
-  // A program has taken the screen, and the last one that did has ended; set by the console.
+  // A program has taken the screen, and the last one that did has ended.
   std::function<void()> programShown = [] {}, programsEnded = [] {};
+  std::function<bool()> admits = [] { return true; };  // whether a program may be started
 
   void loadCustomButtons();  // those of the active theme in the place of all others
   void show() const;         // each whose caption is not empty

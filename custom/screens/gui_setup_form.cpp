@@ -76,7 +76,7 @@ void GuiSetupForm::handlers() {
   onClick(u"cmdCmd"_s, [this](Control& command) { cmdCmd_Click(command.index); });
   onClick(u"cmdGeneral"_s, [this](Control&) { general_.open(); });
   for (const char* door : {"cmdMulti", "cmdColor", "cmdCamera", "cmdSync", "cmdExportFavoriates"})
-    onClick(QString::fromLatin1(door), [this](Control& pressed) { doors_.open(pressed); });
+    onClick(QString::fromLatin1(door), [this](Control& pressed) { doors_->open(pressed); });
   onClick(u"optIntListen"_s, [this](Control& c) { choose(panel_.optIntListen, c.index == 0); });
   onClick(u"optIntListenM"_s, [this](Control& c) { choose(panel_.optIntListenM, c.index == 0); });
   onClick(u"optControls"_s, [this](Control& chosen) {
@@ -135,7 +135,7 @@ void GuiSetupForm::Form_Load() {
 void GuiSetupForm::showDoors() {
   for (Control* door : {panel_.cmdMulti, panel_.cmdColor, panel_.cmdCamera, panel_.cmdSync,
                         panel_.cmdExportFavoriates[0], panel_.cmdExportFavoriates[1]})
-    door->visible = doors_.find(*door) != nullptr;
+    door->visible = doors_->find(*door) != nullptr;
   stackSetupFrames(form_);
 }
 

@@ -15,7 +15,8 @@ class GuiSetupForm {
 
   // Which buttons lead somewhere: cmdMulti, cmdColor, cmdCamera, cmdSync, cmdExportFavoriates(0,
   // 1).
-  void setDoors(ScreenDoors doors) { doors_ = std::move(doors); }
+  void setDoors(const ScreenDoors& doors) { doors_ = &doors; }  // not owned; read at each opening
+  void setDoors(ScreenDoors&&) = delete;
 
   void open();                   // Yields.
   void chooseNic(NicForm& nic);  // into txtNIC. Yields.
@@ -57,7 +58,8 @@ class GuiSetupForm {
   SetupGeneralForm general_;
   Form form_;
   Panel panel_;
-  ScreenDoors doors_;
+  static inline const ScreenDoors kNone{};
+  const ScreenDoors* doors_ = &kNone;
 };
 
 }  // namespace korvane

@@ -86,7 +86,7 @@ SetupForm::SetupForm(Uses uses) : uses_(uses), form_(u"frmSetup"_s, kSetup), pan
   for (Control* door : panel_.doors())
     if (door->index <= 0)
       form_.on(door->name, Event::Click, [this](Control& pressed, const Event&) {
-        doors_.open(pressed);
+        doors_->open(pressed);
         if (form_.shown()) Form_Activate();
       });
   form_.on(u"cmdThemes", Event::Click, [this](Control&, const Event&) { cmdThemes_Click(); });
@@ -136,7 +136,7 @@ void SetupForm::Form_QueryUnload() {
 
 void SetupForm::showDoors() {
   const std::vector<Control*> doors = panel_.doors();
-  for (Control* door : doors) door->visible = doors_.find(*door) != nullptr;
+  for (Control* door : doors) door->visible = doors_->find(*door) != nullptr;
   if (uses_.state.gX10 != "YES"_L1) panel_.cmdAddDir[4]->visible = false;
   if (uses_.state.gMainPage != "CB"_L1) panel_.cmdButtons->visible = false;
   const auto shown =

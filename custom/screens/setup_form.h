@@ -27,7 +27,8 @@ class SetupForm {
 
   // Which buttons lead somewhere: cmdAddDir(0 to 5), cmdPlayLists, cmdButtons, cmdMoveControls,
   // cmdOther, cmdListener, cmdFtp.
-  void setDoors(ScreenDoors doors) { doors_ = std::move(doors); }
+  void setDoors(const ScreenDoors& doors) { doors_ = &doors; }  // not owned; read at each opening
+  void setDoors(ScreenDoors&&) = delete;
 
   void open();   // Yields.
   void close();  // for a door that leaves setup
@@ -60,7 +61,8 @@ class SetupForm {
   Uses uses_;
   Form form_;
   Panel panel_;
-  ScreenDoors doors_;
+  static inline const ScreenDoors kNone{};
+  const ScreenDoors* doors_ = &kNone;
   QString mainPageBefore_;
 };
 

@@ -15,8 +15,7 @@ QString firstLetter(const QString& text) {
 
 }  // namespace
 
-Browsing::Browsing(Form& form, Uses uses, SongActivation& songs)
-    : uses_(uses), songs_(songs), panel_(form) {
+Browsing::Browsing(Form& form, Uses uses) : uses_(uses), panel_(form) {
   panel_.KeyboardTimer->interval = kForgetTyped;
 }
 
@@ -186,45 +185,45 @@ void Browsing::Grid_DblClick(int index, int, int row) {
   grid.row = row;
   try {
     if (index == 7)
-      songs_.playDiscRow(row);
+      songs_->playDiscRow(row);
     else if (uses_.state.jukeboxMode)
       addToJukebox(index, row);
     else
       play(index, row);
   } catch (const std::exception& failure) {
     uses_.box.show(u"Cannot play selection \n"_s + QString::fromUtf8(failure.what()));
-    songs_.playFailed();
+    songs_->playFailed();
   }
 }
 
 void Browsing::addToJukebox(int index, int row) {
-  if (index == 1 || index == 3 || index == 5 || index == 8) songs_.jukeboxAdd(songAt(index, row));
+  if (index == 1 || index == 3 || index == 5 || index == 8) songs_->jukeboxAdd(songAt(index, row));
 }
 
 void Browsing::play(int index, int row) {
   switch (index) {
     case 1:
       panel_.lblCurrentPlayList->caption = QString();
-      songs_.startFrom(index);
+      songs_->startFrom(index);
       fillPlaySongs(albumSongs_);
       break;
     case 3:
-      songs_.startFrom(index);
+      songs_->startFrom(index);
       uses_.playlists.useOpened();
       break;
     case 5:
       panel_.VscrollAllSongs->value = row;
-      songs_.startFrom(index);
+      songs_->startFrom(index);
       break;
     case 8:
       panel_.lblCurrentPlayList->caption = QString();
-      songs_.startFrom(index);
+      songs_->startFrom(index);
       getFavorites(false);
       break;
     default:
       return;
   }
-  songs_.playSongRecord(row);
+  songs_->playSongRecord(row);
 }
 
 void Browsing::Grid_ButtonClicked(int index, int column, int row) {

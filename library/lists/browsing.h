@@ -63,7 +63,9 @@ class Browsing {
     Database& database;
     Playlists& playlists;
   };
-  Browsing(Form& form, Uses uses, SongActivation& songs);
+  Browsing(Form& form, Uses uses);
+
+  void setSongs(SongActivation& songs) { songs_ = &songs; }  // before the first press
 
   void setEditor(ListEditor& editor) { editor_ = &editor; }
 
@@ -123,7 +125,7 @@ class Browsing {
   void forgetMarks();
 
   Uses uses_;
-  SongActivation& songs_;
+  SongActivation* songs_ = nullptr;
   ListEditor* editor_ = nullptr;
   BrowsingPanel panel_;
   std::shared_ptr<AllSongs> rsMain_;

@@ -34,6 +34,8 @@ class PlayListForm {
   bool open();
 
   Form& form() { return form_; }
+  // The choices that change what runs or is kept: not for a guest of a locked jukebox.
+  static std::vector<int> guardedChoices() { return {Use, Rename, Delete, Edit}; }
 
  private:
   enum Choice { Use, Done, Rename, Delete, Edit, Create };

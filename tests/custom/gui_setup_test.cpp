@@ -39,7 +39,9 @@ struct GuiSetup : FormWorld {
 TEST_F(GuiSetup, ChoosesANetworkCard) {
   FakeNetwork network;
   NicForm nic(host, palette, network);
-  setup.setDoors({{{"cmdMulti", -1, [&] { setup.chooseNic(nic); }}}});
+  ScreenDoors doors;
+  doors.add({"cmdMulti", -1, [&] { setup.chooseNic(nic); }});
+  setup.setDoors(doors);
   const auto options = [](Form& form) {
     QStringList seen;
     for (int i = 0; i < 4; ++i) {

@@ -113,10 +113,11 @@ TEST_F(Setup, OnlyButtonsWithAScreenAreShownAndTheyKeepNoGaps) {
   int opened = 0;
   const auto count = [&] { ++opened; };
   const auto chooseFolder = [&] { settings.write(key::PLDirectory, u"/music/lists/"_s); };
-  setup.setDoors({{{"cmdAddDir", 2, count},
-                   {"cmdAddDir", 3, chooseFolder},
-                   {"cmdAddDir", 4, count},
-                   {"cmdButtons", -1, count}}});
+  const ScreenDoors doors(std::vector<ScreenDoor>{{"cmdAddDir", 2, count},
+                                                  {"cmdAddDir", 3, chooseFolder},
+                                                  {"cmdAddDir", 4, count},
+                                                  {"cmdButtons", -1, count}});
+  setup.setDoors(doors);
   opens([&](Form& form) {
     for (const int index : {0, 1, 4, 5})  // 4: the X10 setup waits for its key
       EXPECT_FALSE(canPress(form, u"cmdAddDir"_s, index)) << index;
@@ -142,7 +143,9 @@ TEST_F(Setup, OnlyButtonsWithAScreenAreShownAndTheyKeepNoGaps) {
 
 TEST_F(Setup, LeavingShowsAnotherMainPageAtOnce) {
   state.gMainPage = u"WB"_s;
-  setup.setDoors({{{"cmdOther", -1, [&] { state.gMainPage = u"CB"_s; }}}});
+  ScreenDoors doors;
+  doors.add({"cmdOther", -1, [&] { state.gMainPage = u"CB"_s; }});
+  setup.setDoors(doors);
   opens([](Form& form) {
     press(form, u"cmdOther"_s);
     press(form, u"cmdOK"_s);

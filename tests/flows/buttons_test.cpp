@@ -34,7 +34,7 @@ TEST_F(HomePage, EachActionOpensItsPage) {
     press(u"imgTabs"_s, kMainTab);
     ASSERT_TRUE(shown(u"cmdbutton"_s, button));
     press(u"cmdbutton"_s, button);
-    EXPECT_TRUE(console().tabs.open(tab)) << "button " << button;
+    EXPECT_TRUE(console().desk.tabs.open(tab)) << "button " << button;
     EXPECT_FALSE(shown(u"cmdbutton"_s, button)) << "the buttons are the Main tab's";
     EXPECT_TRUE(list < 0 || shown(u"Grid"_s, list)) << "button " << button;
   }
@@ -71,7 +71,7 @@ TEST_F(HomePage, WhatIsNotThereIsSaidInWords) {
   answer(u"no song in the library"_s);
   press(u"cmdbutton"_s, 2);
   bool opened = false;
-  console().openRipper = [&] { opened = true; };
+  console().custom.openRipper = [&] { opened = true; };
   press(u"imgTabs"_s, kMainTab);
   press(u"cmdbutton"_s, 1);
   EXPECT_TRUE(opened);
@@ -87,10 +87,10 @@ TEST_F(HomePage, PlaysAnySongAndWhatWasStoppedAgain) {
   for (const auto& [mode, shown] :
        {std::pair{PlayMode::Paused, u"play"_s}, {PlayMode::Playing, u"pause"_s}}) {
     press(u"cmdbutton"_s, 2);
-    EXPECT_EQ(console().state.gPlayMode, mode);
+    EXPECT_EQ(console().desk.state.gPlayMode, mode);
     EXPECT_EQ(picture(u"cmdHome"_s, 1), shown);
   }
-  EXPECT_TRUE(console().tabs.open(kMainTab));
+  EXPECT_TRUE(console().desk.tabs.open(kMainTab));
   auto calls = player.calls.size();
   songEnds();
   EXPECT_GT(player.calls.size(), calls);
@@ -99,7 +99,7 @@ TEST_F(HomePage, PlaysAnySongAndWhatWasStoppedAgain) {
   press(u"cmdHome"_s, 0);
   EXPECT_GT(player.calls.size(), calls) << "the one before";
   const QString stopped = playing();
-  console().transport.cmdControls_Click(Transport::Stop);
+  console().playback.transport.cmdControls_Click(Transport::Stop);
   system().pump.settle();
   EXPECT_EQ(caption(u"lblHomeTitle"_s), u"Nothing is playing"_s);
   press(u"cmdHome"_s, 1);
@@ -118,7 +118,7 @@ TEST_F(HomePage, SetupOpensTheToolsAndTheyHoldTheTab) {
   EXPECT_TRUE(shown(u"cmdbutton"_s, 0) && shown(u"cmdbutton"_s, 1));
   answer(u"You need to finish the custom buttons before proceeding to other tabs."_s);
   press(u"imgTabs"_s, kMusicTab);
-  EXPECT_TRUE(console().tabs.open(kMainTab));
+  EXPECT_TRUE(console().desk.tabs.open(kMainTab));
   answer(u"You need to finish the custom buttons before proceeding to setup."_s);
   press(u"cmdSetup"_s);
   EXPECT_TRUE(host->allDone());
@@ -126,7 +126,7 @@ TEST_F(HomePage, SetupOpensTheToolsAndTheyHoldTheTab) {
 
 TEST_F(HomePage, TheFirstEntryCannotBeChosen) {
   startWith({"MUSIC"});
-  console().buttonEditor.open();
+  console().custom.buttonEditor.open();
   press(u"cmdButtonAdd"_s);
   answer(u"Select a file first"_s);
   host->onModal(u"frmDirectorys"_s, [&](Form& chooser) {

@@ -6,7 +6,6 @@
 #include <QRegularExpression>
 
 #include "app/console.h"
-#include "app/screens.h"
 #include "library/data/schema.h"
 #include "platform/files/disk_file_system.h"
 #include "tests/fakes/fake_form_host.h"
@@ -46,7 +45,8 @@ class CabinTest : public testing::Test {
     home.put(u"Morvanta.INI"_s, "[STARTUP]\nTheme=test\nMainPage=CB\nShowPhoto=1\n" + lines);
   }
 
-  Console& start() {
+  // `before` sees the console made and not yet started.
+  Console& start(const std::function<void(Console&)>& before = {}) {
     console_ = std::make_unique<Console>(
         system_,
         [this](Graphics&) {
@@ -55,11 +55,12 @@ class CabinTest : public testing::Test {
           return made;
         },
         home.path(), [this] { ended = true; });
+    if (before) before(*console_);
     started = console_->SubMain();
     return *console_;
   }
   Console& console() { return *console_; }
-  Form& form() { return console_->frmMain; }
+  Form& form() { return console_->desk.frmMain; }
 
   Control& control(const QString& name, int index = -1) {
     Control* found = form().find(name, index);

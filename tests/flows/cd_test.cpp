@@ -31,7 +31,7 @@ class CdTest : public CabinTest {
 
 TEST_F(CdTest, CdCommandAnswersAsTold) {
   start();
-  CdPlayer& cd = console().cd;
+  CdPlayer& cd = console().playback.cd;
   for (const int asked : {1, 4, 6, 10}) EXPECT_EQ(cd.cdCommand(asked), u"false"_s) << asked;
   EXPECT_EQ(cd.cdCommand(12), u"DATA"_s);
   drive().put({{125, {}}, {59, {}}});
@@ -73,7 +73,7 @@ TEST_F(CdTest, TheSourceChangesAndChangesBack) {
   playRow(7, 1);
   soundAt(1, 5);
   press(u"lblMusicType"_s, 1);  // refused while it plays
-  EXPECT_EQ(console().state.gMusicType, MusicSource::Cd);
+  EXPECT_EQ(console().desk.state.gMusicType, MusicSource::Cd);
   press(u"cmdControls"_s, 3);
   press(u"lblMusicType"_s, 1);
   EXPECT_EQ(lastCall(), u"close"_s);
@@ -83,11 +83,11 @@ TEST_F(CdTest, TheSourceChangesAndChangesBack) {
   EXPECT_EQ(playing(), u"One"_s);
 
   press(u"cmdControls"_s, 3);
-  console().state.gMovieType = MovieType::ListenerDvd;
+  console().desk.state.gMovieType = MovieType::ListenerDvd;
   answer({});
   press(u"lblMusicType"_s, 0);
   EXPECT_TRUE(host->allDone());
-  EXPECT_EQ(console().state.gMusicType, MusicSource::Digital);
+  EXPECT_EQ(console().desk.state.gMusicType, MusicSource::Digital);
 }
 
 TEST_F(CdTest, ATrackIsSoughtShownAndEnds) {

@@ -14,7 +14,7 @@ class JukeboxMode : public CabinTest {
 
   QStringList queue() {
     QStringList paths;
-    const auto& list = console().database.rsPlaySongs;
+    const auto& list = console().library.database.rsPlaySongs;
     for (int record = 1; record <= list.RecordCount(); ++record) paths << list.at(record).Path;
     EXPECT_EQ(column(grid(6), 4), paths) << "the queue is the play list, row for row";
     return column(grid(6), 1);
@@ -65,7 +65,7 @@ TEST_F(JukeboxMode, TheRunningSongBecomesTheFirstSelectionAndTheModeLeavesNothin
   EXPECT_EQ(caption(u"lblCurrentPlayList"_s), QString());
   EXPECT_EQ(picture(u"cmdControls"_s, 5) + picture(u"cmdTop"_s, 2), u"repeatplaylist"_s);
   EXPECT_TRUE(shown(u"cmdControls"_s, 0) && shown(u"cmdControls"_s, 7));
-  EXPECT_EQ(console().database.rsPlaySongs.RecordCount(), 0);
+  EXPECT_EQ(console().library.database.rsPlaySongs.RecordCount(), 0);
 }
 
 TEST_F(JukeboxMode, ADeletedSelectionIsNotPlayedAndNoOtherIsLost) {
@@ -108,7 +108,7 @@ class LockedJukebox : public JukeboxMode {
  protected:
   LockedJukebox()
       : JukeboxMode(
-            "JukeboxLock=YES\nSetup=4711\nShowExit=1\nShowMin=1\nShowSetup=1\n"
+            "JukeboxLock=YES\nSetup=4711\nShowExit=1\nShowMin=1\nShowSetup=1\nLocalServer=1\n"
             "ShowMute=1\n") {}
 };
 
@@ -119,16 +119,31 @@ TEST_F(LockedJukebox, GuestsQueueAndOnlyThePasswordSkips) {
   const struct {
     const char* name;
     int index;
-  } refused[] = {{"cmdControls", 3}, {"cmdControls", 4}, {"cmdControls", 5},  {"optMode", 0},
-                 {"cmdSetup", -1},   {"imgExit", -1},    {"cmdMinimize", -1}, {"mute", -1}};
+  } refused[] = {{"cmdControls", 3},  {"cmdControls", 4}, {"cmdControls", 5},
+                 {"optMode", 0},      {"cmdSetup", -1},   {"imgExit", -1},
+                 {"cmdMinimize", -1}, {"mute", -1},       {"lblMusicPlay", 0}};
   for (const auto& [name, index] : refused) {
     typed({}, true);
     press(QString::fromLatin1(name), index);
     EXPECT_TRUE(host->allDone()) << name << " did not ask";
   }
+  home.put(u"PlayLists/Evening.m3u"_s, "a.mp3\n");
+  for (const int choice : {0, 2, 3, 4}) {  // use, rename, delete and edit a list
+    host->onModal(u"frmPlayList"_s, [&](Form& lists) {
+      typed({}, true);
+      korvane::press(lists, u"cmdPlayListChoices"_s, choice);
+      korvane::press(lists, u"cmdPlayListChoices"_s, 1);
+    });
+    press(u"cmdPlayLists"_s);
+    EXPECT_TRUE(host->allDone()) << "choice " << choice << " did not ask";
+  }
+  typed({}, true);
+  Form& network = console().listener.network.form();
+  korvane::press(network, u"cmdAble"_s, 0);
+  EXPECT_TRUE(host->allDone()) << "the network's choice did not ask";
   EXPECT_EQ(queue().size(), 3);
   EXPECT_EQ(playing(), u"001-Dawn"_s);
-  EXPECT_TRUE(console().state.jukeboxMode);
+  EXPECT_TRUE(console().desk.state.jukeboxMode);
   press(u"cmdControls"_s, 2);  // pause is free
 
   typed(u"4711"_s, true);

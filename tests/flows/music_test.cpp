@@ -40,9 +40,9 @@ TEST_F(Music, TheButtonsOfTheTransport) {
   press(u"cmdControls"_s, 0);
   EXPECT_EQ(playing(), u"003-Dusk"_s);
   press(u"cmdControls"_s, 2);
-  EXPECT_EQ(console().state.gMusicState, MusicState::Paused);
+  EXPECT_EQ(console().desk.state.gMusicState, MusicState::Paused);
   press(u"cmdControls"_s, 2);
-  EXPECT_EQ(console().state.gPlayMode, PlayMode::Playing);
+  EXPECT_EQ(console().desk.state.gPlayMode, PlayMode::Playing);
   press(u"cmdControls"_s, 3);
   press(u"cmdControls"_s, 3);
   EXPECT_EQ(player.calls.count(u"stop"_s), 1);

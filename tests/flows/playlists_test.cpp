@@ -18,7 +18,7 @@ class PlaylistFlow : public CabinTest {
     press(u"cmdTop"_s, 2);
   }
   void edit(const QString& name) {
-    console().editor.edit(name, home / u"PlayLists/"_s + name + u".m3u"_s);
+    console().library.editor.edit(name, home / u"PlayLists/"_s + name + u".m3u"_s);
   }
   Grid& edited() { return dynamic_cast<Grid&>(control(u"gridPlayListSongs"_s)); }
 
@@ -41,8 +41,8 @@ TEST_F(PlaylistFlow, TheDirectoryIsSettledAndListed) {
   press(u"cmdTop"_s, 2);
   EXPECT_EQ(grid(6).maxRows(), 0);
   home.put(u"file"_s, "in the way");
-  console().settings.write(key::PLDirectory, home / u"file/lists"_s);
-  EXPECT_EQ(console().playlists.directory(), home / u"PlayLists"_s);
+  console().desk.settings.write(key::PLDirectory, home / u"file/lists"_s);
+  EXPECT_EQ(console().library.playlists.directory(), home / u"PlayLists"_s);
 }
 
 TEST_F(PlaylistFlow, AListPlaysItsSongsAndStrangersWhateverPlayedBetween) {
@@ -67,7 +67,7 @@ TEST_F(PlaylistFlow, AListPlaysItsSongsAndStrangersWhateverPlayedBetween) {
   EXPECT_EQ(player.calls.filter(u"open "_s).last(), u"open "_s + stranger);
   songEnds();
   EXPECT_EQ(playing(), u"003-Dusk"_s);
-  console().database.resetPlaySongs();  // as another list does
+  console().library.database.resetPlaySongs();  // as another list does
   playRow(3, 1);
   EXPECT_EQ(playing(), u"One"_s);
   songEnds();
@@ -115,7 +115,7 @@ TEST_F(PlaylistFlow, ANewListAsksForItsNameUntilItIsGood) {
   home.put(u"PlayLists/mix.m3u"_s, "old\n");
   openLists();
   press(u"cmdTop"_s, 6);
-  console().editor.create();
+  console().library.editor.create();
   press(u"cmdTop"_s, 3);
   EXPECT_FALSE(shown(u"optMode"_s, 0)) << "the editor has its place";
   pressRow(5, 1);
@@ -144,11 +144,11 @@ TEST_F(PlaylistFlow, MarksShowAtOnceAndAreWrittenInOrder) {
   press(u"cmdFavoriateAdd"_s);
   EXPECT_TRUE(grid(1).rows().emphasised(1));
   answer(u" Output file written = "_s);
-  console().favourites.exportFavorites();
+  console().library.favourites.exportFavorites();
   EXPECT_EQ(home.get(u"PlayLists/Favorites.m3u"_s), (days[0] + u'\n' + one + u'\n').toUtf8());
-  console().settings.write(key::PLDirectory, home / u"nowhere"_s);
+  console().desk.settings.write(key::PLDirectory, home / u"nowhere"_s);
   answer(u"Playlist directory does not exist "_s);
-  console().favourites.exportFavorites();
+  console().library.favourites.exportFavorites();
 }
 
 TEST_F(PlaylistFlow, AReplacedListComesBackUnderTheSongThatPlays) {
@@ -164,7 +164,7 @@ TEST_F(PlaylistFlow, AReplacedListComesBackUnderTheSongThatPlays) {
   EXPECT_TRUE(shown(u"framListUndo"_s));
   press(u"cmdListUndo"_s);
   EXPECT_EQ(player.calls.filter(u"open "_s).size(), 2);
-  EXPECT_EQ(console().database.rsPlaySongs.RecordCount(), 3);
+  EXPECT_EQ(console().library.database.rsPlaySongs.RecordCount(), 3);
 }
 
 }  // namespace

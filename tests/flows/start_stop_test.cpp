@@ -26,11 +26,11 @@ TEST_F(StartStop, ComesUpOnTheMainTabWithTheSplashGone) {
   Console& up = start();
   EXPECT_TRUE(started);
   EXPECT_EQ(system().box.texts, QStringList{u"Couldn't open the mixer."_s});
-  EXPECT_FALSE(up.frmSplash.shown());
+  EXPECT_FALSE(up.desk.frmSplash.shown());
   EXPECT_EQ(picture(u"imgTabs"_s, kMainTab), u"mainb"_s);
-  EXPECT_EQ(up.state.currentTab, kMainTab);
-  EXPECT_FALSE(up.state.loadingForm);
-  EXPECT_EQ(up.screen.MousePointer(), Screen::Custom);
+  EXPECT_EQ(up.desk.state.currentTab, kMainTab);
+  EXPECT_FALSE(up.desk.state.loadingForm);
+  EXPECT_EQ(up.desk.screen.MousePointer(), Screen::Custom);
   EXPECT_TRUE(shown(u"imgExit"_s));
   EXPECT_FALSE(shown(u"cmdMinimize"_s));
   EXPECT_LT(control(u"imgTabs"_s, kMapsTab).rect().left, 0) << "ShowMap is absent";
@@ -46,7 +46,7 @@ TEST_F(StartStop, TheStoredRoleWinsOverTheSetting) {
   for (const Case& c : {Case{"1", "SERVER", false}, {"0", "LOCAL", true}, {"2", "", true}}) {
     setting(QByteArray("LOCALLISTENER=") + c.setting + "\n");
     home.put(u"user.ini"_s, QByteArray("[KRV\\MUSIC]\nMUSICTYPE=") + c.stored + "\n");
-    EXPECT_EQ(start().state.gLocalListener, c.local) << c.setting << c.stored;
+    EXPECT_EQ(start().desk.state.gLocalListener, c.local) << c.setting << c.stored;
     EXPECT_EQ(picture(u"lblMusicPlay"_s, 0), c.local ? u"AtSeatOn"_s : u"AtSeatOff"_s);
   }
 }
@@ -55,10 +55,10 @@ TEST_F(StartStop, FormLoadTwiceChangesNothing) {
   setting("ShowMap=0\n");
   Console& up = start();
   const Rect parked = control(u"imgTabs"_s, kMapsTab).rect();
-  up.startup.Form_Load();
+  up.desk.startup.Form_Load();
   EXPECT_EQ(control(u"imgTabs"_s, kMapsTab).rect(), parked);
   home.put(u"Morvanta.INI"_s, "[STARTUP]\nTheme=test\nShowMap=1\n");
-  up.startup.Form_Load();
+  up.desk.startup.Form_Load();
   EXPECT_EQ(control(u"imgTabs"_s, kMapsTab).rect(), control(u"imgTabs"_s, kMapsTab).laid);
 }
 
@@ -80,14 +80,14 @@ TEST_F(StartStop, MinimisesToTheTrayAndComesBackByADoubleClick) {
   press(u"cmdMinimize"_s);
   EXPECT_TRUE(system().tray.shown);
   EXPECT_EQ(system().tray.tip, u"Korvane"_s);
-  EXPECT_FALSE(up.frmMain.shown());
+  EXPECT_FALSE(up.desk.frmMain.shown());
   system().tray.doubleClick();
-  EXPECT_TRUE(up.frmMain.shown());
+  EXPECT_TRUE(up.desk.frmMain.shown());
   EXPECT_FALSE(system().tray.shown);
 
   system().tray.present = false;  // a desktop without a tray must not lose the window
   press(u"cmdMinimize"_s);
-  EXPECT_TRUE(up.frmMain.minimised());
+  EXPECT_TRUE(up.desk.frmMain.minimised());
 }
 
 }  // namespace

@@ -64,9 +64,9 @@ TEST_F(Tabs, PhotosKeepTheScreenAwakeWhileOpen) {
 
 TEST_F(Tabs, ARunningPressRefusesATab) {
   start();
-  console().screen.MousePointer = Screen::Hourglass;
+  console().desk.screen.MousePointer = Screen::Hourglass;
   press(u"imgTabs"_s, kMusicTab);
-  EXPECT_EQ(console().state.currentTab, kMainTab);
+  EXPECT_EQ(console().desk.state.currentTab, kMainTab);
 }
 
 TEST_F(Tabs, MovedControlsComeBackAndBadLinesAreSkipped) {

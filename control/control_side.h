@@ -1,0 +1,18 @@
+// The cabin around the seat: the Maps tab (or Radio) and the More tab with its lights.
+#pragma once
+
+#include "control/control_tabs.h"
+#include "playback/playback_side.h"
+
+namespace korvane {
+
+class ControlSide {
+ public:
+  ControlSide(Desk& desk, ListenerSide& listener, PlaybackSide& playback);
+
+  std::unique_ptr<Winsock> x10Control;
+  MapsTab mapsTab;
+  MoreTab moreTab;
+};
+
+}  // namespace korvane

@@ -1,0 +1,214 @@
+#include "custom/custom_side.h"
+
+#include "core/form/binder.h"
+#include "custom/buttons/button_entries.h"
+
+namespace korvane {
+
+CustomSide::Panel::Panel(Form& form) {
+  Binder bind(form, "custom side");
+  bind(AddTimer, "AddTimer");
+  bind(txtSearch, "txtSearch");
+  bind(txtLookup, "txtLookup");
+  bind(mapKeyboard, "cmdmap", 1);
+}
+
+CustomSide::CustomSide(Desk& d, LibrarySide& library, ListenerSide& listener,
+                       PlaybackSide& playback)
+    : desk_(d),
+      library_(library),
+      listener_(listener),
+      panel_(d.frmMain),
+      buttons(d.frmMain,
+              {d.graphics, d.palette, d.system.files, d.log, d.screen, d.system.programs, d.words}),
+      buttonEditor(d.frmMain, {buttons, d.palette, d.messages}),
+      homePanel(d.frmMain, {d.state, d.settings, d.palette, d.system.clock}),
+      mainTab(d.parts, d.tabs, playback.musicTab, buttons, homePanel),
+      movedControls({d.main, d.graphics, d.system.files}),
+      guestLock(d.frmMain, {d.state, d.settings, d.messages}),
+      keyboardFiles({d.settings, d.system.files, d.log}),
+      keyboard(d.host, d.palette),
+      searchKeyboard(d.frmMain, d.palette),
+      newKeyboard(d.frmMain, u"newKeyboard"_s, d.host, d.palette),
+      colours({d.host, d.palette, d.settings, d.messages}),
+      guiSetup({d.host, d.palette, d.state, d.settings, d.messages, d.frmMain, *this}),
+      nic(d.host, d.palette, d.system.network),
+      setup({d.host, d.palette, d.state, d.settings, d.system.files, d.graphics, d.system.box,
+             *panel_.AddTimer, *this}),
+      access({d.state, d.settings, d.messages, *this, setup}) {
+  d.tabs.setTab(kMainTab, mainTab);
+  d.messages.setLinePrompt(&keyboard);
+  d.steps.at(Step::MovedControls, [this] { movedControls.loadMovedControls(); });
+  d.steps.at(Step::MainPage, [this] { mainTab.domainpage(); });
+  useKeyboard();
+  connectLock(playback);
+  connectHome(playback);
+  connectButtons();
+  connectEditor();
+  connectKeyboards(playback.listUndo);
+  openDoors();
+  addWords();
+}
+
+void CustomSide::connectLock(PlaybackSide& playback) {
+  desk_.admits = [this] { return guestLock.admits(); };
+  playback.jukebox.modeChanged = [this] { guestLock.lock(); };
+}
+
+void CustomSide::connectHome(PlaybackSide& playback) {
+  desk_.on(u"HomeTimer", Event::Tick, [this](int) { homePanel.HomeTimer_Timer(); });
+  desk_.on(u"cmdHome", Event::Click, [this](int i) { homePanel.cmdHome_Click(i); });
+  constexpr int kNext = 2;
+  desk_.guard(desk_.frmMain, u"cmdHome", Event::Click, {kNext});
+  for (const char* name : {"picHomeCover", "lblHomeTitle", "lblHomeArtist"})
+    desk_.on(QString::fromLatin1(name), Event::Click, [this](int) { homePanel.showSong(); });
+  Transport& transport = playback.transport;
+  homePanel.pressTransport = [&transport](int i) { transport.cmdControls_Click(i); };
+  homePanel.playPause = [&playback] { playback.quick.playPause(); };
+  homePanel.showSong = [&transport] { transport.lblCurrentPlay_DblClick(); };
+  homePanel.artist = [this, &transport] {
+    const Transport::Running& started = transport.started();
+    return desk_.state.playsDiscAudio() ? QString()
+                                        : started.songs.value(started.record - 1).Artist;
+  };
+}
+
+void CustomSide::connectButtons() {
+  desk_.on(u"cmdbutton", Event::Click, [this](int i) {
+    if (!buttonEditor.isOpen()) buttons.cmdbutton_Click(i);
+  });
+  desk_.on(u"ButtonTimer", Event::Tick, [this](int) { buttons.ButtonTimer_Timer(); });
+  buttons.programShown = [this] { desk_.window.showAlwaysOnTop(); };
+  buttons.programsEnded = [this] { desk_.window.closeAlwaysOnTop(); };
+  buttons.admits = [this] { return desk_.admits(); };
+}
+
+void CustomSide::connectEditor() {
+  const auto on = [this](QStringView name, void (ButtonEditor::*handler)()) {
+    desk_.on(name, Event::Click, [this, handler](int) { (buttonEditor.*handler)(); });
+  };
+  on(u"cmdButtonAdd", &ButtonEditor::cmdButtonAdd_Click);
+  on(u"cmdButtonLabel", &ButtonEditor::cmdButtonLabel_Click);
+  on(u"cmdButtonAction", &ButtonEditor::cmdButtonAction_Click);
+  on(u"cmdButtonApplyAttr", &ButtonEditor::cmdButtonApplyAttr_Click);
+  on(u"cmdButtonKeyboard", &ButtonEditor::cmdButtonKeyboard_Click);
+  on(u"cmdButtonDel", &ButtonEditor::cmdButtonDel_Click);
+  on(u"cmdButtonDone", &ButtonEditor::cmdButtonDone_Click);
+  on(u"cmdButtonCancel", &ButtonEditor::cmdButtonCancel_Click);
+  desk_.on(u"cmdbutton", Event::Press, [this](int i) { buttonEditor.cmdbutton_MouseDown(i); });
+  desk_.on(u"cmdbutton", Event::Release, [this](int i) { buttonEditor.cmdbutton_MouseUp(i); });
+  desk_.on(u"frameButtons", Event::Release, [this](int) { buttonEditor.frameButtons_MouseUp(); });
+  for (const char* name : {"txtButtonWide", "txtButtonHigh", "txtButtonFontSize"})
+    desk_.frmMain.on(QString::fromLatin1(name), Event::Click, [this](Control& box, const Event&) {
+      buttonEditor.txtButton_Click(dynamic_cast<TextBox&>(box));
+    });
+  buttonEditor.showKeyboard = [this](TextBox* box) {
+    if (box)
+      newKeyboard.showFor(*box);
+    else
+      newKeyboard.hide();
+  };
+  buttonEditor.editing = [this](bool edits) { homePanel.editing(edits); };
+  buttonEditor.chooseAction = [this] { return chooseAction(); };
+}
+
+void CustomSide::connectKeyboards(ListUndo& listUndo) {
+  constexpr int kSmallCaption = 22, kKeyboard = 1;  // form units; of cmdmap
+  PlaylistEditor& editor = library_.editor;
+  editor.searchPanel().showKeyboard = [this, &listUndo](bool on) {
+    if (!on) return searchKeyboard.hide();
+    listUndo.hide();  // it would stand on the keys
+    searchKeyboard.showFor(*panel_.txtSearch);
+  };
+  searchKeyboard.shownChanged = [this, &editor](bool) {
+    editor.keyboardShown(searchKeyboard.top());
+  };
+  newKeyboard.shownChanged = [this](bool shown) {
+    panel_.mapKeyboard->caption = shown ? u"Keyboard Off"_s : u"Keyboard On"_s;
+  };
+  newKeyboard.shownChanged(false);
+  panel_.mapKeyboard->fontUnits = kSmallCaption;
+  desk_.on(u"cmdmap", Event::Click, [this](int i) {
+    if (i != kKeyboard) return;
+    if (newKeyboard.shown()) return newKeyboard.hide();
+    newKeyboard.showFor(*panel_.txtLookup);
+  });
+  desk_.onTabPress.push_back([this] { newKeyboard.hide(); });
+  desk_.host.textTouched = [this](TextBox& box) {
+    if (&box.form == &desk_.frmMain) return newKeyboard.showFor(box);
+    keyboard.typeInto(box);
+  };
+}
+
+void CustomSide::openDoors() {
+  desk_.leaveSetup = [this] { setup.close(); };
+  desk_.setupDoors.add({"cmdButtons", -1, [this] { editButtons(); }});
+  desk_.setupDoors.add({"cmdOther", -1, [this] { guiSetup.open(); }});
+  desk_.advancedDoors.add({"cmdMulti", -1, [this] { guiSetup.chooseNic(nic); }});
+  desk_.advancedDoors.add({"cmdColor", -1, [this] { colours.open(); }});
+  setup.setDoors(desk_.setupDoors);
+  guiSetup.setDoors(desk_.advancedDoors);
+  desk_.on(u"cmdSetup", Event::Click, [this](int) {
+    if (!buttonEditor.isOpen()) return access.cmdSetup_Click();
+    desk_.messages.say(u"You need to finish the custom buttons before proceeding to setup."_s);
+  });
+}
+
+void CustomSide::addWords() {
+  desk_.words.add({u"SETUP"_s, u"btnsetup"_s, u"open setup"_s,
+                   desk_.guarded([this] { access.cmdSetup_Click(); })});
+  desk_.words.add({u"RIPPER"_s, u"btnripper"_s, {}, [this] {
+                     if (openRipper) return openRipper();
+                     desk_.messages.say(
+                         u"This console cannot copy CDs yet. A CD can be played: press CD on the "
+                         "Music tab."_s);
+                   }});
+}
+
+void CustomSide::editButtons() {
+  showMainPage();
+  buttonEditor.open();
+  setup.close();
+}
+
+std::optional<QString> CustomSide::chooseAction() {
+  DirectoryRequest request;
+  request.caption = u"Select Action File"_s;
+  request.mode = u"SINGLE"_s;
+  request.pattern = u"*.exe;*.com;*.bat"_s;
+  request.path = u"/usr/bin"_s;
+  request.customEntries = customSelectEntries(desk_.words);
+  request.alsoShown = [this](const QString& path) { return desk_.system.programs.runnable(path); };
+  return library_.directorys.open(request);
+}
+
+void CustomSide::useKeyboard() {
+  const KeyboardLayout chosen = keyboardFiles.chosen();
+  keyboardLayout_ = chosen.name;
+  keyboard.setLayout(chosen);
+  searchKeyboard.setLayout(chosen);
+  newKeyboard.setLayout(chosen);
+}
+
+void CustomSide::nextKeyboardLayout() {
+  const QStringList names = keyboardFiles.names();
+  keyboardFiles.choose(names[(names.indexOf(keyboardLayout_) + 1) % names.size()]);
+  useKeyboard();
+}
+
+void CustomSide::reloadMainForm() {
+  desk_.startup.Form_Load();
+  desk_.main.HideAllGrids();
+}
+
+void CustomSide::showMainPage() {
+  desk_.tabs.imgTabs_Click(kMainTab);
+  mainTab.domainpage();
+}
+
+void CustomSide::restartMasterListener() {
+  listener_.master.close();
+  listener_.master.connectionMLConnect();
+}
+
+}  // namespace korvane

@@ -1,0 +1,142 @@
+#include "library/library_side.h"
+
+namespace korvane {
+
+LibrarySide::LibrarySide(Desk& d)
+    : desk_(d),
+      database(d.settings.home()),
+      playlists({d.state, d.settings, d.system.files, d.system.pump, d.log, database}),
+      browsing(d.frmMain, {d.main, d.state, d.screen, d.messages, d.system.box, d.log, d.palette,
+                           database, playlists}),
+      editor(d.frmMain, {d.main, d.state, d.screen, d.messages, d.palette, d.system.pump, database,
+                         playlists, browsing}),
+      favourites(d.frmMain, {d.state, d.settings, d.system.files, d.system.pump, d.screen,
+                             d.messages, database, playlists, browsing}),
+      import(database, d.system.pump, d.settings, d.log),
+      directorys({d.host, d.palette, d.state, d.settings, d.system.files, d.screen, d.messages,
+                  import, *this}),
+      singleSong({d.host, d.palette, d.system.files, d.system.pump, d.screen, d.messages, import,
+                  *this, directorys}),
+      mp3Setup({d.host, d.palette, d.settings, d.messages, import, *this, directorys, singleSong}),
+      playList({d.host, d.palette, d.state, d.log, d.messages, playlists, *this}) {
+  browsing.setEditor(editor);
+  addSteps();
+  connectLists();
+  connectPlaylists();
+  openDoors();
+}
+
+void LibrarySide::addSteps() {
+  desk_.steps.at(Step::SetUpLists, [this] { browsing.setUpGrids(); });
+  desk_.steps.at(Step::FillArtists, [this] { browsing.fillArtists(); });
+  desk_.steps.at(Step::FillAlbums, [this] { browsing.fillAlbums(); });
+  desk_.steps.at(Step::FillSongs, [this] { browsing.fillSongs(); });
+}
+
+void LibrarySide::connectLists() {
+  Form& form = desk_.frmMain;
+  desk_.on(u"cmdTop", Event::Click, [this](int i) { browsing.cmdTop_Click(i); });
+  desk_.on(u"cmdOneSong", Event::Press, [this](int i) {
+    browsing.cmdOneSong_Press(i);
+    editor.cmdOneSong_Press(i);
+  });
+  desk_.on(u"cmdOneSong", Event::Release, [this](int) { browsing.cmdOneSong_Release(); });
+  desk_.on(u"RepeatTimer", Event::Tick, [this](int) { browsing.RepeatTimer_Tick(); });
+  desk_.on(u"KeyboardTimer", Event::Tick, [this](int) { browsing.KeyboardTimer_Tick(); });
+  desk_.on(u"VscrollAllSongs", Event::Change, [this](int) { browsing.VscrollAllSongs_Change(); });
+  desk_.on(u"VscrollAllSongs", Event::Scroll, [this](int) { browsing.VscrollAllSongs_Scroll(); });
+  desk_.on(u"VscrollAllSongs", Event::Release, [this](int) { browsing.VscrollAllSongs_Release(); });
+  form.on(u"Grid", Event::Click, [this](Control& grid, const Event& event) {
+    browsing.Grid_Click(grid.index, event.column, event.row);
+  });
+  form.on(u"Grid", Event::DblClick, [this](Control& grid, const Event& event) {
+    // Where one tap plays, a tap that chooses a song for the list being edited must not.
+    if (desk_.state.playListEditing && desk_.settings.flag(key::SinglePress)) return;
+    browsing.Grid_DblClick(grid.index, event.column, event.row);
+  });
+  form.on(u"Grid", Event::ButtonClicked, [this](Control& grid, const Event& event) {
+    browsing.Grid_ButtonClicked(grid.index, event.column, event.row);
+  });
+  desk_.guard(form, u"Grid", Event::ButtonClicked);
+  form.on(Event::KeyDown,
+          [this](Control&, const Event& event) { browsing.Form_KeyDown(event.key); });
+  form.on(Event::KeyPress,
+          [this](Control&, const Event& event) { browsing.Form_KeyPress(event.text); });
+}
+
+void LibrarySide::connectPlaylists() {
+  Form& form = desk_.frmMain;
+  SearchPanel& search = editor.searchPanel();
+  desk_.on(u"cmdFavoriateAdd", Event::Click, [this](int) { favourites.cmdFavoriateAdd_Click(); });
+  desk_.on(u"cmdPlayLists", Event::Click, [this](int) { playList.open(); });
+  desk_.on(u"cmdPlayListCommands", Event::Click,
+           [this](int i) { editor.cmdPlayListCommands_Click(i); });
+  desk_.on(u"cmdPlayListChoices", Event::Click,
+           [this](int i) { editor.cmdPlayListChoices_Click(i); });
+  desk_.on(u"playlistslider", Event::Change, [this](int) { editor.playlistslider_Change(); });
+  desk_.on(u"playlistslider", Event::Scroll, [this](int) { editor.playlistslider_Change(); });
+  desk_.on(u"txtSearch", Event::Change, [&search](int) { search.txtSearch_Change(); });
+  desk_.on(u"txtSearch", Event::Click, [&search](int) { search.txtSearch_Click(); });
+  desk_.on(u"cmdSearchKind", Event::Click, [&search](int i) { search.cmdSearchKind_Click(i); });
+  form.on(u"gridPlayListSongs", Event::Click,
+          [this](Control&, const Event& event) { editor.gridPlayListSongs_Click(event.row); });
+  form.on(u"gridSearch", Event::Click,
+          [&search](Control&, const Event& event) { search.gridSearch_Click(event.row); });
+  desk_.guard(playList.form(), u"cmdPlayListChoices", Event::Click, PlayListForm::guardedChoices());
+}
+
+void LibrarySide::openDoors() {
+  ScreenDoors& setup = desk_.setupDoors;
+  setup.add({"cmdAddDir", 0,
+             [this] { chooseDirectory(u"Select Photos Directory"_s, DirectoryRequest::Photos); }});
+  setup.add({"cmdAddDir", 2, [this] { mp3Setup.open(); }});
+  setup.add({"cmdAddDir", 3, [this] {
+               chooseDirectory(u"Select Playlist Directory"_s, DirectoryRequest::Playlist);
+             }});
+  setup.add({"cmdPlayLists", -1, [this] {
+               if (playList.open()) desk_.leaveSetup();
+             }});
+  desk_.advancedDoors.add({"cmdExportFavoriates", 0, [this] { favourites.exportFavorites(); }});
+  desk_.advancedDoors.add({"cmdExportFavoriates", 1, [this] { favourites.importFavorites(); }});
+}
+
+void LibrarySide::chooseDirectory(const QString& caption, DirectoryRequest::Store store) {
+  DirectoryRequest request;
+  request.caption = caption;
+  request.store = store;
+  directorys.open(request);
+}
+
+void LibrarySide::songsChanged() {
+  const auto fill = [this] {
+    browsing.fillArtists();
+    browsing.fillAlbums();
+    browsing.fillSongs();
+  };
+  desk_.state.gFavoritesLoaded = false;
+  database.refreshLists(desk_.system.pump, fill);
+}
+
+void LibrarySide::erase() {
+  database.erase();
+  songsChanged();
+  browsing.resetPlayListView();
+}
+
+void LibrarySide::usePlayList(const QString& name, const QString& path) {
+  desk_.openTab(kMusicTab);
+  browsing.cmdTop_Click(static_cast<int>(PageCommand::Playlists));
+  browsing.openPlaylist(name, path);
+}
+
+void LibrarySide::editPlayList(const QString& name, const QString& path) {
+  desk_.openTab(kMusicTab);
+  editor.edit(name, path);
+}
+
+void LibrarySide::createPlayList() {
+  desk_.openTab(kMusicTab);
+  editor.create();
+}
+
+}  // namespace korvane

@@ -1,0 +1,30 @@
+// Playing with one press from anywhere: any song of the library, play or pause whatever there is,
+// and the way to a list of the Music tab.
+#pragma once
+
+#include "core/desk.h"
+#include "playback/list_undo.h"
+
+namespace korvane {
+
+class QuickPlay {
+ public:
+  QuickPlay(Desk& desk, Browsing& browsing, Transport& transport, ListUndo& listUndo);
+
+  void openList(PageCommand list);  // Yields.
+  // All songs, in any order, from any of them on; says so where there is none. Yields.
+  void shuffle();
+  // What is paused goes on, what was stopped begins again, and where nothing has played yet, any
+  // song does. The jukebox and the CD know their own beginning. Yields.
+  void playPause();
+
+ private:
+  Desk& desk_;
+  Browsing& browsing_;
+  Transport& transport_;
+  ListUndo& listUndo_;
+  Grid* allSongs_ = nullptr;
+  Image* random_ = nullptr;
+};
+
+}  // namespace korvane

@@ -1,0 +1,76 @@
+// What a side hands in reaches the whole console, with no other file knowing it.
+#include "custom/buttons/button_entries.h"
+#include "tests/flows/cabin.h"
+
+namespace korvane {
+namespace {
+
+// In the place of the Maps tab.
+class TinySide : private Tab {
+ public:
+  explicit TinySide(Desk& desk) {
+    desk.tabs.setTab(kMapsTab, *this);
+    desk.on(u"shadow", Event::Click, [this](int) { did << u"control"_s; });
+    desk.guard(desk.frmMain, u"shadow", Event::Click);
+    desk.words.add({u"TINY"_s, u"btnmore"_s, u"a tiny thing"_s, [this] { did << u"word"_s; }});
+    desk.setupDoors.add({"cmdFtp", -1, [this] { did << u"door"_s; }});
+    desk.steps.at(Step::FillSongs, [this] { did << u"start"_s; });
+    desk.steps.at(Step::CloseMap, [this] { did << u"stop"_s; });
+  }
+  QStringList take() { return std::exchange(did, {}); }
+  QStringList did;
+
+ private:
+  void leave() override { did << u"leave"_s; }
+  void enter() override { did << u"enter"_s; }
+  void pressTransport(int index) override { did << u"transport %1"_s.arg(index); }
+};
+
+class SidesTest : public CabinTest {};
+
+TEST_F(SidesTest, ATinySideIsWholeByItself) {
+  home.put(u"krvgraphics/TEST/Buttonpositons.txt"_s, "T@@#160@@#300@@#tiny@@#100@@#100@@#12\n");
+  setting("ShowMap=1\nShowSetup=1\nMaps=1\n");
+  std::unique_ptr<TinySide> side;
+  start([&](Console& console) { side = std::make_unique<TinySide>(console.desk); });
+  EXPECT_EQ(side->take(), QStringList{u"start"_s});
+  press(u"cmdbutton"_s, 1);
+  EXPECT_EQ(side->take(), QStringList{u"word"_s});
+  EXPECT_EQ(customSelectEntries(console().desk.words).last(), u"TINY          a tiny thing"_s);
+  host->onModal(u"frmSetup"_s, [](Form& setup) {
+    korvane::press(setup, u"cmdFtp"_s);
+    korvane::press(setup, u"cmdOK"_s);
+  });
+  press(u"cmdSetup"_s);
+  EXPECT_EQ(side->take(), QStringList{u"door"_s});
+  press(u"imgTabs"_s, kMapsTab);
+  press(u"cmdControls"_s, 3);
+  control(u"shadow"_s).visible = true;
+  press(u"shadow"_s);
+  press(u"imgTabs"_s, kMainTab);
+  EXPECT_EQ(side->take(), (QStringList{u"enter"_s, u"transport 3"_s, u"control"_s, u"leave"_s}));
+  console().desk.startup.closeit();
+  EXPECT_EQ(side->take(), QStringList{u"stop"_s});
+}
+
+TEST_F(SidesTest, EveryEntryOfTheChooserButOneIsAWord) {
+  setting("");
+  const ButtonWords& words = start().desk.words;
+  const QStringList entries = customSelectEntries(words);
+  EXPECT_EQ(entries[1], u"PICTUREEDIT   allow edit of pictures"_s);
+  EXPECT_GE(entries.size(), 26);
+  QStringList unknown;
+  for (const QString& entry : entries) {
+    const QString word = entry.left(14).trimmed();
+    EXPECT_LT(word.size(), 14) << "a blank divides it from its meaning";
+    const ButtonWord* known = words.find(word.toLower());
+    if (!known)
+      unknown << word;
+    else
+      EXPECT_FALSE(known->icon.isEmpty()) << word.toStdString();
+  }
+  EXPECT_EQ(unknown, QStringList{u"RESET"_s});
+}
+
+}  // namespace
+}  // namespace korvane
