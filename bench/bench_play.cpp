@@ -36,7 +36,8 @@ struct Player : TransportNews {
   void press(int file) {
     connection.ConnectionMP3Send(u"MUSIC"_s, u"PLAY"_s, files[file], u"song"_s);
   }
-  void pressTransport(int) override {}
+  void playerPaused() override {}
+  void playerStopped() override {}
   void endOfStream() override {
     ended = player.marks().endReached;
     if (std::exchange(next, false)) press(1);

@@ -121,7 +121,8 @@ double asked(Door& door, const QByteArray& question, LoopPump& pump) {
 }
 
 struct Answering : TransportNews {
-  void pressTransport(int) override {}
+  void playerPaused() override {}
+  void playerStopped() override {}
   void endOfStream() override { connection->ConnectionMP3Send(u"MUSIC"_s, u"DURATION"_s); }
   void songFailed(int) override {}
   MusicConnection* connection = nullptr;

@@ -13,6 +13,7 @@ Desk::Desk(System& doors, const MakeHost& makeHost, QString home, std::function<
       frmMain(u"frmMain"_s, mainInventory()),
       frmSplash(u"frmSplash"_s, splashInventory()),
       messages(host, palette),
+      dialogs{host, palette, messages},
       main(frmMain, state),
       tabs({frmMain, state, screen, messages, log}),
       parts(main, state, settings),

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "core/button_words.h"
+#include "core/dialog.h"
 #include "core/screen_doors.h"
 #include "core/startup.h"
 #include "core/tab_parts.h"
@@ -31,6 +32,7 @@ class Desk {
   Screen screen;
   Form frmMain, frmSplash;
   ThemedMessages messages;
+  const DialogUses dialogs;  // what every modal form is given
   MainForm main;
   TabController tabs;
   TabParts parts;

@@ -1,5 +1,4 @@
 // Form_Load of frmMain, in its order.
-#include "core/form/binder.h"
 #include "core/startup.h"
 
 namespace korvane {

@@ -1,7 +1,5 @@
 #include "core/main_form.h"
 
-#include "core/form/binder.h"
-
 namespace korvane {
 namespace {
 
@@ -10,16 +8,10 @@ constexpr int kPlaylistCommand = 2, kFavouritesCommand = 6;
 
 }  // namespace
 
-MainForm::MainForm(Form& form, AppState& state) : form_(form), state_(state) {
-  Binder bind(form, "main form");
-  bind(grid_, "Grid");
-  bind(cmdTop_, "cmdTop");
-  bind(cmdControls_, "cmdControls");
-  bind(optMode_, "optMode");
-}
+MainForm::MainForm(Form& form, AppState& state) : form_(form), state_(state), panel_(form) {}
 
 void MainForm::HideAllGrids() {
-  for (Grid* grid : grid_) grid->visible = false;
+  for (Grid* grid : panel_.grid) grid->visible = false;
 }
 
 QString MainForm::topPicture(int index, bool pressed) const {
@@ -31,18 +23,18 @@ QString MainForm::topPicture(int index, bool pressed) const {
 }
 
 void MainForm::markTop(int index) {
-  Image* image = cmdTop_.at(static_cast<size_t>(index));
+  Image* image = panel_.cmdTop.at(static_cast<size_t>(index));
   image->tag = u"1"_s;
   image->setPicture(u"Music"_s, topPicture(index, true));
 }
 
 void MainForm::ResetSelections() {
-  for (Image* image : cmdTop_) {
+  for (Image* image : panel_.cmdTop) {
     if (!image->tagged()) continue;
     image->tag = QString();
     image->setPicture(u"Music"_s, topPicture(image->index, false));
     if (image->index == kFavouritesCommand)
-      for (Image* mode : optMode_) mode->visible = !state_.playListEditing;
+      for (Image* mode : panel_.optMode) mode->visible = !state_.playListEditing;
   }
 }
 
@@ -58,7 +50,7 @@ void MainForm::rememberPlaces() {
 }
 
 void MainForm::rememberGrids() {
-  for (size_t i = 0; i < grid_.size(); ++i) gridRects_[i] = grid_[i]->rect();
+  for (size_t i = 0; i < panel_.grid.size(); ++i) gridRects_[i] = panel_.grid[i]->rect();
 }
 
 void MainForm::positionControl(Control& control) const {
@@ -68,9 +60,9 @@ void MainForm::positionControl(Control& control) const {
 }
 
 void MainForm::showTransport(const QString& play, const QString& pause, const QString& stop) {
-  cmdControls_[1]->setPicture(u"Music"_s, play);
-  cmdControls_[2]->setPicture(u"Music"_s, pause);
-  cmdControls_[3]->setPicture(u"Music"_s, stop);
+  panel_.cmdControls[1]->setPicture(u"Music"_s, play);
+  panel_.cmdControls[2]->setPicture(u"Music"_s, pause);
+  panel_.cmdControls[3]->setPicture(u"Music"_s, stop);
 }
 
 void MainForm::showPlayState(PlayMode mode) {

@@ -4,6 +4,7 @@
 
 #include "core/app_state.h"
 #include "core/form/control_set.h"
+#include "core/form/panel.h"
 #include "core/graphics.h"
 
 namespace korvane {
@@ -35,12 +36,17 @@ class MainForm {
   Form& form() { return form_; }
 
  private:
+  struct Panel : FormPanel {
+    using FormPanel::FormPanel;
+    std::array<Grid*, 11> grid = bind("Grid");
+    std::array<Image*, 7> cmdTop = bind("cmdTop");
+    std::array<Image*, 8> cmdControls = bind("cmdControls");
+    std::array<Image*, 2> optMode = bind("optMode");
+  };
+
   Form& form_;
   AppState& state_;
-  std::array<Grid*, 11> grid_{};
-  std::array<Image*, 7> cmdTop_{};
-  std::array<Image*, 8> cmdControls_{};
-  std::array<Image*, 2> optMode_{};
+  Panel panel_;
   std::vector<ControlRect> controlRects_;
   std::array<Rect, 11> gridRects_{};
 };

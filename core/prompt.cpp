@@ -1,43 +1,110 @@
 #include "core/prompt.h"
 
-#include "core/form/binder.h"
+#include "core/dressing.h"
+#include "core/form/panel.h"
 
 namespace korvane {
 namespace {
 
+enum Button { kYes, kNo, kOk };
+constexpr unsigned TL = Left | Top;
+
 constexpr InventoryRow kBox[] = {
-    {"Shape1", -1, Kind::Frame, {0, 0, 760, 380}, Left | Top, ""},
-    {"msg", -1, Kind::Label, {40, 36, 680, 210}, Left | Top, "Message"},
-    {"cmdControls", 0, Kind::Image, {190, 266, 180, 84}, Left | Top, "Yes", "", false},
-    {"cmdControls", 1, Kind::Image, {390, 266, 180, 84}, Left | Top, "No", "", false},
-    {"cmdControls", 2, Kind::Image, {290, 266, 180, 84}, Left | Top, "OK", "", false},
-};
-
-struct BoxPanel {
-  Label* msg;
-  Frame* shape;
-  std::array<Image*, 3> cmdControls;
-
-  explicit BoxPanel(Form& form) {
-    Binder bind(form, "message box");
-    bind(msg, "msg");
-    bind(shape, "Shape1");
-    bind(cmdControls, "cmdControls");
-  }
+    {"Shape1", -1, Kind::Frame, {0, 0, 760, 380}, TL, "", "", true, {.colours = "Messagebox"}},
+    {"msg",
+     -1,
+     Kind::Label,
+     {40, 36, 680, 210},
+     TL,
+     "Message",
+     "",
+     true,
+     {.text = 32, .align = 0, .wraps = true}},
+    {"cmdControls",
+     0,
+     Kind::Image,
+     {190, 266, 180, 84},
+     TL,
+     "Yes",
+     "",
+     false,
+     {.picture = "root/yes"}},
+    {"cmdControls",
+     1,
+     Kind::Image,
+     {390, 266, 180, 84},
+     TL,
+     "No",
+     "",
+     false,
+     {.picture = "root/no"}},
+    {"cmdControls",
+     2,
+     Kind::Image,
+     {290, 266, 180, 84},
+     TL,
+     "OK",
+     "",
+     false,
+     {.picture = "root/ok"}},
 };
 
 }  // namespace
 
+class ThemedMessages::Box {
+ public:
+  explicit Box(FormHost& host) : host_(host) {
+    form_.on(u"cmdControls", Event::Click,
+             [this](Control& control, const Event&) { answer(control.index); });
+    form_.on(Event::KeyDown, [this](Control&, const Event& event) {
+      constexpr int kEnter = 13, kEscape = 27;
+      const bool question = panel_.cmdControls[kYes]->visible();
+      if (event.key == kEnter) answer(question ? kYes : kOk);
+      if (event.key == kEscape) answer(question ? kNo : kOk);
+    });
+  }
+
+  bool shown() const { return form_.shown(); }
+
+  int show(const QString& text, bool yesNo, const Palette& palette) {
+    dressColours(form_, palette, u"Messagebox");
+    panel_.msg->caption = text;
+    for (Image* button : panel_.cmdControls) button->visible = yesNo == (button->index != kOk);
+    result_ = yesNo ? No : Ok;
+    host_.showModal(form_);
+    return result_;
+  }
+
+ private:
+  struct Panel : FormPanel {
+    using FormPanel::FormPanel;
+    Label* msg = bind("msg");
+    std::array<Image*, 3> cmdControls = bind("cmdControls");
+  };
+
+  void answer(int button) {
+    constexpr int answers[] = {Yes, No, Ok};
+    result_ = answers[button];
+    host_.hide(form_);
+  }
+
+  FormHost& host_;
+  Form form_{u"frmMsgBox"_s, kBox, {0, 0, 760, 380}};
+  Panel panel_{form_};
+  int result_ = Ok;
+};
+
 ThemedMessages::ThemedMessages(FormHost& host, const Palette& palette)
-    : host_(host), palette_(palette), form_(u"frmMsgBox"_s, kBox, {0, 0, 760, 380}) {
-  form_.on(u"cmdControls", Event::Click,
-           [this](Control& control, const Event&) { cmdControls_Click(control.index); });
-  form_.on(Event::KeyDown, [this](Control&, const Event& event) {
-    constexpr int kEnter = 13, kEscape = 27;
-    const bool question = form_.find(u"cmdControls", 0)->visible();
-    if (event.key == kEnter) cmdControls_Click(question ? 0 : 2);
-    if (event.key == kEscape) cmdControls_Click(question ? 1 : 2);
-  });
+    : host_(host), palette_(palette) {
+  boxes_.push_back(std::make_unique<Box>(host));
+}
+
+ThemedMessages::~ThemedMessages() = default;
+
+ThemedMessages::Box& ThemedMessages::freeBox() {
+  for (const auto& box : boxes_)
+    if (!box->shown()) return *box;
+  return *boxes_.emplace_back(std::make_unique<Box>(host_));
 }
 
 int ThemedMessages::showMessage(QString& text, bool yesNo, bool, bool inputMode, bool password) {
@@ -48,31 +115,12 @@ int ThemedMessages::showMessage(QString& text, bool yesNo, bool, bool inputMode,
       text.clear();
     return Ok;
   }
-  if (form_.shown()) return yesNo ? No : Ok;  // one box at a time; the one on screen stands
-  BoxPanel box(form_);
-  form_.colours = palette_.button(u"Messagebox");
-  box.shape->colours = palette_.button(u"Messagebox");
-  Colours ink;
-  ink.fore = palette_.fore(u"Messagebox");
-  box.msg->colours = ink;
-  box.msg->fontUnits = 32;
-  box.msg->align = 0;
-  box.msg->wraps = true;
-  box.msg->caption = text;
-  const char* const names[] = {"yes", "no", "ok"};
-  for (size_t i = 0; i < 3; ++i) {
-    box.cmdControls[i]->setPicture(u"root"_s, QString::fromLatin1(names[i]));
-    box.cmdControls[i]->visible = yesNo == (i < 2);
-  }
-  result_ = yesNo ? No : Ok;
-  host_.showModal(form_);
-  return result_;
-}
-
-void ThemedMessages::cmdControls_Click(int index) {
-  constexpr int answers[] = {Yes, No, Ok};
-  result_ = answers[index];
-  host_.hide(form_);
+  if (!yesNo && !waiting_.contains(text)) waiting_ << text;
+  const int answer = yesNo ? freeBox().show(text, true, palette_) : Ok;
+  const auto shown = [](const auto& box) { return box->shown(); };
+  if (std::ranges::any_of(boxes_, shown)) return answer;  // whoever waits there goes on with these
+  while (!waiting_.isEmpty()) boxes_.front()->show(waiting_.takeFirst(), false, palette_);
+  return answer;
 }
 
 }  // namespace korvane

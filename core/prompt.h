@@ -32,22 +32,25 @@ class Messages {
   }
 };
 
-// The messages of the running console: frmMsgBox and the keyboard.
+// The messages of the running console: frmMsgBox and the keyboard. What is to be said while a box
+// is up waits and is said behind it, and its caller goes on; a question that comes then is asked
+// above it.
 class ThemedMessages : public Messages {
  public:
   ThemedMessages(FormHost& host, const Palette& palette);
+  ~ThemedMessages() override;
   int showMessage(QString& text, bool yesNo, bool unused, bool inputMode, bool password) override;
   void setLinePrompt(LinePrompt* prompt) { prompt_ = prompt; }  // not owned
-  Form& box() { return form_; }
 
  private:
-  void cmdControls_Click(int index);
+  class Box;
+  Box& freeBox();
 
   FormHost& host_;
   const Palette& palette_;
-  Form form_;
+  std::vector<std::unique_ptr<Box>> boxes_;  // the further ones for questions above a question
+  QStringList waiting_;
   LinePrompt* prompt_ = nullptr;
-  int result_ = Ok;
 };
 
 }  // namespace korvane

@@ -1,13 +1,27 @@
 #include "core/startup.h"
 
-#include "core/form/binder.h"
-
 namespace korvane {
 namespace {
 
 constexpr InventoryRow kSplash[] = {
-    {"lblStatus", -1, Kind::Label, {240, 640, 800, 44}, Left | Top, "Status"},
-    {"lblVersion", -1, Kind::Label, {240, 690, 800, 36}, Left | Top, "Version"},
+    {"lblStatus",
+     -1,
+     Kind::Label,
+     {240, 640, 800, 44},
+     Left | Top,
+     "Status",
+     "",
+     true,
+     {.text = 28, .align = 0}},
+    {"lblVersion",
+     -1,
+     Kind::Label,
+     {240, 690, 800, 36},
+     Left | Top,
+     "Version",
+     "",
+     true,
+     {.text = 24, .align = 0}},
 };
 
 }  // namespace
@@ -16,15 +30,7 @@ std::span<const InventoryRow> splashInventory() {
   return kSplash;
 }
 
-Startup::Startup(Uses uses) : uses_(uses) {
-  Label *statusLine = nullptr, *version = nullptr;
-  Binder bind(uses.splash, "splash");
-  bind(statusLine, "lblStatus");
-  bind(version, "lblVersion");
-  for (Label* label : {statusLine, version}) label->align = 0;
-  statusLine->fontUnits = 28;
-  version->fontUnits = 24;
-}
+Startup::Startup(Uses uses) : uses_(uses), splash_(uses.splash) {}
 
 void Startup::run(Step step) {
   for (const std::function<void()>& work : uses_.steps.works(step))
@@ -33,7 +39,7 @@ void Startup::run(Step step) {
 
 void Startup::status(const QString& text) {
   if (!uses_.splash.shown()) return;
-  uses_.splash.find(u"lblStatus")->caption = text;
+  splash_.lblStatus->caption = text;
   uses_.system.pump.doEvents();
 }
 
@@ -49,7 +55,7 @@ bool Startup::SubMain() {
   uses_.splash.picture = Picture{u"root"_s, u"splash"_s, nullptr};
   uses_.host.show(uses_.splash);
   // The picture alone comes first: the first text of a program takes as long as all of it.
-  uses_.splash.find(u"lblVersion")->caption = QStringLiteral(KORVANE_VERSION);
+  splash_.lblVersion->caption = QStringLiteral(KORVANE_VERSION);
   if (!readSettings()) return false;
 
   uses_.host.show(uses_.main.form());

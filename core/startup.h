@@ -51,7 +51,14 @@ class Startup {
   void chooseMusicRole();
   void removeTabs();
 
+  struct SplashPanel : FormPanel {
+    using FormPanel::FormPanel;
+    Label* lblStatus = bind("lblStatus");
+    Label* lblVersion = bind("lblVersion");
+  };
+
   Uses uses_;
+  SplashPanel splash_;
 };
 
 std::span<const InventoryRow> splashInventory();  // frmSplash

@@ -1,6 +1,7 @@
 // imgTabs_Click: leaves the open tab and enters the pressed one.
 #pragma once
 
+#include "core/form/panel.h"
 #include "core/main_form.h"
 #include "core/prompt.h"
 #include "core/screen.h"
@@ -28,17 +29,22 @@ class TabController {
   // only those.
   void imgTabs_Click(int index);
 
-  bool open(int index) const { return imgTabs_[static_cast<size_t>(index)]->tagged(); }
+  bool open(int index) const { return panel_.imgTabs[static_cast<size_t>(index)]->tagged(); }
   Tab& openTab() { return *tabs_[static_cast<size_t>(uses_.state.currentTab)]; }
 
   // Closes the always-on-top strip; set by the console.
   std::function<void()> closeAlwaysOnTop = [] {};
 
  private:
+  struct Panel : FormPanel {
+    using FormPanel::FormPanel;
+    std::array<Image*, 6> imgTabs = bind("imgTabs");
+    Frame* frameButtons = bind("frameButtons");
+  };
+
   Uses uses_;
+  Panel panel_;
   std::array<Tab*, 6> tabs_{};
-  std::array<Image*, 6> imgTabs_{};
-  Frame* frameButtons_ = nullptr;
 };
 
 }  // namespace korvane

@@ -1,17 +1,8 @@
 #include "custom/custom_side.h"
 
-#include "core/form/binder.h"
 #include "custom/buttons/button_entries.h"
 
 namespace korvane {
-
-CustomSide::Panel::Panel(Form& form) {
-  Binder bind(form, "custom side");
-  bind(AddTimer, "AddTimer");
-  bind(txtSearch, "txtSearch");
-  bind(txtLookup, "txtLookup");
-  bind(mapKeyboard, "cmdmap", 1);
-}
 
 CustomSide::CustomSide(Desk& d, LibrarySide& library, ListenerSide& listener,
                        PlaybackSide& playback)

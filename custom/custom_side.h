@@ -2,6 +2,7 @@
 // screens, the keyboards and the guest lock.
 #pragma once
 
+#include "core/form/panel.h"
 #include "custom/buttons/button_editor.h"
 #include "custom/guest_lock.h"
 #include "custom/keyboard/ctrl_keyboard.h"
@@ -22,11 +23,12 @@ class CustomSide : private SetupParts {
   CustomSide(Desk& desk, LibrarySide& library, ListenerSide& listener, PlaybackSide& playback);
 
  private:
-  struct Panel {
-    explicit Panel(Form& form);
-    Timer* AddTimer;
-    TextBox *txtSearch, *txtLookup;
-    Button* mapKeyboard;  // cmdmap(1)
+  struct Panel : FormPanel {
+    using FormPanel::FormPanel;
+    Timer* AddTimer = bind("AddTimer");
+    TextBox* txtSearch = bind("txtSearch");
+    TextBox* txtLookup = bind("txtLookup");
+    Button* mapKeyboard = bind("cmdmap", 1);
   };
 
   Desk& desk_;

@@ -1,6 +1,6 @@
 #include "custom/guest_lock.h"
 
-#include "core/form/binder.h"
+#include "core/form/panel.h"
 #include "custom/screens/setup_access.h"
 
 namespace korvane {
@@ -10,11 +10,11 @@ constexpr int kOpenMs = 60'000;  // after the last press that the password admit
 
 }  // namespace
 
-GuestLock::GuestLock(Form& form, Uses uses) : uses_(uses) {
-  Binder bind(form, "guest lock");
-  bind(lockTimer_, "LockTimer");
-  bind(position_, "Slider1");
-  bind(volume_, "scrollVolume");
+GuestLock::GuestLock(Form& form, Uses uses)
+    : uses_(uses),
+      lockTimer_(&controlOf<Timer>(form, u"LockTimer")),
+      position_(&controlOf<Slider>(form, u"Slider1")),
+      volume_(&controlOf<Slider>(form, u"scrollVolume")) {
   lockTimer_->interval = kOpenMs;
   lockTimer_->enabled = false;
   form.on(u"LockTimer"_s, Event::Tick, [this](Control&, const Event&) { LockTimer_Timer(); });

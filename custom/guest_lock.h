@@ -28,8 +28,8 @@ class GuestLock {
   void show();
 
   Uses uses_;
-  Timer* lockTimer_ = nullptr;
-  Slider *position_ = nullptr, *volume_ = nullptr;
+  Timer* lockTimer_;
+  Slider *position_, *volume_;
   bool open_ = false;
 };
 

@@ -2,8 +2,6 @@
 
 #include <QLocale>
 
-#include "core/form/binder.h"
-
 namespace korvane {
 namespace {
 
@@ -24,24 +22,6 @@ QString homeTitle(const QString& currentPlay) {
   if (currentPlay.startsWith(kLead)) return currentPlay.sliced(kLead.size());
   const bool idle = currentPlay.endsWith("Idle"_L1) || currentPlay.endsWith("Stopped"_L1);
   return idle ? QString() : currentPlay;
-}
-
-HomePanel::Panel::Panel(Form& form) {
-  Binder bind(form, "home panel");
-  bind(lblHomeClock, "lblHomeClock");
-  bind(lblHomeDate, "lblHomeDate");
-  bind(lblHomeTitle, "lblHomeTitle");
-  bind(lblHomeArtist, "lblHomeArtist");
-  bind(lblHomePosition, "lblHomePosition");
-  bind(frameHome, "frameHome");
-  bind(picHomeCover, "picHomeCover");
-  bind(coverArt, "coverArt");
-  bind(cmdHome, "cmdHome");
-  bind(HomeTimer, "HomeTimer");
-  bind(lblCurrentPlay, "lblCurrentPlay");
-  bind(TxtTime, "TxtTime");
-  bind(lblDuration, "lblDuration");
-  bind(cmdPlay, "cmdControls", 1);
 }
 
 HomePanel::HomePanel(Form& form, Uses uses) : form_(form), uses_(uses), panel_(form) {

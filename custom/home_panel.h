@@ -3,6 +3,7 @@
 #pragma once
 
 #include "core/form/form.h"
+#include "core/form/panel.h"
 #include "core/palette.h"
 #include "core/settings.h"
 #include "platform/clock.h"
@@ -35,15 +36,22 @@ class HomePanel : private FormObserver {
   void cmdHome_Click(int index);  // 0 previous, 1 play or pause, 2 next. Yields.
 
  private:
-  struct Panel {
-    Label *lblHomeClock, *lblHomeDate, *lblHomeTitle, *lblHomeArtist, *lblHomePosition;
-    Frame* frameHome;
-    PictureArea *picHomeCover, *coverArt;
-    std::array<Image*, 3> cmdHome;
-    Timer* HomeTimer;
-    Label *lblCurrentPlay, *TxtTime, *lblDuration;
-    Image* cmdPlay;
-    explicit Panel(Form& form);
+  struct Panel : FormPanel {
+    using FormPanel::FormPanel;
+    Label* lblHomeClock = bind("lblHomeClock");
+    Label* lblHomeDate = bind("lblHomeDate");
+    Label* lblHomeTitle = bind("lblHomeTitle");
+    Label* lblHomeArtist = bind("lblHomeArtist");
+    Label* lblHomePosition = bind("lblHomePosition");
+    Frame* frameHome = bind("frameHome");
+    PictureArea* picHomeCover = bind("picHomeCover");
+    PictureArea* coverArt = bind("coverArt");
+    std::array<Image*, 3> cmdHome = bind("cmdHome");
+    Timer* HomeTimer = bind("HomeTimer");
+    Label* lblCurrentPlay = bind("lblCurrentPlay");
+    Label* TxtTime = bind("TxtTime");
+    Label* lblDuration = bind("lblDuration");
+    Image* cmdPlay = bind("cmdControls", 1);
   };
 
   void controlChanged(Control& control, Aspect aspect) override;

@@ -2,8 +2,6 @@
 
 #include <QScopedValueRollback>
 
-#include "core/form/binder.h"
-
 namespace korvane {
 namespace {
 
@@ -11,16 +9,6 @@ constexpr int kTickMs = 250;
 constexpr int kTop = 4, kRoom = 122;  // of both labels in their frame
 
 }  // namespace
-
-LinkSupervision::Panel::Panel(Form& form) {
-  Binder bind(form, "link supervision");
-  bind(framLink, "framLink");
-  bind(lblLink, "lblLink");
-  bind(cmdLink, "cmdLink");
-  bind(LinkTimer, "LinkTimer");
-  bind(musicTab, "imgTabs", 0);
-  bind(coverArt, "coverArt");
-}
 
 void LinkSupervision::Link::linkTries() {
   watch.tries(of->now());

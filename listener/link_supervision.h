@@ -2,6 +2,7 @@
 // shows a lamp with its words for each, with a press that tries again at once.
 #pragma once
 
+#include "core/form/panel.h"
 #include "core/palette.h"
 #include "listener/link_watch.h"
 #include "listener/master_listener.h"
@@ -37,14 +38,14 @@ class LinkSupervision {
   QString words(bool music) const;
 
  private:
-  struct Panel {
-    explicit Panel(Form& form);
-    Frame* framLink;
-    std::array<Label*, 2> lblLink;  // master, music
-    Button* cmdLink;
-    Timer* LinkTimer;
-    Image* musicTab;
-    Control* coverArt;
+  struct Panel : FormPanel {
+    using FormPanel::FormPanel;
+    Frame* framLink = bind("framLink");
+    std::array<Label*, 2> lblLink = bind("lblLink");
+    Button* cmdLink = bind("cmdLink");
+    Timer* LinkTimer = bind("LinkTimer");
+    Image* musicTab = bind("imgTabs", 0);
+    Control* coverArt = bind("coverArt");
   };
   struct Link : LinkNews {
     LinkSupervision* of = nullptr;

@@ -2,8 +2,6 @@
 
 #include <QScopedValueRollback>
 
-#include "core/form/binder.h"
-
 namespace korvane {
 namespace {
 
@@ -24,22 +22,6 @@ bool isAnswered(const QString& command) {
 }
 
 }  // namespace
-
-MusicConnection::Panel::Panel(Form& form) {
-  Binder bind(form, "MusicConnection");
-  bind(Slider1, "Slider1");
-  bind(TxtTime, "TxtTime");
-  bind(lblDuration, "lblDuration");
-  bind(lblCurrentPlay, "lblCurrentPlay");
-  bind(lblVolume, "lblVolume");
-  bind(coverArt, "coverArt");
-  bind(play, "cmdControls", 1);
-  bind(pause, "cmdControls", 2);
-  bind(stop, "cmdControls", 3);
-  bind(lblMusicPlay, "lblMusicPlay");
-  bind(musicTab, "imgTabs", 0);
-  bind(MusicTimer, "MusicTimer");
-}
 
 MusicConnection::MusicConnection(Uses uses)
     : uses_(std::move(uses)),
@@ -166,7 +148,7 @@ void MusicConnection::Error(const QString& description) {
 // What a Listener played is out of reach: the front end stops, and both roles can be chosen again.
 void MusicConnection::listenerGone() {
   if (uses_.state.gLocalListener) return;
-  if (news_) news_->pressTransport(3);
+  if (news_) news_->playerStopped();
   uses_.state.gPlayMode = PlayMode::Stopped;
   panel_.Slider1->value = 0;
   songAwaited_ = false;

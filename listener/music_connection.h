@@ -3,6 +3,7 @@
 #pragma once
 
 #include "core/form/form.h"
+#include "core/form/panel.h"
 #include "core/log.h"
 #include "core/prompt.h"
 #include "listener/cover_transfer.h"
@@ -64,15 +65,20 @@ class MusicConnection : private Winsock::Events, private LocalReplies {
   double listenerMaxVolume = 0, listenerVolume = 0;
 
  private:
-  struct Panel {
-    explicit Panel(Form& form);
-    Slider* Slider1;
-    Label *TxtTime, *lblDuration, *lblCurrentPlay, *lblVolume;
-    Control* coverArt;
-    Image *play, *pause, *stop;  // of cmdControls
-    std::array<Image*, 2> lblMusicPlay;
-    Image* musicTab;
-    Timer* MusicTimer;
+  struct Panel : FormPanel {
+    using FormPanel::FormPanel;
+    Slider* Slider1 = bind("Slider1");
+    Label* TxtTime = bind("TxtTime");
+    Label* lblDuration = bind("lblDuration");
+    Label* lblCurrentPlay = bind("lblCurrentPlay");
+    Label* lblVolume = bind("lblVolume");
+    Control* coverArt = bind("coverArt");
+    Image* play = bind("cmdControls", 1);
+    Image* pause = bind("cmdControls", 2);
+    Image* stop = bind("cmdControls", 3);
+    std::array<Image*, 2> lblMusicPlay = bind("lblMusicPlay");
+    Image* musicTab = bind("imgTabs", 0);
+    Timer* MusicTimer = bind("MusicTimer");
   };
   struct RecordHandler {
     QByteArrayView name;

@@ -105,8 +105,8 @@ void MusicConnection::mediaPlayerState(const ListenerRecord& record) {
   if (!mode || *mode == uses_.state.gPlayMode) return;
   uses_.state.gPlayMode = *mode;
   if (!news_) return;
-  if (*mode == PlayMode::Paused) news_->pressTransport(2);
-  if (*mode == PlayMode::Stopped) news_->pressTransport(3);
+  if (*mode == PlayMode::Paused) news_->playerPaused();
+  if (*mode == PlayMode::Stopped) news_->playerStopped();
 }
 
 void MusicConnection::songPlaying(const ListenerRecord& record) {

@@ -1,17 +1,15 @@
 #include "photos/photos_side.h"
 
-#include "core/form/binder.h"
-
 namespace korvane {
 
-PhotosSide::PhotosSide(Desk& desk) : tab(desk.parts, desk.system, desk.messages) {
-  Binder bind(desk.frmMain, "photos");
-  bind(cmdPhotoSetup_, "cmdPhotoSetup");
+PhotosSide::PhotosSide(Desk& desk)
+    : tab(desk.parts, desk.system, desk.messages),
+      cmdPhotoSetup_(controlOf<Image>(desk.frmMain, u"cmdPhotoSetup")) {
   desk.tabs.setTab(kPhotosTab, tab);
   desk.addTabWord(kPhotosTab, u"PHOTOS"_s, u"btnphotos"_s, u"open the Photos tab"_s);
   desk.words.add({u"PICTUREEDIT"_s, u"btnpictureedit"_s, {}, [this, &desk] {
                     desk.tabs.imgTabs_Click(kPhotosTab);
-                    if (!desk.frmMain.fire(*cmdPhotoSetup_, {Event::Click}))
+                    if (!desk.frmMain.fire(cmdPhotoSetup_, {Event::Click}))
                       desk.messages.say(u"This console cannot change pictures yet."_s);
                   }});
 }

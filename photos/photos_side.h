@@ -13,7 +13,7 @@ class PhotosSide {
   PhotosTab tab;
 
  private:
-  Image* cmdPhotoSetup_ = nullptr;
+  Image& cmdPhotoSetup_;
 };
 
 }  // namespace korvane

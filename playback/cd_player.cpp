@@ -1,7 +1,5 @@
 #include "playback/cd_player.h"
 
-#include "core/form/binder.h"
-
 namespace korvane {
 namespace {
 
@@ -11,23 +9,6 @@ int secondsAt(const QString& text, qsizetype from) {
 }
 
 }  // namespace
-
-CdPlayer::Panel::Panel(Form& form) {
-  Binder bind(form, "CdPlayer");
-  bind(grid, "Grid", kDiscGrid);
-  bind(Slider1, "Slider1");
-  bind(TxtTime, "TxtTime");
-  bind(lblCurrentPlay, "lblCurrentPlay");
-  bind(lblDuration, "lblDuration");
-  bind(lblCurrentPlayList, "lblCurrentPlayList");
-  bind(MusicTimer, "MusicTimer");
-  bind(lblMusicType, "lblMusicType");
-  bind(lblMusicPlay, "lblMusicPlay");
-  bind(optMode, "optMode");
-  bind(cmdTop, "cmdTop");
-  bind(cmdFavoriateAdd, "cmdFavoriateAdd");
-  bind(coverArt, "coverArt");
-}
 
 CdPlayer::CdPlayer(Form& form, Uses uses)
     : uses_(uses), panel_(form), commands_(uses.drive, uses.pump, uses.state) {

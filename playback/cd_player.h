@@ -4,6 +4,7 @@
 // The songs of a data disc are an ordinary list: the transport plays them as files.
 #pragma once
 
+#include "core/form/panel.h"
 #include "core/log.h"
 #include "core/settings.h"
 #include "playback/cd_command.h"
@@ -45,16 +46,21 @@ class CdPlayer : public Transport::DiscSource, private DiscDrive::Events {
 
  private:
   static constexpr int kDiscGrid = 7;
-  struct Panel {
-    explicit Panel(Form& form);
-    Grid* grid;
-    Slider* Slider1;
-    Label *TxtTime, *lblCurrentPlay, *lblDuration, *lblCurrentPlayList;
-    Timer* MusicTimer;
-    std::array<Image*, 2> lblMusicType, lblMusicPlay, optMode;
-    std::array<Image*, 7> cmdTop;
-    Image* cmdFavoriateAdd;
-    PictureArea* coverArt;
+  struct Panel : FormPanel {
+    using FormPanel::FormPanel;
+    Grid* grid = bind("Grid", kDiscGrid);
+    Slider* Slider1 = bind("Slider1");
+    Label* TxtTime = bind("TxtTime");
+    Label* lblCurrentPlay = bind("lblCurrentPlay");
+    Label* lblDuration = bind("lblDuration");
+    Label* lblCurrentPlayList = bind("lblCurrentPlayList");
+    Timer* MusicTimer = bind("MusicTimer");
+    std::array<Image*, 2> lblMusicType = bind("lblMusicType");
+    std::array<Image*, 2> lblMusicPlay = bind("lblMusicPlay");
+    std::array<Image*, 2> optMode = bind("optMode");
+    std::array<Image*, 7> cmdTop = bind("cmdTop");
+    Image* cmdFavoriateAdd = bind("cmdFavoriateAdd");
+    PictureArea* coverArt = bind("coverArt");
   };
 
   void discChanged() override;

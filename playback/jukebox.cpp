@@ -1,7 +1,5 @@
 #include "playback/jukebox.h"
 
-#include "core/form/binder.h"
-
 namespace korvane {
 namespace {
 
@@ -9,15 +7,6 @@ enum Transported { Previous, Play, Stop = 3, Repeat = 5, Random, Continue };
 constexpr int kSeen = 200;  // ms that an addition stays lit
 
 }  // namespace
-
-Jukebox::Panel::Panel(Form& form) {
-  Binder bind(form, "jukebox");
-  bind(optMode, "optMode");
-  bind(cmdControls, "cmdControls");
-  bind(cmdTopPlaylist, "cmdTop", 2);
-  bind(queue, "Grid", 6);
-  bind(lblCurrentPlayList, "lblCurrentPlayList");
-}
 
 Jukebox::Jukebox(Form& form, Uses uses) : uses_(uses), panel_(form) {}
 

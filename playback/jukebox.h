@@ -3,6 +3,7 @@
 // that plays.
 #pragma once
 
+#include "core/form/panel.h"
 #include "core/palette.h"
 #include "playback/transport.h"
 
@@ -34,13 +35,13 @@ class Jukebox : public Transport::Queue {
   void deleteSelection() override;
 
  private:
-  struct Panel {
-    explicit Panel(Form& form);
-    std::array<Image*, 2> optMode;
-    std::array<Image*, 8> cmdControls;
-    Image* cmdTopPlaylist;
-    Grid* queue;
-    Label* lblCurrentPlayList;
+  struct Panel : FormPanel {
+    using FormPanel::FormPanel;
+    std::array<Image*, 2> optMode = bind("optMode");
+    std::array<Image*, 8> cmdControls = bind("cmdControls");
+    Image* cmdTopPlaylist = bind("cmdTop", 2);
+    Grid* queue = bind("Grid", 6);
+    Label* lblCurrentPlayList = bind("lblCurrentPlayList");
   };
   void enter();
   void leave();

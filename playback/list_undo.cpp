@@ -1,7 +1,5 @@
 #include "playback/list_undo.h"
 
-#include "core/form/binder.h"
-
 namespace korvane {
 namespace {
 
@@ -16,16 +14,6 @@ bool replaced(const Transport::Running& before, const Transport::Running& after)
 }
 
 }  // namespace
-
-ListUndo::Panel::Panel(Form& form) {
-  Binder bind(form, "list undo");
-  bind(framListUndo, "framListUndo");
-  bind(lblListUndo, "lblListUndo");
-  bind(lblCurrentPlayList, "lblCurrentPlayList");
-  bind(cmdListUndo, "cmdListUndo");
-  bind(ListUndoTimer, "ListUndoTimer");
-  bind(Slider1, "Slider1");
-}
 
 ListUndo::ListUndo(Form& form, Uses uses) : uses_(uses), panel_(form) {
   panel_.cmdListUndo->caption = u"Bring it back"_s;

@@ -2,6 +2,7 @@
 // offers for ten seconds to bring it back, with the song that ran at the place where it was.
 #pragma once
 
+#include "core/form/panel.h"
 #include "playback/transport.h"
 
 namespace korvane {
@@ -25,13 +26,14 @@ class ListUndo {
   void hide();
 
  private:
-  struct Panel {
-    explicit Panel(Form& form);
-    Frame* framListUndo;
-    Label *lblListUndo, *lblCurrentPlayList;
-    Button* cmdListUndo;
-    Timer* ListUndoTimer;
-    Slider* Slider1;
+  struct Panel : FormPanel {
+    using FormPanel::FormPanel;
+    Frame* framListUndo = bind("framListUndo");
+    Label* lblListUndo = bind("lblListUndo");
+    Label* lblCurrentPlayList = bind("lblCurrentPlayList");
+    Button* cmdListUndo = bind("cmdListUndo");
+    Timer* ListUndoTimer = bind("ListUndoTimer");
+    Slider* Slider1 = bind("Slider1");
   };
 
   Uses uses_;

@@ -1,6 +1,6 @@
 #include "playback/quick_play.h"
 
-#include "core/form/binder.h"
+#include "core/form/panel.h"
 
 namespace korvane {
 namespace {
@@ -10,11 +10,12 @@ constexpr int kAllSongs = static_cast<int>(MusicList::AllSongs);
 }  // namespace
 
 QuickPlay::QuickPlay(Desk& desk, Browsing& browsing, Transport& transport, ListUndo& listUndo)
-    : desk_(desk), browsing_(browsing), transport_(transport), listUndo_(listUndo) {
-  Binder bind(desk.frmMain, "quick play");
-  bind(allSongs_, "Grid", kAllSongs);
-  bind(random_, "cmdControls", Transport::Random);
-}
+    : desk_(desk),
+      browsing_(browsing),
+      transport_(transport),
+      listUndo_(listUndo),
+      allSongs_(&controlOf<Grid>(desk.frmMain, u"Grid", kAllSongs)),
+      random_(&controlOf<Image>(desk.frmMain, u"cmdControls", Transport::Random)) {}
 
 void QuickPlay::openList(PageCommand list) {
   desk_.openTab(kMusicTab);

@@ -23,8 +23,8 @@ class QuickPlay {
   Browsing& browsing_;
   Transport& transport_;
   ListUndo& listUndo_;
-  Grid* allSongs_ = nullptr;
-  Image* random_ = nullptr;
+  Grid* allSongs_;
+  Image* random_;
 };
 
 }  // namespace korvane

@@ -1,7 +1,5 @@
 #include "playback/transport.h"
 
-#include "core/form/binder.h"
-
 namespace korvane {
 namespace {
 
@@ -10,22 +8,6 @@ QString noTime() {
 }
 
 }  // namespace
-
-TransportPanel::TransportPanel(Form& form) {
-  Binder bind(form, "transport");
-  bind(cmdControls, "cmdControls");
-  bind(grid, "Grid");
-  bind(optMode, "optMode");
-  bind(cmdTopPlaylist, "cmdTop", 2);
-  bind(Slider1, "Slider1");
-  bind(VscrollAllSongs, "VscrollAllSongs");
-  bind(TxtTime, "TxtTime");
-  bind(lblCurrentPlay, "lblCurrentPlay");
-  bind(lblDuration, "lblDuration");
-  bind(lblCurrentPlayList, "lblCurrentPlayList");
-  bind(coverArt, "coverArt");
-  bind(MusicTimer, "MusicTimer");
-}
 
 Transport::Transport(Form& form, Uses uses) : uses_(uses), panel_(form) {
   panel_.Slider1->text = noTime();
@@ -288,14 +270,15 @@ void Transport::songFailed(int inARow) {
 }
 
 // A report, unlike a finger, never resumes what is paused.
-void Transport::pressTransport(int index) {
-  if (index == Pause && uses_.state.gPlayMode == PlayMode::Paused) {
-    if (uses_.screen.busy()) return;
-    uses_.state.gMusicState = MusicState::Paused;
-    uses_.main.showPlayState(PlayMode::Paused);
-    return;
-  }
-  cmdControls_Click(index);
+void Transport::playerPaused() {
+  if (uses_.state.gPlayMode != PlayMode::Paused) return cmdControls_Click(Pause);
+  if (uses_.screen.busy()) return;
+  uses_.state.gMusicState = MusicState::Paused;
+  uses_.main.showPlayState(PlayMode::Paused);
+}
+
+void Transport::playerStopped() {
+  cmdControls_Click(Stop);
 }
 
 void Transport::goIdle() {

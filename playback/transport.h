@@ -2,6 +2,7 @@
 // status lines. It never touches the player; every command goes through the music connection.
 #pragma once
 
+#include "core/form/panel.h"
 #include "core/main_form.h"
 #include "core/screen.h"
 #include "core/tab_controller.h"
@@ -13,17 +14,20 @@
 
 namespace korvane {
 
-struct TransportPanel {
-  explicit TransportPanel(Form& form);
-  std::array<Image*, 8> cmdControls;
-  std::array<Grid*, 11> grid;
-  std::array<Image*, 2> optMode;
-  Image* cmdTopPlaylist;
-  Slider* Slider1;
-  Slider* VscrollAllSongs;
-  Label *TxtTime, *lblCurrentPlay, *lblDuration, *lblCurrentPlayList;
-  PictureArea* coverArt;
-  Timer* MusicTimer;
+struct TransportPanel : FormPanel {
+  using FormPanel::FormPanel;
+  std::array<Image*, 8> cmdControls = bind("cmdControls");
+  std::array<Grid*, 11> grid = bind("Grid");
+  std::array<Image*, 2> optMode = bind("optMode");
+  Image* cmdTopPlaylist = bind("cmdTop", 2);
+  Slider* Slider1 = bind("Slider1");
+  Slider* VscrollAllSongs = bind("VscrollAllSongs");
+  Label* TxtTime = bind("TxtTime");
+  Label* lblCurrentPlay = bind("lblCurrentPlay");
+  Label* lblDuration = bind("lblDuration");
+  Label* lblCurrentPlayList = bind("lblCurrentPlayList");
+  PictureArea* coverArt = bind("coverArt");
+  Timer* MusicTimer = bind("MusicTimer");
 };
 
 class Transport : public SongActivation, public TransportNews {
@@ -70,7 +74,8 @@ class Transport : public SongActivation, public TransportNews {
   void playDiscRow(int row) override;
 
   // TransportNews
-  void pressTransport(int index) override;
+  void playerPaused() override;   // Yields.
+  void playerStopped() override;  // Yields.
   void endOfStream() override { MediaPlayer1_EndOfStream(); }
   void songFailed(int inARow) override;
 

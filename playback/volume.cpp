@@ -1,7 +1,5 @@
 #include "playback/volume.h"
 
-#include "core/form/binder.h"
-
 namespace korvane {
 namespace {
 
@@ -17,16 +15,6 @@ double levelOfBar(double bar, double maximum) {
 
 double barOfLevel(double level, double maximum) {
   return maximum > 0 ? std::round(std::clamp(level / maximum, 0.0, 1.0) * kBar) : 0;
-}
-
-Volume::Panel::Panel(Form& form) {
-  Binder bind(form, "volume");
-  bind(scrollVolume, "scrollVolume");
-  bind(ScrollVolumeUp, "ScrollVolumeUp");
-  bind(ScrollVolumeDN, "ScrollVolumeDN");
-  bind(mute, "mute");
-  bind(lblVolume, "lblVolume");
-  bind(RepeatTimer, "RepeatTimer");
 }
 
 Volume::Volume(Form& form, Uses uses) : uses_(uses), panel_(form) {

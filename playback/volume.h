@@ -1,6 +1,7 @@
 // The sound level and the mutes: the bar, the two buttons that are held, and an owner's bounds.
 #pragma once
 
+#include "core/form/panel.h"
 #include "core/main_form.h"
 #include "core/settings.h"
 #include "core/tab_controller.h"
@@ -44,12 +45,14 @@ class Volume {
   void mixerChanged();
 
  private:
-  struct Panel {
-    explicit Panel(Form& form);
-    Slider* scrollVolume;
-    Image *ScrollVolumeUp, *ScrollVolumeDN, *mute;
-    Label* lblVolume;
-    Timer* RepeatTimer;
+  struct Panel : FormPanel {
+    using FormPanel::FormPanel;
+    Slider* scrollVolume = bind("scrollVolume");
+    Image* ScrollVolumeUp = bind("ScrollVolumeUp");
+    Image* ScrollVolumeDN = bind("ScrollVolumeDN");
+    Image* mute = bind("mute");
+    Label* lblVolume = bind("lblVolume");
+    Timer* RepeatTimer = bind("RepeatTimer");
   };
   enum RepeatModes { Still = 0, Quieter = 4, Louder = 5 };
   void toggleMute(bool movies);

@@ -56,6 +56,22 @@ struct Colours {
 // its place and size grow as the surface does, each way for itself.
 enum Anchor : unsigned { Left = 1, Top = 2, Right = 4, Bottom = 8, Spread = 16 };
 
+// How a control looks at first, as its row of the inventory says.
+struct Look {
+  const char* picture = "";  // "<group>/<name>" of the theme
+  const char* caption = "";  // UTF-8
+  const char* tip = "";      // UTF-8
+  // The element of COLORS.INI that it wears; of a list those of its rows, its selected row and its
+  // header, with '/' between. "" for what its kind wears.
+  const char* colours = "";
+  int text = 0;                      // height of its text in form units; 0 for what its kind has
+  int align = -1;                    // of a label: -1 left, 0 centre, 1 right
+  bool bold = false, wraps = false;  // of a label
+  bool vertical = false;             // of a slider
+  bool accent = false;               // the one button of a dialog that goes on; Enter presses it
+  bool cancels = false;  // the one that leaves it without doing anything; Escape presses it
+};
+
 class Control : public Noticing {
  public:
   Control(Form& form, QString name, int index, Kind kind);
@@ -84,6 +100,7 @@ class Control : public Noticing {
   bool tagged() const { return tag() == "1"_L1; }  // the mode button's own mark
   void changed(Aspect aspect) override;
 
+  Look look;    // at first
   Rect laid;    // where the layout has put it on the present surface
   Rect design;  // on the design surface
 };
@@ -110,7 +127,6 @@ class Button : public Control {
   using Control::Control;
   Watched<int> fontUnits{*this, Aspect::Caption, 28};
   Watched<bool> marked{*this, Aspect::Colours, false};  // the chosen one of several
-  bool accent = false;                                  // the one button of a dialog that goes on
 };
 
 class Check : public Control {

@@ -79,6 +79,24 @@ QString Form::key(QStringView controlName, int index) const {
   return controlName.toString().toCaseFolded() + u'#' + QString::number(index);
 }
 
+void Form::apply(Control& control, const Look& look) {
+  control.look = look;
+  const QString picture = QString::fromLatin1(look.picture);
+  if (!picture.isEmpty()) control.setPicture(picture.section(u'/', 0, 0), picture.section(u'/', 1));
+  control.caption = QString::fromUtf8(look.caption);
+  control.toolTip = QString::fromUtf8(look.tip);
+  if (auto* label = dynamic_cast<Label*>(&control)) {
+    if (look.text > 0) label->fontUnits = look.text;
+    label->align = look.align;
+    label->bold = look.bold;
+    label->wraps = look.wraps;
+  } else if (auto* button = dynamic_cast<Button*>(&control)) {
+    if (look.text > 0) button->fontUnits = look.text;
+  } else if (auto* slider = dynamic_cast<Slider*>(&control)) {
+    slider->vertical = look.vertical;
+  }
+}
+
 Control& Form::make(const InventoryRow& row) {
   const QString controlName = QString::fromLatin1(row.name);
   controls_.push_back(makeControl(*this, controlName, row.index, row.kind));
@@ -89,6 +107,7 @@ Control& Form::make(const InventoryRow& row) {
   control.rect = row.rect;
   if (*row.container) control.container = find(QString::fromLatin1(row.container));
   if (row.kind != Kind::Timer) control.visible = row.visible;
+  apply(control, row.look);
   byName_.insert(key(controlName, row.index), &control);
   int& upper = upper_[controlName.toCaseFolded()];
   upper = std::max(upper, row.index);
@@ -113,6 +132,7 @@ Control* Form::load(QStringView controlName, int index) {
   control->draggable = model->draggable;
   control->container = model->container;
   control->spokenName = model->spokenName;
+  control->look = model->look;
   control->design = model->design;
   control->laid = model->laid;
   control->rect = model->rect;

@@ -105,6 +105,7 @@ class Form : public Noticing {
 
  private:
   Control& make(const InventoryRow& row);
+  static void apply(Control& control, const Look& look);
   Rect laidOut(const Control& control) const;
   QString key(QStringView controlName, int index) const;
   static QString eventKey(QStringView controlName, Event::Type type);

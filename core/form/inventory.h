@@ -17,6 +17,7 @@ struct InventoryRow {
   const char* spoken;  // for accessibility; "" for what is not spoken
   const char* container = "";
   bool visible = true;
+  Look look = {};
 };
 
 std::span<const InventoryRow> mainInventory();  // frmMain

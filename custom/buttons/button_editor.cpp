@@ -1,7 +1,5 @@
 #include "custom/buttons/button_editor.h"
 
-#include "core/form/binder.h"
-
 namespace korvane {
 namespace {
 
@@ -16,23 +14,6 @@ bool meet(const Rect& a, const Rect& b) {
 }
 
 }  // namespace
-
-ButtonEditor::Panel::Panel(Form& form) {
-  Binder bind(form, "button tools");
-  bind(frameButtons, "frameButtons");
-  bind(cmdButtonAdd, "cmdButtonAdd");
-  bind(cmdButtonLabel, "cmdButtonLabel");
-  bind(cmdButtonAction, "cmdButtonAction");
-  bind(cmdButtonApplyAttr, "cmdButtonApplyAttr");
-  bind(cmdButtonKeyboard, "cmdButtonKeyboard");
-  bind(cmdButtonDel, "cmdButtonDel");
-  bind(cmdButtonDone, "cmdButtonDone");
-  bind(cmdButtonCancel, "cmdButtonCancel");
-  bind(lblButtonAttr, "lblButtonAttr");
-  bind(txtButtonWide, "txtButtonWide");
-  bind(txtButtonHigh, "txtButtonHigh");
-  bind(txtButtonFontSize, "txtButtonFontSize");
-}
 
 ButtonEditor::ButtonEditor(Form& form, Uses uses) : form_(form), uses_(uses), panel_(form) {
   const struct {
@@ -50,7 +31,7 @@ ButtonEditor::ButtonEditor(Form& form, Uses uses) : form_(form), uses_(uses), pa
   }
   panel_.frameButtons->caption = u"Custom Buttons"_s;
   panel_.frameButtons->draggable = true;
-  panel_.cmdButtonDone->accent = true;
+  panel_.cmdButtonDone->look.accent = true;
 }
 
 void ButtonEditor::open() {

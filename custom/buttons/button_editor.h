@@ -2,6 +2,7 @@
 // tab. While they are up, a button follows the finger and its click does nothing.
 #pragma once
 
+#include "core/form/panel.h"
 #include "core/prompt.h"
 #include "custom/buttons/custom_buttons.h"
 
@@ -39,13 +40,21 @@ class ButtonEditor {
   void txtButton_Click(TextBox& box);
 
  private:
-  struct Panel {
-    Frame* frameButtons;
-    Button *cmdButtonAdd, *cmdButtonLabel, *cmdButtonAction, *cmdButtonApplyAttr,
-        *cmdButtonKeyboard, *cmdButtonDel, *cmdButtonDone, *cmdButtonCancel;
-    std::array<Label*, 3> lblButtonAttr;
-    TextBox *txtButtonWide, *txtButtonHigh, *txtButtonFontSize;
-    explicit Panel(Form& form);
+  struct Panel : FormPanel {
+    using FormPanel::FormPanel;
+    Frame* frameButtons = bind("frameButtons");
+    Button* cmdButtonAdd = bind("cmdButtonAdd");
+    Button* cmdButtonLabel = bind("cmdButtonLabel");
+    Button* cmdButtonAction = bind("cmdButtonAction");
+    Button* cmdButtonApplyAttr = bind("cmdButtonApplyAttr");
+    Button* cmdButtonKeyboard = bind("cmdButtonKeyboard");
+    Button* cmdButtonDel = bind("cmdButtonDel");
+    Button* cmdButtonDone = bind("cmdButtonDone");
+    Button* cmdButtonCancel = bind("cmdButtonCancel");
+    std::array<Label*, 3> lblButtonAttr = bind("lblButtonAttr");
+    TextBox* txtButtonWide = bind("txtButtonWide");
+    TextBox* txtButtonHigh = bind("txtButtonHigh");
+    TextBox* txtButtonFontSize = bind("txtButtonFontSize");
   };
 
   void choose(int index);

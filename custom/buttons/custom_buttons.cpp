@@ -1,6 +1,6 @@
 #include "custom/buttons/custom_buttons.h"
 
-#include "core/form/binder.h"
+#include "core/form/panel.h"
 
 namespace korvane {
 namespace {
@@ -17,14 +17,11 @@ Rect rounded(const CustomButton& button) {
 
 }  // namespace
 
-CustomButtons::CustomButtons(Form& form, Uses uses) : form_(form), uses_(uses) {
-  Binder bind(form, "custom buttons");
-  Button* pattern = nullptr;
-  bind(pattern, "cmdbutton", 0);
-  bind(buttonTimer_, "ButtonTimer");
+CustomButtons::CustomButtons(Form& form, Uses uses)
+    : form_(form), uses_(uses), buttonTimer_(&controlOf<Timer>(form, u"ButtonTimer")) {
   buttonTimer_->interval = kTakesTheScreen;
-  stored_.push_back({{}, pattern->design});
-  setFontSize(*pattern, kPatternFont);
+  stored_.push_back({{}, button(0).design});
+  setFontSize(button(0), kPatternFont);
 }
 
 QString CustomButtons::path() const {
@@ -32,7 +29,7 @@ QString CustomButtons::path() const {
 }
 
 Button& CustomButtons::button(int index) const {
-  return dynamic_cast<Button&>(*form_.find(u"cmdbutton", index));
+  return controlOf<Button>(form_, u"cmdbutton", index);
 }
 
 Button& CustomButtons::loaded(int index) {

@@ -61,7 +61,7 @@ class CustomButtons {
 
   Form& form_;
   Uses uses_;
-  Timer* buttonTimer_ = nullptr;
+  Timer* buttonTimer_;
   std::vector<Entry> stored_;     // by index; 0 the pattern
   QByteArrayList unread_;         // lines that a save keeps
   bool readable_ = true;          // the file is missing or was read

@@ -14,12 +14,12 @@ class CtrlKeyboard {
   void showFor(TextBox& target);
   void hide();
   bool shown() const { return keys_.target(); }
-  int top() const { return shown() ? frame_->rect().top : 0; }  // on the form; 0 when hidden
+  int top() const { return shown() ? frame_.rect().top : 0; }  // on the form; 0 when hidden
 
   std::function<void(bool)> shownChanged;  // told true when it comes up and false when it goes
 
  private:
-  Frame* frame_ = nullptr;
+  Frame& frame_;
   TextKeyboard keys_;
 };
 

@@ -1,6 +1,6 @@
 #include "custom/keyboard/key_pad.h"
 
-#include "core/form/binder.h"
+#include "core/form/panel.h"
 #include "custom/keyboard/key_logic.h"
 
 namespace korvane {
@@ -13,10 +13,12 @@ constexpr double kWordShare = 0.72;  // of the font of a single character
 }  // namespace
 
 KeyPad::KeyPad(Form& form, const Palette& palette, Place place, KeyPadOwner& owner)
-    : form_(form), palette_(palette), place_(std::move(place)), owner_(owner) {
-  Binder bind(form, "key pad");
-  bind(frame_, place_.frame.toLatin1());
-  bind(timer_, place_.timer.toLatin1());
+    : form_(form),
+      palette_(palette),
+      place_(std::move(place)),
+      owner_(owner),
+      frame_(&controlOf<Frame>(form, place_.frame)),
+      timer_(&controlOf<Timer>(form, place_.timer)) {
   const auto onKey = [this](Event::Type type, auto handler) {
     form_.on(place_.keys, type, [this, handler](Control& key, const Event& event) {
       handler(key.index + place_.indexBelowCode, event);

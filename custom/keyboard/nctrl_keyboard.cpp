@@ -1,6 +1,6 @@
 #include "custom/keyboard/nctrl_keyboard.h"
 
-#include "core/form/binder.h"
+#include "core/form/panel.h"
 #include "custom/keyboard/key_logic.h"
 #include "custom/keyboard/send_keys.h"
 
@@ -26,9 +26,10 @@ bool canType(const Control* control) {
 
 NctrlKeyboard::NctrlKeyboard(Form& parent, const QString& name, FormHost& host,
                              const Palette& palette)
-    : parent_(parent), host_(host), pad_(parent, palette, placeIn(name), *this) {
-  Binder bind(parent, "NctrlKeyboard");
-  bind(frame_, name.toLatin1());
+    : parent_(parent),
+      host_(host),
+      frame_(controlOf<Frame>(parent, name)),
+      pad_(parent, palette, placeIn(name), *this) {
   setLayout(usKeyboard());
   parent.on(u"BtnEnh1", Event::Click, [this](Control&, const Event&) { hide(); });
 }
@@ -37,7 +38,7 @@ void NctrlKeyboard::showFor(Control& target) {
   target_ = &target;
   capsLock_ = shiftOnce_ = false;
   pad_.open();
-  frame_->visible = true;
+  frame_.visible = true;
   parent_.setFocus(target_);
   if (shownChanged) shownChanged(true);
 }
@@ -46,7 +47,7 @@ void NctrlKeyboard::hide() {
   if (!shown()) return;
   pad_.close();
   target_ = nullptr;
-  frame_->visible = false;
+  frame_.visible = false;
   if (shownChanged) shownChanged(false);
 }
 

@@ -18,7 +18,7 @@ class NctrlKeyboard : private KeyPadOwner {
   // since: by Tab or by a finger.
   void showFor(Control& target);
   void hide();
-  bool shown() const { return frame_->visible(); }
+  bool shown() const { return frame_.visible(); }
 
   // The parent's part: told true when it has come up and false when BtnEnh1 or hide() hid it.
   std::function<void(bool)> shownChanged;
@@ -32,7 +32,7 @@ class NctrlKeyboard : private KeyPadOwner {
 
   Form& parent_;
   FormHost& host_;
-  Frame* frame_ = nullptr;
+  Frame& frame_;
   KeyPad pad_;
   Control* target_ = nullptr;
   bool capsLock_ = false, shiftOnce_ = false;

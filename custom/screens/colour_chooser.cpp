@@ -1,7 +1,6 @@
 #include "custom/screens/colour_chooser.h"
 
 #include "core/dressing.h"
-#include "core/form/binder.h"
 
 namespace korvane {
 namespace {
@@ -79,17 +78,6 @@ std::optional<Colour> colourOfText(const QString& text) {
   return ok && number <= kWhite ? std::optional(number) : std::nullopt;
 }
 
-ColourChooser::Panel::Panel(Form& form) {
-  Binder bind(form, "colours");
-  bind(lblTitle, "lblTitle");
-  bind(lblNumber, "lblNumber");
-  bind(before, "before");
-  bind(after, "after");
-  bind(txtNumber, "txtNumber");
-  bind(cmdCancel, "cmdCancel");
-  bind(cmdOK, "cmdOK");
-}
-
 ColourChooser::ColourChooser(FormHost& host, const Palette& palette, Messages& messages)
     : host_(host),
       palette_(palette),
@@ -101,7 +89,7 @@ ColourChooser::ColourChooser(FormHost& host, const Palette& palette, Messages& m
   panel_.lblNumber->caption = u"Number"_s;
   panel_.cmdCancel->caption = u"Cancel"_s;
   panel_.cmdOK->caption = u"OK"_s;
-  panel_.cmdOK->accent = true;
+  panel_.cmdOK->look.accent = true;
   for (const char* cells : {"cmdColour", "cmdGrey"})
     form_.on(QString::fromLatin1(cells), Event::Click,
              [this](Control& cell, const Event&) { show(colourOfCell(cell)); });

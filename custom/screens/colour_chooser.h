@@ -1,6 +1,7 @@
 // The colour dialog: hues, their tints and shades, sixteen greys, and the number itself.
 #pragma once
 
+#include "core/form/panel.h"
 #include "core/palette.h"
 #include "core/prompt.h"
 
@@ -16,12 +17,15 @@ class ColourChooser {
   Form& form() { return form_; }
 
  private:
-  struct Panel {
-    Label *lblTitle, *lblNumber;
-    Frame *before, *after;
-    TextBox* txtNumber;
-    Button *cmdCancel, *cmdOK;
-    explicit Panel(Form& form);
+  struct Panel : FormPanel {
+    using FormPanel::FormPanel;
+    Label* lblTitle = bind("lblTitle");
+    Label* lblNumber = bind("lblNumber");
+    Frame* before = bind("before");
+    Frame* after = bind("after");
+    TextBox* txtNumber = bind("txtNumber");
+    Button* cmdCancel = bind("cmdCancel");
+    Button* cmdOK = bind("cmdOK");
   };
 
   void show(Colour colour);

@@ -46,7 +46,7 @@ ColourPickForm::ColourPickForm(Uses uses)
   title->bold = true;
   auto* end = dynamic_cast<Button*>(form_.find(u"cmdEnd"));
   end->caption = u"Exit"_s;
-  end->accent = true;
+  end->look.accent = true;
   describe();
 
   form_.on(u"TS", Event::Click, [this](Control& tab, const Event&) { TS_Click(tab.index); });

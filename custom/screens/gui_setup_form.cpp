@@ -1,7 +1,6 @@
 #include "custom/screens/gui_setup_form.h"
 
 #include "core/dressing.h"
-#include "core/form/binder.h"
 #include "core/tab_controller.h"
 
 namespace korvane {
@@ -19,27 +18,6 @@ void choose(const std::array<Check*, 2>& pair, bool first) {
 
 }  // namespace
 
-GuiSetupForm::Panel::Panel(Form& form) {
-  Binder bind(form, "advanced setup");
-  bind(lblTitle, "lblTitle");
-  bind(cmdCmd, "cmdCmd");
-  bind(cmdPage, "cmdPage");
-  bind(cmdGeneral, "cmdGeneral");
-  bind(cmdColor, "cmdColor");
-  bind(cmdSync, "cmdSync");
-  bind(cmdMulti, "cmdMulti");
-  bind(cmdCamera, "cmdCamera");
-  bind(cmdExportFavoriates, "cmdExportFavoriates");
-  bind(optIntListen, "optIntListen");
-  bind(optIntListenM, "optIntListenM");
-  bind(optControls, "optControls");
-  bind(txtNIC, "txtNIC");
-  bind(chkShowX10, "chkShowX10");
-  bind(ckRadio, "ckRadio");
-  bind(chkMap, "chkMap");
-  bind(chkCamera, "chkCamera");
-}
-
 GuiSetupForm::GuiSetupForm(SetupGeneralForm::Uses uses)
     : uses_(uses), general_(uses), form_(u"frmGuiSetup"_s, guiSetupInventory()), panel_(form_) {
   captions();
@@ -53,7 +31,7 @@ void GuiSetupForm::captions() {
   panel_.cmdColor->caption = u"Color setup"_s;
   panel_.cmdSync->caption = u"Sync Home and Car Systems"_s;
   panel_.cmdCmd[0]->caption = u"Save"_s;
-  panel_.cmdCmd[0]->accent = true;
+  panel_.cmdCmd[0]->look.accent = true;
   panel_.cmdCmd[1]->caption = u"Cancel"_s;
   for (size_t i = 0; i < panel_.cmdPage.size(); ++i)
     panel_.cmdPage[i]->caption = QString::fromLatin1(setupPages()[i].caption);

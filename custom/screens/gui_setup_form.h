@@ -1,6 +1,7 @@
 // frmGuiSetup: the advanced page of setup. Nothing is stored before Save.
 #pragma once
 
+#include "core/form/panel.h"
 #include "core/screen_doors.h"
 #include "custom/screens/gui_setup_fields.h"
 #include "custom/screens/nic_form.h"
@@ -25,16 +26,25 @@ class GuiSetupForm {
   SetupGeneralForm& general() { return general_; }
 
  private:
-  struct Panel {
-    Label* lblTitle;
-    std::array<Button*, 2> cmdCmd;
-    std::array<Button*, 5> cmdPage;
-    Button *cmdGeneral, *cmdColor, *cmdSync, *cmdMulti, *cmdCamera;
-    std::array<Button*, 2> cmdExportFavoriates;
-    std::array<Check*, 2> optIntListen, optIntListenM, optControls;
-    TextBox* txtNIC;
-    Check *chkShowX10, *ckRadio, *chkMap, *chkCamera;
-    explicit Panel(Form& form);
+  struct Panel : FormPanel {
+    using FormPanel::FormPanel;
+    Label* lblTitle = bind("lblTitle");
+    std::array<Button*, 2> cmdCmd = bind("cmdCmd");
+    std::array<Button*, 5> cmdPage = bind("cmdPage");
+    Button* cmdGeneral = bind("cmdGeneral");
+    Button* cmdColor = bind("cmdColor");
+    Button* cmdSync = bind("cmdSync");
+    Button* cmdMulti = bind("cmdMulti");
+    Button* cmdCamera = bind("cmdCamera");
+    std::array<Button*, 2> cmdExportFavoriates = bind("cmdExportFavoriates");
+    std::array<Check*, 2> optIntListen = bind("optIntListen");
+    std::array<Check*, 2> optIntListenM = bind("optIntListenM");
+    std::array<Check*, 2> optControls = bind("optControls");
+    TextBox* txtNIC = bind("txtNIC");
+    Check* chkShowX10 = bind("chkShowX10");
+    Check* ckRadio = bind("ckRadio");
+    Check* chkMap = bind("chkMap");
+    Check* chkCamera = bind("chkCamera");
   };
 
   void captions();

@@ -1,7 +1,5 @@
 #include "custom/screens/keyboard_form.h"
 
-#include "core/form/binder.h"
-
 namespace korvane {
 namespace {
 
@@ -62,13 +60,6 @@ int liftFor(const TextBox& target) {
 }
 
 }  // namespace
-
-KeyboardForm::Panel::Panel(Form& form) {
-  Binder bind(form, "keyboard");
-  bind(lblMsg, "lblMsg");
-  bind(txtInput, "txtInput");
-  bind(cmdCancel, "cmdCancel");
-}
 
 KeyboardForm::KeyboardForm(FormHost& host, const Palette& palette)
     : host_(host),

@@ -3,6 +3,7 @@
 // time.
 #pragma once
 
+#include "core/form/panel.h"
 #include "core/prompt.h"
 #include "custom/keyboard/text_keyboard.h"
 
@@ -26,11 +27,11 @@ class KeyboardForm : public LinePrompt, private FormObserver {
   Form& bareForm() { return bare_; }
 
  private:
-  struct Panel {
-    Label* lblMsg;
-    TextBox* txtInput;
-    Button* cmdCancel;
-    explicit Panel(Form& form);
+  struct Panel : FormPanel {
+    using FormPanel::FormPanel;
+    Label* lblMsg = bind("lblMsg");
+    TextBox* txtInput = bind("txtInput");
+    Button* cmdCancel = bind("cmdCancel");
   };
 
   void Form_KeyDown(int keyCode);

@@ -1,7 +1,6 @@
 #include "custom/screens/nic_form.h"
 
 #include "core/dressing.h"
-#include "core/form/binder.h"
 
 namespace korvane {
 namespace {
@@ -20,21 +19,13 @@ constexpr InventoryRow kNic[] = {
 
 }  // namespace
 
-NicForm::Panel::Panel(Form& form) {
-  Binder bind(form, "network card");
-  bind(lblTitle, "lblTitle");
-  bind(Label1, "Label1");
-  bind(optNic, "optNic");
-  bind(cmdOK, "cmdOK");
-}
-
 NicForm::NicForm(FormHost& host, const Palette& palette, const Network& network)
     : host_(host), palette_(palette), network_(network), form_(u"frmNic"_s, kNic), panel_(form_) {
   title(*panel_.lblTitle, u"Multi NIC Card Setup"_s);
   panel_.Label1->caption = u"Click on one of the available IP's "_s;
   panel_.Label1->fontUnits = 30;
   panel_.cmdOK->caption = u"OK"_s;
-  panel_.cmdOK->accent = true;
+  panel_.cmdOK->look.accent = true;
   form_.on(u"optNic", Event::Click, [this](Control& control, const Event&) {
     mark(*panel_.optNic[static_cast<size_t>(control.index)]);
   });

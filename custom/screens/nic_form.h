@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/form/form.h"
+#include "core/form/panel.h"
 #include "core/palette.h"
 #include "platform/network.h"
 
@@ -19,11 +20,12 @@ class NicForm {
 
  private:
   static constexpr size_t kOptions = 4;
-  struct Panel {
-    explicit Panel(Form& form);
-    Label *lblTitle, *Label1;
-    std::array<Check*, kOptions> optNic;
-    Button* cmdOK;
+  struct Panel : FormPanel {
+    using FormPanel::FormPanel;
+    Label* lblTitle = bind("lblTitle");
+    Label* Label1 = bind("Label1");
+    std::array<Check*, kOptions> optNic = bind("optNic");
+    Button* cmdOK = bind("cmdOK");
   };
 
   void Form_Load(const QString& stored);

@@ -1,7 +1,6 @@
 #include "custom/screens/setup_form.h"
 
 #include "core/dressing.h"
-#include "core/form/binder.h"
 
 namespace korvane {
 namespace {
@@ -40,25 +39,6 @@ constexpr const char* kAddDir[] = {
 
 }  // namespace
 
-SetupForm::Panel::Panel(Form& form) {
-  Binder bind(form, "setup");
-  bind(lblTitle, "lblTitle");
-  bind(lblPhoto, "lblPhoto");
-  bind(Label2, "Label2");
-  bind(lblStat, "lblStat");
-  bind(LstThemes, "LstThemes");
-  bind(cmdThemes, "cmdThemes");
-  bind(cmdErase, "cmdErase");
-  bind(cmdOK, "cmdOK");
-  bind(cmdAddDir, "cmdAddDir");
-  bind(cmdPlayLists, "cmdPlayLists");
-  bind(cmdButtons, "cmdButtons");
-  bind(cmdMoveControls, "cmdMoveControls");
-  bind(cmdOther, "cmdOther");
-  bind(cmdListener, "cmdListener");
-  bind(cmdFtp, "cmdFtp");
-}
-
 std::vector<Control*> SetupForm::Panel::doors() const {
   std::vector<Control*> all(cmdAddDir.begin(), cmdAddDir.end());
   for (Control* one : {cmdPlayLists, cmdButtons, cmdMoveControls, cmdListener, cmdFtp, cmdOther})
@@ -80,7 +60,7 @@ SetupForm::SetupForm(Uses uses) : uses_(uses), form_(u"frmSetup"_s, kSetup), pan
   panel_.cmdFtp->caption = u"FTP"_s;
   panel_.cmdErase->caption = u"Erase all settings"_s;
   panel_.cmdOK->caption = u"Exit"_s;
-  panel_.cmdOK->accent = true;
+  panel_.cmdOK->look.accent = true;
   panel_.LstThemes->columns = {{u"Theme"_s, 0, false, false}};
 
   for (Control* door : panel_.doors())

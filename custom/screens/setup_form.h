@@ -1,6 +1,7 @@
 // frmSetup: the entry of setup, with the themes, the directories and the maintenance.
 #pragma once
 
+#include "core/form/panel.h"
 #include "core/graphics.h"
 #include "core/palette.h"
 #include "core/screen_doors.h"
@@ -38,13 +39,23 @@ class SetupForm {
   bool reloadRequested = false;  // another theme: the main form is to be loaded again
 
  private:
-  struct Panel {
-    Label *lblTitle, *lblPhoto, *Label2, *lblStat;
-    Grid* LstThemes;
-    Button *cmdThemes, *cmdErase, *cmdOK;
-    std::array<Button*, 6> cmdAddDir;
-    Button *cmdPlayLists, *cmdButtons, *cmdMoveControls, *cmdOther, *cmdListener, *cmdFtp;
-    explicit Panel(Form& form);
+  struct Panel : FormPanel {
+    using FormPanel::FormPanel;
+    Label* lblTitle = bind("lblTitle");
+    Label* lblPhoto = bind("lblPhoto");
+    Label* Label2 = bind("Label2");
+    Label* lblStat = bind("lblStat");
+    Grid* LstThemes = bind("LstThemes");
+    Button* cmdThemes = bind("cmdThemes");
+    Button* cmdErase = bind("cmdErase");
+    Button* cmdOK = bind("cmdOK");
+    std::array<Button*, 6> cmdAddDir = bind("cmdAddDir");
+    Button* cmdPlayLists = bind("cmdPlayLists");
+    Button* cmdButtons = bind("cmdButtons");
+    Button* cmdMoveControls = bind("cmdMoveControls");
+    Button* cmdOther = bind("cmdOther");
+    Button* cmdListener = bind("cmdListener");
+    Button* cmdFtp = bind("cmdFtp");
     std::vector<Control*> doors() const;
   };
 

@@ -1,7 +1,6 @@
 #include "custom/screens/setup_general_form.h"
 
 #include "core/dressing.h"
-#include "core/form/binder.h"
 
 namespace korvane {
 namespace {
@@ -84,23 +83,6 @@ int gridNumber(const QString& text, const SettingKey& key, int unusable) {
   return number < key.low || number > key.high ? kOutside : static_cast<int>(std::lround(number));
 }
 
-SetupGeneralForm::Panel::Panel(Form& form) {
-  Binder bind(form, "general options");
-  bind(lblTitle, "lblTitle");
-  bind(lblPw, "lblPw");
-  bind(lblFont, "lblFont");
-  bind(lblHeight, "lblHeight");
-  bind(lblPage, "lblPage");
-  bind(txtsetuppw, "txtsetuppw");
-  bind(txtGridFontSize, "txtGridFontSize");
-  bind(txtGridHeight, "txtGridHeight");
-  bind(txtMainPage, "txtMainPage");
-  bind(cmdSetuppw, "cmdSetuppw");
-  bind(cmdKeyboardLayout, "cmdKeyboardLayout");
-  bind(cmdOK, "cmdOK");
-  bind(chkGeneral, "chkGeneral");
-}
-
 SetupGeneralForm::SetupGeneralForm(Uses uses)
     : uses_(uses), form_(u"frmSetupGeneral"_s, inventory()), panel_(form_) {
   title(*panel_.lblTitle, u"General Options"_s);
@@ -110,7 +92,7 @@ SetupGeneralForm::SetupGeneralForm(Uses uses)
   panel_.lblPage->caption = u"Main page, WB or CB"_s;
   panel_.cmdSetuppw->caption = u"Setup Password"_s;
   panel_.cmdOK->caption = u"OK"_s;
-  panel_.cmdOK->accent = true;
+  panel_.cmdOK->look.accent = true;
   for (size_t i = 0; i < kBoxes; ++i)
     panel_.chkGeneral[i]->caption = QString::fromLatin1(kOptions[i].caption);
 

@@ -1,6 +1,7 @@
 // frmSetupGeneral: "General Options", a sub-page of frmGuiSetup, which loads and saves it.
 #pragma once
 
+#include "core/form/panel.h"
 #include "core/prompt.h"
 #include "core/settings.h"
 #include "custom/screens/setup_parts.h"
@@ -27,12 +28,21 @@ class SetupGeneralForm {
   Form& form() { return form_; }
 
  private:
-  struct Panel {
-    Label *lblTitle, *lblPw, *lblFont, *lblHeight, *lblPage;
-    TextBox *txtsetuppw, *txtGridFontSize, *txtGridHeight, *txtMainPage;
-    Button *cmdSetuppw, *cmdKeyboardLayout, *cmdOK;
-    std::array<Check*, 14> chkGeneral;
-    explicit Panel(Form& form);
+  struct Panel : FormPanel {
+    using FormPanel::FormPanel;
+    Label* lblTitle = bind("lblTitle");
+    Label* lblPw = bind("lblPw");
+    Label* lblFont = bind("lblFont");
+    Label* lblHeight = bind("lblHeight");
+    Label* lblPage = bind("lblPage");
+    TextBox* txtsetuppw = bind("txtsetuppw");
+    TextBox* txtGridFontSize = bind("txtGridFontSize");
+    TextBox* txtGridHeight = bind("txtGridHeight");
+    TextBox* txtMainPage = bind("txtMainPage");
+    Button* cmdSetuppw = bind("cmdSetuppw");
+    Button* cmdKeyboardLayout = bind("cmdKeyboardLayout");
+    Button* cmdOK = bind("cmdOK");
+    std::array<Check*, 14> chkGeneral = bind("chkGeneral");
   };
 
   void askInto(TextBox& box, const QString& prompt);

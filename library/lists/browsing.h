@@ -3,6 +3,7 @@
 #pragma once
 
 #include "core/form/form.h"
+#include "core/form/panel.h"
 #include "core/log.h"
 #include "core/main_form.h"
 #include "core/palette.h"
@@ -37,17 +38,17 @@ class ListEditor {
   virtual bool searching() const = 0;
 };
 
-struct BrowsingPanel {
-  explicit BrowsingPanel(Form& form);
-  std::array<Grid*, 11> grid;
-  std::array<Image*, 7> cmdTop;
-  std::array<Image*, 4> cmdOneSong;
-  std::array<Image*, 8> cmdControls;
-  std::array<Image*, 2> optMode;
-  Slider* VscrollAllSongs;
-  Label* lblCurrentPlayList;
-  Timer* KeyboardTimer;
-  Timer* RepeatTimer;
+struct BrowsingPanel : FormPanel {
+  using FormPanel::FormPanel;
+  std::array<Grid*, 11> grid = bind("Grid");
+  std::array<Image*, 7> cmdTop = bind("cmdTop");
+  std::array<Image*, 4> cmdOneSong = bind("cmdOneSong");
+  std::array<Image*, 8> cmdControls = bind("cmdControls");
+  std::array<Image*, 2> optMode = bind("optMode");
+  Slider* VscrollAllSongs = bind("VscrollAllSongs");
+  Label* lblCurrentPlayList = bind("lblCurrentPlayList");
+  Timer* KeyboardTimer = bind("KeyboardTimer");
+  Timer* RepeatTimer = bind("RepeatTimer");
 };
 
 class Browsing {

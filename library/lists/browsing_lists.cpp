@@ -1,5 +1,4 @@
 // What each music list shows.
-#include "core/form/binder.h"
 #include "library/lists/browsing.h"
 
 namespace korvane {
@@ -39,19 +38,6 @@ Columns columnsOf(int grid) {
 }
 
 }  // namespace
-
-BrowsingPanel::BrowsingPanel(Form& form) {
-  Binder bind(form, "browsing");
-  bind(grid, "Grid");
-  bind(cmdTop, "cmdTop");
-  bind(cmdOneSong, "cmdOneSong");
-  bind(cmdControls, "cmdControls");
-  bind(optMode, "optMode");
-  bind(VscrollAllSongs, "VscrollAllSongs");
-  bind(lblCurrentPlayList, "lblCurrentPlayList");
-  bind(KeyboardTimer, "KeyboardTimer");
-  bind(RepeatTimer, "RepeatTimer");
-}
 
 void Browsing::setUpGrids() {
   static constexpr const char* nothing[] = {

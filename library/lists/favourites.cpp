@@ -1,6 +1,6 @@
 #include "library/lists/favourites.h"
 
-#include "core/form/binder.h"
+#include "core/form/panel.h"
 #include "library/lists/m3u_reader.h"
 
 namespace korvane {
@@ -11,17 +11,15 @@ constexpr int kBatch = 16;        // lines of one transaction
 
 }  // namespace
 
-Favourites::Favourites(Form& form, Uses uses) : uses_(uses) {
-  Binder bind(form, "favourites");
-  bind(cmdFavoriateAdd_, "cmdFavoriateAdd");
-}
+Favourites::Favourites(Form& form, Uses uses)
+    : uses_(uses), cmdFavoriateAdd_(controlOf<Image>(form, u"cmdFavoriateAdd")) {}
 
 void Favourites::cmdFavoriateAdd_Click() {
   if (uses_.screen.busy()) return;
   const Busy busy(uses_.screen, Screen::Custom);
   const std::optional<PlaySong> song = uses_.browsing.selectedSong();
   if (!song) return;
-  cmdFavoriateAdd_->setPicture(u"music"_s, u"AddFavb"_s);
+  cmdFavoriateAdd_.setPicture(u"music"_s, u"AddFavb"_s);
   uses_.pump.doEvents();
   int marked = 0;
   try {
@@ -35,7 +33,7 @@ void Favourites::cmdFavoriateAdd_Click() {
     uses_.messages.say(QString::fromUtf8(failure.what()));
     marked = -1;
   }
-  cmdFavoriateAdd_->setPicture(u"music"_s, u"AddFav"_s);
+  cmdFavoriateAdd_.setPicture(u"music"_s, u"AddFav"_s);
   if (marked == 0)
     uses_.messages.say(u"Only a song of the library can be a favourite. Scan it in first."_s);
 }

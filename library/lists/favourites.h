@@ -34,7 +34,7 @@ class Favourites {
   QString file() const;  // nothing, with a message, when the directory is missing
 
   Uses uses_;
-  Image* cmdFavoriateAdd_ = nullptr;
+  Image& cmdFavoriateAdd_;
 };
 
 }  // namespace korvane

@@ -1,7 +1,5 @@
 #include "library/lists/playlist_editor.h"
 
-#include "core/form/binder.h"
-
 namespace korvane {
 namespace {
 
@@ -13,25 +11,6 @@ bool givesSongs(int grid) {
 }
 
 }  // namespace
-
-PlaylistEditor::Panel::Panel(Form& form) {
-  Binder bind(form, "playlist editor");
-  bind(grid, "Grid");
-  bind(gridPlayListSongs, "gridPlayListSongs");
-  bind(framSongEdit, "framSongEdit");
-  bind(playlistslider, "playlistslider");
-  bind(VscrollAllSongs, "VscrollAllSongs");
-  bind(cmdOneSong, "cmdOneSong");
-  bind(cmdTop, "cmdTop");
-  bind(cmdPlayListCommands, "cmdPlayListCommands");
-  bind(cmdPlayListChoices, "cmdPlayListChoices");
-  bind(optMode, "optMode");
-  bind(coverArt, "coverArt");
-  bind(lblMusicType, "lblMusicType");
-  bind(lblMusicPlay, "lblMusicPlay");
-  bind(cmdFavoriateAdd, "cmdFavoriateAdd");
-  bind(cmdPlayLists, "cmdPlayLists");
-}
 
 PlaylistEditor::PlaylistEditor(Form& form, Uses uses)
     : uses_(uses),

@@ -2,6 +2,7 @@
 // it, and the commands between them.
 #pragma once
 
+#include "core/form/panel.h"
 #include "library/lists/browsing.h"
 #include "library/lists/search_panel.h"
 
@@ -50,21 +51,23 @@ class PlaylistEditor : public ListEditor {
 
  private:
   enum Command { Delete, Up, Down, AddSong, AddAlbum };
-  struct Panel {
-    explicit Panel(Form& form);
-    std::array<Grid*, 11> grid;
-    Grid* gridPlayListSongs;
-    Frame* framSongEdit;
-    Slider *playlistslider, *VscrollAllSongs;
-    std::array<Image*, 4> cmdOneSong;
-    std::array<Image*, 7> cmdTop;
-    std::array<Image*, 5> cmdPlayListCommands;
-    std::array<Button*, 2> cmdPlayListChoices;
-    std::array<Image*, 2> optMode;
-    PictureArea* coverArt;
-    std::array<Image*, 2> lblMusicType, lblMusicPlay;
-    Image* cmdFavoriateAdd;
-    Image* cmdPlayLists;
+  struct Panel : FormPanel {
+    using FormPanel::FormPanel;
+    std::array<Grid*, 11> grid = bind("Grid");
+    Grid* gridPlayListSongs = bind("gridPlayListSongs");
+    Frame* framSongEdit = bind("framSongEdit");
+    Slider* playlistslider = bind("playlistslider");
+    Slider* VscrollAllSongs = bind("VscrollAllSongs");
+    std::array<Image*, 4> cmdOneSong = bind("cmdOneSong");
+    std::array<Image*, 7> cmdTop = bind("cmdTop");
+    std::array<Image*, 5> cmdPlayListCommands = bind("cmdPlayListCommands");
+    std::array<Button*, 2> cmdPlayListChoices = bind("cmdPlayListChoices");
+    std::array<Image*, 2> optMode = bind("optMode");
+    PictureArea* coverArt = bind("coverArt");
+    std::array<Image*, 2> lblMusicType = bind("lblMusicType");
+    std::array<Image*, 2> lblMusicPlay = bind("lblMusicPlay");
+    Image* cmdFavoriateAdd = bind("cmdFavoriateAdd");
+    Image* cmdPlayLists = bind("cmdPlayLists");
   };
 
   void open(const QString& name);

@@ -1,7 +1,5 @@
 #include "library/lists/search_panel.h"
 
-#include "core/form/binder.h"
-
 namespace korvane {
 namespace {
 
@@ -11,13 +9,6 @@ constexpr int kRowHeight = 30;  // above the keyboard, in the unit of GridHeight
 constexpr const char* kCaptions[] = {"Artists", "Albums", "Songs"};
 
 }  // namespace
-
-SearchPanel::Panel::Panel(Form& form) {
-  Binder bind(form, "search");
-  bind(txtSearch, "txtSearch");
-  bind(cmdSearchKind, "cmdSearchKind");
-  bind(gridSearch, "gridSearch");
-}
 
 SearchPanel::SearchPanel(Form& form, Uses uses, Add add)
     : form_(form),

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/form/form.h"
+#include "core/form/panel.h"
 #include "core/prompt.h"
 #include "core/screen.h"
 #include "library/data/song_search.h"
@@ -37,11 +38,11 @@ class SearchPanel {
   int keyboardShown(int keyboardTop);
 
  private:
-  struct Panel {
-    explicit Panel(Form& form);
-    TextBox* txtSearch;
-    std::array<Button*, 3> cmdSearchKind;
-    Grid* gridSearch;
+  struct Panel : FormPanel {
+    using FormPanel::FormPanel;
+    TextBox* txtSearch = bind("txtSearch");
+    std::array<Button*, 3> cmdSearchKind = bind("cmdSearchKind");
+    Grid* gridSearch = bind("gridSearch");
   };
   void choose(int kind);
   void find();

@@ -1,7 +1,6 @@
 #include "library/screens/directorys_form.h"
 
 #include "core/dressing.h"
-#include "core/form/binder.h"
 #include "library/screens/directory_lists.h"
 
 namespace korvane {
@@ -48,31 +47,13 @@ std::vector<RowTable::Row> rowsOf(const QStringList& names) {
 
 }  // namespace
 
-DirectorysForm::Panel::Panel(Form& form) {
-  Binder bind(form, "directories");
-  bind(lblTitle, "lblTitle");
-  bind(lblPath, "lblPath");
-  bind(lblfiles, "lblfiles");
-  bind(lblListener, "lblListener");
-  bind(txtStatus, "txtStatus");
-  bind(lblRate, "lblRate");
-  bind(Drive1, "Drive1");
-  bind(Dir1, "Dir1");
-  bind(File1, "File1");
-  bind(customSelect, "customSelect");
-  bind(frameCustomButton, "frameCustomButton");
-  bind(txtListenerDrive, "txtListenerDrive");
-  bind(cmdok, "cmdok");
-  bind(cmdCancel, "cmdCancel");
-}
-
 DirectorysForm::DirectorysForm(Uses uses)
     : uses_(uses), form_(u"frmDirectorys"_s, kDirectorys), panel_(form_) {
   panel_.lblTitle->fontUnits = 36;
   panel_.lblTitle->bold = true;
   panel_.lblListener->caption = u"Listener Drive Letter"_s;
   panel_.cmdok->caption = u"OK"_s;
-  panel_.cmdok->accent = true;
+  panel_.cmdok->look.accent = true;
   panel_.Drive1->columns = {{u"Volume"_s}};
   panel_.Dir1->columns = {{u"Folder"_s}};
   panel_.File1->columns = {{u"File"_s}};

@@ -1,6 +1,7 @@
 // frmDirectorys: the directory chooser and the scanner in one form.
 #pragma once
 
+#include "core/form/panel.h"
 #include "core/palette.h"
 #include "core/prompt.h"
 #include "core/screen.h"
@@ -50,13 +51,22 @@ class DirectorysForm : private ImportWatch {
   Form& form() { return form_; }
 
  private:
-  struct Panel {
-    Label *lblTitle, *lblPath, *lblfiles, *lblListener, *txtStatus, *lblRate;
-    Grid *Drive1, *Dir1, *File1, *customSelect;
-    Frame* frameCustomButton;
-    TextBox* txtListenerDrive;
-    Button *cmdok, *cmdCancel;
-    explicit Panel(Form& form);
+  struct Panel : FormPanel {
+    using FormPanel::FormPanel;
+    Label* lblTitle = bind("lblTitle");
+    Label* lblPath = bind("lblPath");
+    Label* lblfiles = bind("lblfiles");
+    Label* lblListener = bind("lblListener");
+    Label* txtStatus = bind("txtStatus");
+    Label* lblRate = bind("lblRate");
+    Grid* Drive1 = bind("Drive1");
+    Grid* Dir1 = bind("Dir1");
+    Grid* File1 = bind("File1");
+    Grid* customSelect = bind("customSelect");
+    Frame* frameCustomButton = bind("frameCustomButton");
+    TextBox* txtListenerDrive = bind("txtListenerDrive");
+    Button* cmdok = bind("cmdok");
+    Button* cmdCancel = bind("cmdCancel");
   };
 
   void Form_Load();

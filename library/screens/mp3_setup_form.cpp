@@ -1,7 +1,6 @@
 #include "library/screens/mp3_setup_form.h"
 
 #include "core/dressing.h"
-#include "core/form/binder.h"
 
 namespace korvane {
 namespace {
@@ -26,15 +25,6 @@ constexpr const char* kCaptions[] = {"Delete", "Copy Directories", "Scan Existin
 
 }  // namespace
 
-Mp3SetupForm::Panel::Panel(Form& form) {
-  Binder bind(form, "digital music setup");
-  bind(lblTitle, "lblTitle");
-  bind(cmdMp3, "cmdMp3");
-  bind(optScan, "optScan");
-  bind(cmdaddfile, "cmdaddfile");
-  bind(cmdOK, "cmdOK");
-}
-
 Mp3SetupForm::Mp3SetupForm(Uses uses)
     : uses_(uses), form_(u"frmMp3Setup"_s, kMp3Setup, {0, 0, 860, 588}), panel_(form_) {
   title(*panel_.lblTitle, u"Digital Music Setup"_s);
@@ -44,7 +34,7 @@ Mp3SetupForm::Mp3SetupForm(Uses uses)
     panel_.cmdMp3[i]->caption = QString::fromLatin1(kCaptions[i]);
   panel_.cmdaddfile->caption = u"Add One File"_s;
   panel_.cmdOK->caption = u"Exit"_s;
-  panel_.cmdOK->accent = true;
+  panel_.cmdOK->look.accent = true;
 
   form_.on(u"cmdMp3", Event::Click,
            [this](Control& command, const Event&) { cmdMp3_Click(command.index); });

@@ -1,6 +1,7 @@
 // frmMp3Setup: "Digital Music Setup", the entry to all that fills the library.
 #pragma once
 
+#include "core/form/panel.h"
 #include "core/screen_doors.h"
 #include "library/screens/single_song_form.h"
 
@@ -28,12 +29,13 @@ class Mp3SetupForm {
   Form& form() { return form_; }
 
  private:
-  struct Panel {
-    Label* lblTitle;
-    std::array<Button*, 4> cmdMp3;
-    std::array<Check*, 2> optScan;
-    Button *cmdaddfile, *cmdOK;
-    explicit Panel(Form& form);
+  struct Panel : FormPanel {
+    using FormPanel::FormPanel;
+    Label* lblTitle = bind("lblTitle");
+    std::array<Button*, 4> cmdMp3 = bind("cmdMp3");
+    std::array<Check*, 2> optScan = bind("optScan");
+    Button* cmdaddfile = bind("cmdaddfile");
+    Button* cmdOK = bind("cmdOK");
   };
   enum Command { Delete, CopyDirectories, Scan, AddMisc };
 

@@ -1,7 +1,6 @@
 #include "library/screens/play_list_form.h"
 
 #include "core/dressing.h"
-#include "core/form/binder.h"
 
 namespace korvane {
 namespace {
@@ -24,14 +23,6 @@ constexpr const char* kPictures[] = {"pluseplaylist", "pldone", "plrename",
                                      "pldelete",      "pledit", "plcreate"};
 
 }  // namespace
-
-PlayListForm::Panel::Panel(Form& form) {
-  Binder bind(form, "playlists");
-  bind(lblTitle, "lblTitle");
-  bind(gridPlayList, "gridPlayList");
-  bind(VscrollAllSongs, "VscrollAllSongs");
-  bind(cmdPlayListChoices, "cmdPlayListChoices");
-}
 
 PlayListForm::PlayListForm(Uses uses)
     : uses_(uses), form_(u"frmPlayList"_s, kPlayList), panel_(form_) {

@@ -1,6 +1,7 @@
 // frmPlayList: the playlists as a dialog, to use, rename, delete, change or make one.
 #pragma once
 
+#include "core/form/panel.h"
 #include "core/log.h"
 #include "core/palette.h"
 #include "core/prompt.h"
@@ -39,12 +40,12 @@ class PlayListForm {
 
  private:
   enum Choice { Use, Done, Rename, Delete, Edit, Create };
-  struct Panel {
-    explicit Panel(Form& form);
-    Label* lblTitle;
-    Grid* gridPlayList;
-    Slider* VscrollAllSongs;
-    std::array<Image*, 6> cmdPlayListChoices;
+  struct Panel : FormPanel {
+    using FormPanel::FormPanel;
+    Label* lblTitle = bind("lblTitle");
+    Grid* gridPlayList = bind("gridPlayList");
+    Slider* VscrollAllSongs = bind("VscrollAllSongs");
+    std::array<Image*, 6> cmdPlayListChoices = bind("cmdPlayListChoices");
   };
   void cmdPlayListChoices_Click(int index);
   void choose(int index);

@@ -3,7 +3,6 @@
 #include <QLocale>
 
 #include "core/dressing.h"
-#include "core/form/binder.h"
 #include "library/screens/directory_lists.h"
 
 namespace korvane {
@@ -33,22 +32,6 @@ QString grouped(qint64 number) {
 
 }  // namespace
 
-SingleSongForm::Panel::Panel(Form& form) {
-  Binder bind(form, "single songs");
-  bind(lblTitle, "lblTitle");
-  bind(lblSource, "lblSource");
-  bind(lblDestination, "lblDestination");
-  bind(lblArtist, "lblArtist");
-  bind(lblAlbum, "lblAlbum");
-  bind(txtStatus, "txtStatus");
-  bind(txtArtist, "txtArtist");
-  bind(txtAlbum, "txtAlbum");
-  bind(cmdSource, "cmdSource");
-  bind(cmdDestination, "cmdDestination");
-  bind(cmdCopy, "cmdCopy");
-  bind(cmdCancel, "cmdCancel");
-}
-
 SingleSongForm::SingleSongForm(Uses uses)
     : uses_(uses), form_(u"frmSingleSong"_s, kSingleSong), panel_(form_) {
   title(*panel_.lblTitle, u"Add Misc Songs"_s);
@@ -57,7 +40,7 @@ SingleSongForm::SingleSongForm(Uses uses)
   panel_.lblArtist->caption = u"Artist"_s;
   panel_.lblAlbum->caption = u"Album"_s;
   panel_.cmdCopy->caption = u"Copy and add"_s;
-  panel_.cmdCopy->accent = true;
+  panel_.cmdCopy->look.accent = true;
   panel_.txtStatus->wraps = true;
 
   const auto onClick = [this](const char* control, auto handler) {

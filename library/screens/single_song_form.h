@@ -1,6 +1,7 @@
 // frmSingleSong: copies the songs of a folder into the music tree and enters them.
 #pragma once
 
+#include "core/form/panel.h"
 #include "library/screens/directorys_form.h"
 
 namespace korvane {
@@ -25,11 +26,20 @@ class SingleSongForm {
   Form& form() { return form_; }
 
  private:
-  struct Panel {
-    Label *lblTitle, *lblSource, *lblDestination, *lblArtist, *lblAlbum, *txtStatus;
-    TextBox *txtArtist, *txtAlbum;
-    Button *cmdSource, *cmdDestination, *cmdCopy, *cmdCancel;
-    explicit Panel(Form& form);
+  struct Panel : FormPanel {
+    using FormPanel::FormPanel;
+    Label* lblTitle = bind("lblTitle");
+    Label* lblSource = bind("lblSource");
+    Label* lblDestination = bind("lblDestination");
+    Label* lblArtist = bind("lblArtist");
+    Label* lblAlbum = bind("lblAlbum");
+    Label* txtStatus = bind("txtStatus");
+    TextBox* txtArtist = bind("txtArtist");
+    TextBox* txtAlbum = bind("txtAlbum");
+    Button* cmdSource = bind("cmdSource");
+    Button* cmdDestination = bind("cmdDestination");
+    Button* cmdCopy = bind("cmdCopy");
+    Button* cmdCancel = bind("cmdCancel");
   };
 
   void askInto(TextBox& box, const QString& prompt);

@@ -1,7 +1,6 @@
 #include "listener/screens/listeners_form.h"
 
 #include "core/dressing.h"
-#include "core/form/binder.h"
 
 namespace korvane {
 namespace {
@@ -29,17 +28,6 @@ constexpr InventoryRow kRows[] = {
 
 }  // namespace
 
-ListenersForm::Panel::Panel(Form& form) {
-  Binder bind(form, "listeners");
-  bind(Label1, "Label1");
-  bind(lblthisIP, "lblthisIP");
-  bind(lblIP, "lblIP");
-  bind(Shape, "Shape");
-  bind(lblState, "lblState");
-  bind(cmdDone, "cmdDone");
-  bind(Timer1, "Timer1");
-}
-
 ListenersForm::ListenersForm(Uses uses)
     : uses_(uses), form_(u"frmListeners"_s, kRows), panel_(form_) {
   title(*panel_.Label1, u"IP Ping of Listeners "_s);
@@ -51,7 +39,7 @@ ListenersForm::ListenersForm(Uses uses)
   }
   panel_.lblthisIP->fontUnits = 30;
   panel_.cmdDone->caption = u"Done"_s;
-  panel_.cmdDone->accent = true;
+  panel_.cmdDone->look.accent = true;
   panel_.Timer1->interval = kPauseMs;
   panel_.Timer1->enabled = false;
   form_.on(u"Timer1", Event::Tick, [this](auto&, auto&) { Timer1_Timer(); });

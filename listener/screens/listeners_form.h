@@ -3,6 +3,7 @@
 
 #include "core/app_state.h"
 #include "core/form/form.h"
+#include "core/form/panel.h"
 #include "core/palette.h"
 #include "platform/network.h"
 #include "platform/winsock.h"
@@ -26,12 +27,15 @@ class ListenersForm {
 
  private:
   static constexpr size_t kListeners = 3;
-  struct Panel {
-    explicit Panel(Form& form);
-    Label *Label1, *lblthisIP;
-    std::array<Label*, kListeners> lblIP, Shape, lblState;
-    Button* cmdDone;
-    Timer* Timer1;
+  struct Panel : FormPanel {
+    using FormPanel::FormPanel;
+    Label* Label1 = bind("Label1");
+    Label* lblthisIP = bind("lblthisIP");
+    std::array<Label*, kListeners> lblIP = bind("lblIP");
+    std::array<Label*, kListeners> Shape = bind("Shape");
+    std::array<Label*, kListeners> lblState = bind("lblState");
+    Button* cmdDone = bind("cmdDone");
+    Timer* Timer1 = bind("Timer1");
   };
 
   void Form_Load();

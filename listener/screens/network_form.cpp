@@ -1,7 +1,6 @@
 #include "listener/screens/network_form.h"
 
 #include "core/dressing.h"
-#include "core/form/binder.h"
 
 namespace korvane {
 namespace {
@@ -24,16 +23,6 @@ QString mark(bool on) {
 
 }  // namespace
 
-NetworkForm::Panel::Panel(Form& form) {
-  Binder bind(form, "network");
-  bind(lblTitle, "lblTitle");
-  bind(grid, "Grid");
-  bind(VscrollAllSongs, "VscrollAllSongs");
-  bind(cmdAble, "cmdAble");
-  bind(cmdExpand, "cmdExpand");
-  bind(cmdDone, "cmdDone");
-}
-
 NetworkForm::NetworkForm(Uses uses) : uses_(uses), form_(u"frmNetwork"_s, kNetwork), panel_(form_) {
   title(*panel_.lblTitle, u"Network"_s);
   panel_.VscrollAllSongs->vertical = true;
@@ -43,7 +32,7 @@ NetworkForm::NetworkForm(Uses uses) : uses_(uses), form_(u"frmNetwork"_s, kNetwo
   panel_.cmdAble[1]->caption = u"Disable"_s;
   panel_.cmdAble[1]->toolTip = u"Disable highlighted Listener"_s;
   panel_.cmdDone->caption = u"Done"_s;
-  panel_.cmdDone->accent = true;
+  panel_.cmdDone->look.accent = true;
   form_.on(u"cmdAble", Event::Click,
            [this](Control& control, const Event&) { cmdAble_Click(control.index); });
   form_.on(u"cmdExpand", Event::Click, [this](auto&, auto&) { cmdExpand_Click(); });

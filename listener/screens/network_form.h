@@ -1,6 +1,7 @@
 // frmNetwork: the services of the cabin's network, and which of each type this console uses.
 #pragma once
 
+#include "core/form/panel.h"
 #include "core/palette.h"
 #include "core/prompt.h"
 #include "listener/listener_list.h"
@@ -27,13 +28,14 @@ class NetworkForm {
 
  private:
   enum Column { Description = 1, Type, Ip, Port, On };
-  struct Panel {
-    explicit Panel(Form& form);
-    Label* lblTitle;
-    Grid* grid;
-    Slider* VscrollAllSongs;
-    std::array<Button*, 2> cmdAble;
-    Button *cmdExpand, *cmdDone;
+  struct Panel : FormPanel {
+    using FormPanel::FormPanel;
+    Label* lblTitle = bind("lblTitle");
+    Grid* grid = bind("Grid");
+    Slider* VscrollAllSongs = bind("VscrollAllSongs");
+    std::array<Button*, 2> cmdAble = bind("cmdAble");
+    Button* cmdExpand = bind("cmdExpand");
+    Button* cmdDone = bind("cmdDone");
   };
   struct Choice {
     QString *ip, *port, *name;

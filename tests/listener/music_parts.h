@@ -12,7 +12,8 @@ namespace korvane {
 
 // The transport above, which only keeps what it hears.
 struct HeardNews : TransportNews {
-  void pressTransport(int index) override { heard << u"press %1"_s.arg(index); }
+  void playerPaused() override { heard << u"paused"_s; }
+  void playerStopped() override { heard << u"stopped"_s; }
   void endOfStream() override { heard << u"end"_s; }
   void songFailed(int inARow) override {
     heard << u"failed %1"_s.arg(inARow);

@@ -51,7 +51,7 @@ void ButtonWidget::paintEvent(QPaintEvent*) {
   const Colours& colours = button_.colours();
   const bool lit = looksPressed() && colours.selected;
   const QColor standard =
-      button_.accent ? style::kAccent : style::mixed(style::kCard, Qt::white, 0.06);
+      button_.look.accent ? style::kAccent : style::mixed(style::kCard, Qt::white, 0.06);
   const QColor body = style::colour(lit ? colours.selected : colours.back, standard);
   QPainter painter(this);
   if (!isEnabled()) painter.setOpacity(0.38);
