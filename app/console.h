@@ -28,7 +28,7 @@ class Console {
   PlaybackSide playback{desk, library, listener};
   MoviesSide movies{desk};
   CustomSide custom{desk, library, listener, playback};
-  ControlSide control{desk, listener, playback};
+  ControlSide control{desk, listener};
 };
 
 }  // namespace korvane

@@ -91,7 +91,7 @@ class Links {
   bool start() {
     if (!console.SubMain()) return false;
     console.desk.tabs.imgTabs_Click(kMusicTab);
-    console.library.browsing.showGrid(5);
+    console.library.browsing.showGrid(MusicList::AllSongs);
     console.desk.state.gLocalListener = false;
     console.desk.state.gMusicListenerIP = u"127.0.0.1"_s;
     console.desk.state.gMusicListenerPort = QString::number(peer.port);

@@ -50,7 +50,7 @@ int benchPage(const QStringList& arguments) {
   json.add("tab_paint_ms", paintMs);
 
   console.desk.tabs.imgTabs_Click(kMusicTab);
-  console.library.browsing.showGrid(grid);
+  console.library.browsing.showGrid(static_cast<MusicList>(grid));
   auto& list = dynamic_cast<Grid&>(*console.desk.frmMain.find(u"Grid", grid));
   auto& slider = dynamic_cast<Slider&>(*console.desk.frmMain.find(u"VscrollAllSongs"));
   json.add("rows", list.maxRows()).add("first_screen_ms", milliseconds(paint));
@@ -58,8 +58,8 @@ int benchPage(const QStringList& arguments) {
   for (int frame = 1; frame <= kFrames; ++frame) {
     const double took = milliseconds([&] {
       slider.value = 1 + static_cast<int>(qint64{list.maxRows() - 1} * frame / kFrames);
-      console.library.browsing.VscrollAllSongs_Scroll();
-      console.library.browsing.VscrollAllSongs_Change();
+      console.desk.paging.VscrollAllSongs_Scroll();
+      console.desk.paging.VscrollAllSongs_Change();
       paint();
     });
     longest = std::max(longest, took);

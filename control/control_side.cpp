@@ -2,10 +2,10 @@
 
 namespace korvane {
 
-ControlSide::ControlSide(Desk& desk, ListenerSide& listener, PlaybackSide& playback)
+ControlSide::ControlSide(Desk& desk, ListenerSide& listener)
     : x10Control(desk.system.makeWinsock()),
-      mapsTab(desk.parts, playback.musicTab),
-      moreTab(desk.parts, desk.system, desk.palette, *x10Control, playback.musicTab) {
+      mapsTab(desk.parts),
+      moreTab(desk.parts, desk.system, desk.palette, *x10Control) {
   desk.tabs.setTab(kMapsTab, mapsTab);
   desk.tabs.setTab(kMoreTab, moreTab);
   desk.addTabWord(kMapsTab, u"MAPS"_s, u"btnmaps"_s, u"open the Maps tab"_s);

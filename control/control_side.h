@@ -2,13 +2,13 @@
 #pragma once
 
 #include "control/control_tabs.h"
-#include "playback/playback_side.h"
+#include "listener/listener_side.h"
 
 namespace korvane {
 
 class ControlSide {
  public:
-  ControlSide(Desk& desk, ListenerSide& listener, PlaybackSide& playback);
+  ControlSide(Desk& desk, ListenerSide& listener);
 
   std::unique_ptr<Winsock> x10Control;
   MapsTab mapsTab;

@@ -10,9 +10,8 @@ constexpr int kCloseWait = 300;
 
 }  // namespace
 
-MapsTab::MapsTab(TabParts& parts, Tab& music)
+MapsTab::MapsTab(TabParts& parts)
     : parts_(parts),
-      music_(music),
       map_(parts.form, {"frameMap", "MappointControl"}),
       radio_(parts.form, {"AMSlider", "FMSlider", "Grid#9", "Grid#10"}) {}
 
@@ -45,13 +44,11 @@ void MapsTab::enter() {
   parts_.controls.hide();
 }
 
-MoreTab::MoreTab(TabParts& parts, System& system, const Palette& palette, Winsock& x10Control,
-                 Tab& music)
+MoreTab::MoreTab(TabParts& parts, System& system, const Palette& palette, Winsock& x10Control)
     : parts_(parts),
       system_(system),
       palette_(palette),
       x10Control_(x10Control),
-      music_(music),
       lights_(parts.form, {"framex10"}),
       links_(parts.form, {"lblConnectStat"}) {}
 

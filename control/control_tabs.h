@@ -11,23 +11,20 @@ namespace korvane {
 
 class MapsTab : public Tab {
  public:
-  MapsTab(TabParts& parts, Tab& music);
+  explicit MapsTab(TabParts& parts);
   void leave() override;
   void enter() override;
-  void pressTransport(int index) override { music_.pressTransport(index); }
 
  private:
   TabParts& parts_;
-  Tab& music_;
   ControlSet map_, radio_;
 };
 
 class MoreTab : public Tab {
  public:
-  MoreTab(TabParts& parts, System& system, const Palette& palette, Winsock& x10Control, Tab& music);
+  MoreTab(TabParts& parts, System& system, const Palette& palette, Winsock& x10Control);
   void leave() override;
   void enter() override;
-  void pressTransport(int index) override { music_.pressTransport(index); }
 
  private:
   void openLights();
@@ -37,7 +34,6 @@ class MoreTab : public Tab {
   System& system_;
   const Palette& palette_;
   Winsock& x10Control_;
-  Tab& music_;
   ControlSet lights_, links_;
 };
 

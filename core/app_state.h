@@ -42,7 +42,7 @@ struct AppState {
   bool playsDiscAudio() const { return gMusicType == MusicSource::Cd && !discHoldsFiles; }
   MovieType gMovieType = MovieType::Digital;
   PlayMode gPlayMode = PlayMode::Stopped;
-  QString gSongPlayingTitle;
+  QString gSongPlayingTitle;  // of what plays or is paused, here or at the Listener; else empty
   bool gCameraLinked = false;
   bool gAlwaysOnTopShown = false;
   bool gFavoritesLoaded = false;
@@ -56,7 +56,8 @@ struct AppState {
   bool loadingForm = false;
   bool moveControlsMode = false;
   int currentTab = 0;
-  int gridMode = 0;  // the Grid index on screen
+  MusicList gridMode = MusicList::Artists;  // on screen on the Music tab
+  bool sliderHeld = false;                  // a finger holds the thumb of Slider1
   bool jukeboxMode = false;
   bool playListEditing = false, playListChanged = false, playListIsNew = false;
   QString playListFile;

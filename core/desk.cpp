@@ -16,14 +16,31 @@ Desk::Desk(System& doors, const MakeHost& makeHost, QString home, std::function<
       dialogs{host, palette, messages},
       main(frmMain, state),
       tabs({frmMain, state, screen, messages, log}),
-      parts(main, state, settings),
+      paging(frmMain, tabs),
+      parts(main, paging, state, settings),
+      players({frmMain, state, settings, screen, tabs, system.pump}),
       startup({system, state, settings, graphics, palette, log, screen, main, tabs, host, frmSplash,
-               steps}),
+               steps, mixerOpened}),
       window({frmMain, state, host, messages, startup, system.tray, system.session},
              std::move(end)) {
   tabs.closeAlwaysOnTop = [this] { window.closeAlwaysOnTop(); };
+  raiseWall();
   connectWindow();
+  connectPaging();
+  connectPlayers();
   addWindowWords();
+}
+
+Desk::~Desk() {
+  Form::failed = nullptr;
+}
+
+// What a handler throws ends here: a line of the log and a box.
+void Desk::raiseWall() {
+  Form::failed = [this](const Form& form, const QString& handler, const QString& what) {
+    log.error(5, what, handler.toLatin1(), ("Form " + form.name.toLatin1()).constData());
+    messages.say(what);
+  };
 }
 
 void Desk::on(QStringView control, Event::Type type, std::function<void(int)> handler) {
@@ -64,6 +81,25 @@ void Desk::connectWindow() {
   on(u"cmdMinimize", Event::Click, [this](int) { window.cmdMinimize_Click(); });
   for (const char* way : {"imgExit", "cmdMinimize", "cmdSetup"})
     guard(frmMain, QString::fromLatin1(way), Event::Click);
+}
+
+void Desk::connectPaging() {
+  on(u"VscrollAllSongs", Event::Change, [this](int) { paging.VscrollAllSongs_Change(); });
+  on(u"VscrollAllSongs", Event::Scroll, [this](int) { paging.VscrollAllSongs_Scroll(); });
+  on(u"VscrollAllSongs", Event::Release, [this](int) { paging.VscrollAllSongs_Release(); });
+  on(u"cmdOneSong", Event::Press, [this](int i) {
+    if (i < 2) paging.cmdOneSong_Press(i);  // the others are the playlist editor's
+  });
+  on(u"cmdOneSong", Event::Release, [this](int) { paging.endRepeat(); });
+  on(u"RepeatTimer", Event::Tick, [this](int) { paging.RepeatTimer_Tick(); });
+}
+
+void Desk::connectPlayers() {
+  on(u"cmdControls", Event::Click,
+     [this](int i) { players.cmdControls_Click(static_cast<TransportButton>(i)); });
+  on(u"Slider1", Event::Press, [this](int) { players.Slider1_Press(); });
+  on(u"Slider1", Event::Scroll, [this](int) { players.Slider1_Scroll(); });
+  on(u"Slider1", Event::Release, [this](int) { players.Slider1_Release(); });
 }
 
 void Desk::addWindowWords() {

@@ -4,6 +4,8 @@
 
 #include "core/button_words.h"
 #include "core/dialog.h"
+#include "core/paging.h"
+#include "core/players.h"
 #include "core/screen_doors.h"
 #include "core/startup.h"
 #include "core/tab_parts.h"
@@ -16,6 +18,7 @@ class Desk {
   using MakeHost = std::function<std::unique_ptr<FormHost>(Graphics&)>;
   // `home` is the program directory; `makeHost` makes what shows forms; `end` ends the program.
   Desk(System& system, const MakeHost& makeHost, QString home, std::function<void()> end);
+  ~Desk();
 
   System& system;
   AppState state;
@@ -35,13 +38,16 @@ class Desk {
   const DialogUses dialogs;  // what every modal form is given
   MainForm main;
   TabController tabs;
+  Paging paging;
   TabParts parts;
+  Players players;
 
   // What the sides hand in, each before the start.
   Steps steps;                // what they do at the start, a reload and the stop
   ButtonWords words;          // what an owner's button may do
   ScreenDoors setupDoors;     // buttons of frmSetup that lead somewhere
   ScreenDoors advancedDoors;  // buttons of frmGuiSetup that do
+  std::function<void(bool opened)> mixerOpened = [](bool) {};  // of this console's own sound
   // A user has left what was on screen: what hangs above it goes.
   std::vector<std::function<void()>> onTabPress;
 
@@ -66,7 +72,10 @@ class Desk {
   void addTabWord(TabIndex tab, const QString& word, const QString& icon, const QString& meaning);
 
  private:
+  void raiseWall();
   void connectWindow();
+  void connectPaging();
+  void connectPlayers();
   void addWindowWords();
 };
 

@@ -59,6 +59,11 @@ void MainForm::positionControl(Control& control) const {
       control.rect = Rect{saved.Left, saved.Top, saved.Width, saved.Height};
 }
 
+void MainForm::showSteps() {
+  for (const TransportButton step : {TransportButton::Previous, TransportButton::Next})
+    panel_.cmdControls[at(step)]->visible = true;
+}
+
 void MainForm::showTransport(const QString& play, const QString& pause, const QString& stop) {
   panel_.cmdControls[1]->setPicture(u"Music"_s, play);
   panel_.cmdControls[2]->setPicture(u"Music"_s, pause);

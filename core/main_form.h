@@ -31,6 +31,7 @@ class MainForm {
     form_.picture = Picture{group, u"background"_s, nullptr};
   }
   void showPlayState(PlayMode mode);  // by the pictures of play, pause and stop
+  void showSteps();                   // the buttons previous and next
   void showTransport(const QString& play, const QString& pause, const QString& stop);
 
   Form& form() { return form_; }

@@ -60,8 +60,8 @@ bool Startup::SubMain() {
 
   uses_.host.show(uses_.main.form());
   Form_Load();
-  // The mixer alone governs the sound of this console.
-  if (state.gLocalListener) uses_.system.player.setVolume(0);
+  // The mixer alone governs the sound of this console, where there is one.
+  if (state.gLocalListener && !mixerMissing_) uses_.system.player.setVolume(0);
   status(u"Loading adds....."_s);
   if (state.gAddsOn) run(Step::Ads);
   uses_.host.fadeOut(uses_.splash, 1000);
@@ -141,18 +141,14 @@ void Startup::readNetworkSettings() {
 }
 
 void Startup::takeMixer(bool opened) {
-  if (!opened) {
-    const QString trouble = u"Couldn't open the mixer."_s;
-    if (uses_.settings.flag(key::QuietMixer))
-      uses_.log.logIt(trouble);
-    else
-      uses_.system.box.show(trouble);
-    return;
-  }
-  Mixer& mixer = uses_.system.mixer;
-  const Settings& settings = uses_.settings;
-  const int percent = std::min(settings.number(key::VolumeStart), settings.number(key::VolumeMax));
-  mixer.setLevel(mixer.maximum() * percent / 100);
+  mixerMissing_ = !opened;
+  uses_.mixerOpened(opened);
+  if (opened) return;
+  const QString trouble = u"Couldn't open the mixer."_s;
+  if (uses_.settings.flag(key::QuietMixer))
+    uses_.log.logIt(trouble);
+  else
+    uses_.system.box.show(trouble);
 }
 
 void Startup::closeit() {

@@ -29,6 +29,7 @@ class Startup {
     FormHost& host;
     Form& splash;
     const Steps& steps;
+    std::function<void(bool opened)>& mixerOpened;
   };
   explicit Startup(Uses uses);
 
@@ -41,10 +42,10 @@ class Startup {
 
  private:
   void status(const QString& text);
+  void takeMixer(bool opened);
   void run(Step step);  // a failure is logged and ends only the work that failed
   bool readSettings();  // false when another console runs here
   void readNetworkSettings();
-  void takeMixer(bool opened);
   void applyColours();
   void applyPictures();
   void chooseMovieType();
@@ -59,6 +60,7 @@ class Startup {
 
   Uses uses_;
   SplashPanel splash_;
+  bool mixerMissing_ = false;
 };
 
 std::span<const InventoryRow> splashInventory();  // frmSplash

@@ -3,13 +3,18 @@
 
 namespace korvane {
 
+class Grid;
+class Player;
+
 class Tab {
  public:
   virtual ~Tab() = default;
   virtual void leave() = 0;
   virtual void enter() = 0;
-  // A transport button pressed while this tab is open; index as in cmdControls.
-  virtual void pressTransport(int index) = 0;
+  virtual Player* player() {
+    return nullptr;
+  }                                         // that a press on the transport means; null for none
+  virtual Grid* list() { return nullptr; }  // that the paging moves; null for none
 };
 
 }  // namespace korvane

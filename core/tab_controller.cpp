@@ -24,6 +24,7 @@ void TabController::imgTabs_Click(int index) {
   uses_.log.guard("imgTabs_Click", "Form frmMain",
                   [&] { tabs_[static_cast<size_t>(index)]->enter(); });
   state.currentTab = index;
+  for (const auto& hear : entered) hear();
 }
 
 }  // namespace korvane

@@ -30,8 +30,10 @@ class TabController {
   void imgTabs_Click(int index);
 
   bool open(int index) const { return panel_.imgTabs[static_cast<size_t>(index)]->tagged(); }
-  Tab& openTab() { return *tabs_[static_cast<size_t>(uses_.state.currentTab)]; }
+  Tab& openTab() const { return *tabs_[static_cast<size_t>(uses_.state.currentTab)]; }
 
+  // Called when a tab has been entered, also the open one again.
+  std::vector<std::function<void()>> entered;
   // Closes the always-on-top strip; set by the console.
   std::function<void()> closeAlwaysOnTop = [] {};
 

@@ -2,8 +2,10 @@
 
 namespace korvane {
 
-TabParts::TabParts(MainForm& mainForm, AppState& sharedState, Settings& storedSettings)
+TabParts::TabParts(MainForm& mainForm, Paging& listPaging, AppState& sharedState,
+                   Settings& storedSettings)
     : main(mainForm),
+      paging(listPaging),
       state(sharedState),
       settings(storedSettings),
       form(mainForm.form()),
@@ -12,7 +14,6 @@ TabParts::TabParts(MainForm& mainForm, AppState& sharedState, Settings& storedSe
       volume(form, {"ScrollVolumeUp", "ScrollVolumeDN", "lblVolume", "scrollVolume"}),
       mute(form, {"mute"}),
       status(form, {"lblCurrentPlay", "Slider1", "TxtTime", "lblDuration"}),
-      listPaging(form, {"VscrollAllSongs", "cmdOneSong#0", "cmdOneSong#1"}),
       windowButtons(form, {"cmdSetup", "imgExit", "cmdMinimize"}) {}
 
 void TabParts::tabPicture(int tab, const QString& group, const QString& name) const {
@@ -31,20 +32,13 @@ void TabParts::hidePlaying() const {
   form.find(u"lblCurrentPlayList")->visible = false;
   top.hide();
   main.HideAllGrids();
-  listPaging.hide();
+  paging.hide();
 }
 
 void TabParts::showWindowButtons() const {
   form.find(u"cmdSetup")->visible = state.gShowSetup;
   form.find(u"imgExit")->visible = state.gShowExit;
   form.find(u"cmdMinimize")->visible = state.gShowMin;
-}
-
-void TabParts::page(int rows, int row) const {
-  auto* slider = dynamic_cast<Slider*>(form.find(u"VscrollAllSongs"));
-  slider->minimum = 1;
-  slider->maximum = std::max(rows, 1);
-  slider->value = std::clamp(row, 1, std::max(rows, 1));
 }
 
 }  // namespace korvane

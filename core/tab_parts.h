@@ -3,19 +3,21 @@
 #pragma once
 
 #include "core/main_form.h"
+#include "core/paging.h"
 #include "core/settings.h"
 
 namespace korvane {
 
 struct TabParts {
-  TabParts(MainForm& mainForm, AppState& sharedState, Settings& storedSettings);
+  TabParts(MainForm& mainForm, Paging& listPaging, AppState& sharedState, Settings& storedSettings);
 
   MainForm& main;
+  Paging& paging;
   AppState& state;
   Settings& settings;
   Form& form;
 
-  ControlSet controls, top, volume, mute, status, listPaging, windowButtons;
+  ControlSet controls, top, volume, mute, status, windowButtons;
 
   void tabPicture(int tab, const QString& group, const QString& name) const;
   // Volume and mute by their flags, as the tabs with sound show them.
@@ -23,8 +25,6 @@ struct TabParts {
   // The pages without lists or transport: volume and mute go if they were shown, all else goes.
   void hidePlaying() const;
   void showWindowButtons() const;  // each under its own flag
-  // The paging slider and its buttons for a list of that many rows at that row.
-  void page(int rows, int row) const;
 };
 
 }  // namespace korvane

@@ -14,7 +14,7 @@ CustomSide::CustomSide(Desk& d, LibrarySide& library, ListenerSide& listener,
               {d.graphics, d.palette, d.system.files, d.log, d.screen, d.system.programs, d.words}),
       buttonEditor(d.frmMain, {buttons, d.palette, d.messages}),
       homePanel(d.frmMain, {d.state, d.settings, d.palette, d.system.clock}),
-      mainTab(d.parts, d.tabs, playback.musicTab, buttons, homePanel),
+      mainTab(d.parts, d.tabs, buttons, homePanel),
       movedControls({d.main, d.graphics, d.system.files}),
       guestLock(d.frmMain, {d.state, d.settings, d.messages}),
       keyboardFiles({d.settings, d.system.files, d.log}),
@@ -54,13 +54,13 @@ void CustomSide::connectHome(PlaybackSide& playback) {
   for (const char* name : {"picHomeCover", "lblHomeTitle", "lblHomeArtist"})
     desk_.on(QString::fromLatin1(name), Event::Click, [this](int) { homePanel.showSong(); });
   Transport& transport = playback.transport;
-  homePanel.pressTransport = [&transport](int i) { transport.cmdControls_Click(i); };
-  homePanel.playPause = [&playback] { playback.quick.playPause(); };
+  homePanel.pressTransport = [this, &playback](TransportButton button) {
+    desk_.players.press(playback.musicTab.music(), button);
+  };
+  homePanel.playPause = [&playback] { playback.quick.playPause(playback.musicTab.music()); };
   homePanel.showSong = [&transport] { transport.lblCurrentPlay_DblClick(); };
   homePanel.artist = [this, &transport] {
-    const Transport::Running& started = transport.started();
-    return desk_.state.playsDiscAudio() ? QString()
-                                        : started.songs.value(started.record - 1).Artist;
+    return desk_.state.playsDiscAudio() ? QString() : transport.started().song().Artist;
   };
 }
 

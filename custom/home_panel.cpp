@@ -17,13 +17,6 @@ QString timeText(const QTime& time) {
 
 }  // namespace
 
-QString homeTitle(const QString& currentPlay) {
-  constexpr auto kLead = "Playing: "_L1;
-  if (currentPlay.startsWith(kLead)) return currentPlay.sliced(kLead.size());
-  const bool idle = currentPlay.endsWith("Idle"_L1) || currentPlay.endsWith("Stopped"_L1);
-  return idle ? QString() : currentPlay;
-}
-
 HomePanel::HomePanel(Form& form, Uses uses) : form_(form), uses_(uses), panel_(form) {
   const struct {
     Label* label;
@@ -100,7 +93,7 @@ void HomePanel::controlChanged(Control& control, Aspect) {
 }
 
 void HomePanel::showMusic() {
-  const QString title = homeTitle(panel_.lblCurrentPlay->caption());
+  const QString title = uses_.state.gSongPlayingTitle;
   const bool song = !title.isEmpty();
   panel_.lblHomeTitle->caption = song ? title : u"Nothing is playing"_s;
   panel_.lblHomeArtist->caption = song ? artist() : u"Press play to hear any of your songs"_s;
@@ -110,15 +103,15 @@ void HomePanel::showMusic() {
   const bool cover = song && panel_.coverArt->tag() == "TRUE"_L1;
   panel_.picHomeCover->picture =
       cover ? panel_.coverArt->picture() : Picture{u"root"_s, u"emptyart"_s, nullptr};
-  panel_.cmdHome[kPlayPause]->setPicture(u"music"_s, plays() ? u"pause"_s : u"play"_s);
+  panel_.cmdHome[kPlayPause]->setPicture(
+      u"music"_s, uses_.state.gMusicState == MusicState::Play ? u"pause"_s : u"play"_s);
   panel_.cmdHome[kPrevious]->enabled = song && !uses_.state.jukeboxMode;
   panel_.cmdHome[kNext]->enabled = song;
 }
 
 void HomePanel::cmdHome_Click(int index) {
-  enum { Previous = 0, Next = 4 };
   if (index == kPlayPause) return playPause();
-  pressTransport(index == kPrevious ? Previous : Next);
+  pressTransport(index == kPrevious ? TransportButton::Previous : TransportButton::Next);
 }
 
 }  // namespace korvane

@@ -21,10 +21,10 @@ class HomePanel : private FormObserver {
   HomePanel(Form& form, Uses uses);
   ~HomePanel() override;
 
-  // Set by the console: the artist of the song that plays, a press on the transport (index as in
-  // cmdControls), play or pause whatever there is, and the way to the song in its list.
+  // Set by the console: the artist of the song that plays, a press on the transport, play or pause
+  // whatever there is, and the way to the song in its list.
   std::function<QString()> artist = [] { return QString(); };
-  std::function<void(int)> pressTransport = [](int) {};
+  std::function<void(TransportButton)> pressTransport = [](TransportButton) {};
   std::function<void()> playPause = [] {};
   std::function<void()> showSong = [] {};
 
@@ -58,14 +58,10 @@ class HomePanel : private FormObserver {
   void formChanged(Form&, Aspect) override {}
   void dress();
   void showMusic();
-  bool plays() const { return panel_.cmdPlay->picture().name == "playb"_L1; }
 
   Form& form_;
   Uses uses_;
   Panel panel_;
 };
-
-// The caption of what plays without its lead, empty when nothing does.
-QString homeTitle(const QString& currentPlay);
 
 }  // namespace korvane

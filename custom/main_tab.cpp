@@ -2,11 +2,9 @@
 
 namespace korvane {
 
-MainTab::MainTab(TabParts& parts, TabController& tabs, Tab& music, CustomButtons& buttons,
-                 HomePanel& home)
+MainTab::MainTab(TabParts& parts, TabController& tabs, CustomButtons& buttons, HomePanel& home)
     : parts_(parts),
       tabs_(tabs),
-      music_(music),
       buttons_(buttons),
       home_(home),
       web_(parts.form, {"wb"}),
@@ -34,11 +32,6 @@ void MainTab::enter() {
   parts_.controls.hide();
   parts_.main.showPlayState(parts_.state.gPlayMode);  // another tab has shown its own player's
   showContent();
-}
-
-// Transport reports that arrive here concern the music.
-void MainTab::pressTransport(int index) {
-  music_.pressTransport(index);
 }
 
 void MainTab::showContent() {

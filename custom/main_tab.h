@@ -11,12 +11,10 @@ namespace korvane {
 
 class MainTab : public Tab {
  public:
-  MainTab(TabParts& parts, TabController& tabs, Tab& music, CustomButtons& buttons,
-          HomePanel& home);
+  MainTab(TabParts& parts, TabController& tabs, CustomButtons& buttons, HomePanel& home);
 
   void leave() override;
   void enter() override;
-  void pressTransport(int index) override;
 
   // The content of the tab by gMainPage: "WB" the web page, "CB" the owner's buttons.
   void domainpage();
@@ -26,7 +24,6 @@ class MainTab : public Tab {
 
   TabParts& parts_;
   TabController& tabs_;
-  Tab& music_;
   CustomButtons& buttons_;
   HomePanel& home_;
   ControlSet web_, camera_;

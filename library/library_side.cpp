@@ -6,10 +6,10 @@ LibrarySide::LibrarySide(Desk& d)
     : desk_(d),
       database(d.settings.home()),
       playlists({d.state, d.settings, d.system.files, d.system.pump, d.log, database}),
-      browsing(d.frmMain, {d.main, d.state, d.screen, d.messages, d.system.box, d.log, d.palette,
-                           database, playlists}),
-      editor(d.frmMain, {d.main, d.state, d.screen, d.messages, d.palette, d.system.pump, database,
-                         playlists, browsing}),
+      browsing(d.frmMain, {d.main, d.state, d.settings, d.screen, d.messages, d.system.box, d.log,
+                           d.palette, d.paging, database, playlists}),
+      editor(d.frmMain, {d.main, d.state, d.screen, d.messages, d.palette, d.system.pump, d.paging,
+                         database, playlists, browsing}),
       favourites(d.frmMain, {d.state, d.settings, d.system.files, d.system.pump, d.screen,
                              d.messages, database, playlists, browsing}),
       import(database, d.system.pump, d.settings, d.log),
@@ -35,27 +35,21 @@ void LibrarySide::addSteps() {
 
 void LibrarySide::connectLists() {
   Form& form = desk_.frmMain;
-  desk_.on(u"cmdTop", Event::Click, [this](int i) { browsing.cmdTop_Click(i); });
-  desk_.on(u"cmdOneSong", Event::Press, [this](int i) {
-    browsing.cmdOneSong_Press(i);
-    editor.cmdOneSong_Press(i);
-  });
-  desk_.on(u"cmdOneSong", Event::Release, [this](int) { browsing.cmdOneSong_Release(); });
-  desk_.on(u"RepeatTimer", Event::Tick, [this](int) { browsing.RepeatTimer_Tick(); });
+  desk_.on(u"cmdTop", Event::Click,
+           [this](int i) { browsing.cmdTop_Click(static_cast<PageCommand>(i)); });
+  desk_.on(u"cmdOneSong", Event::Press, [this](int i) { editor.cmdOneSong_Press(i); });
   desk_.on(u"KeyboardTimer", Event::Tick, [this](int) { browsing.KeyboardTimer_Tick(); });
-  desk_.on(u"VscrollAllSongs", Event::Change, [this](int) { browsing.VscrollAllSongs_Change(); });
-  desk_.on(u"VscrollAllSongs", Event::Scroll, [this](int) { browsing.VscrollAllSongs_Scroll(); });
-  desk_.on(u"VscrollAllSongs", Event::Release, [this](int) { browsing.VscrollAllSongs_Release(); });
-  form.on(u"Grid", Event::Click, [this](Control& grid, const Event& event) {
-    browsing.Grid_Click(grid.index, event.column, event.row);
+  const auto listOf = [](const Control& grid) { return static_cast<MusicList>(grid.index); };
+  form.on(u"Grid", Event::Click, [this, listOf](Control& grid, const Event& event) {
+    browsing.Grid_Click(listOf(grid), event.column, event.row);
   });
-  form.on(u"Grid", Event::DblClick, [this](Control& grid, const Event& event) {
+  form.on(u"Grid", Event::DblClick, [this, listOf](Control& grid, const Event& event) {
     // Where one tap plays, a tap that chooses a song for the list being edited must not.
     if (desk_.state.playListEditing && desk_.settings.flag(key::SinglePress)) return;
-    browsing.Grid_DblClick(grid.index, event.column, event.row);
+    browsing.Grid_DblClick(listOf(grid), event.column, event.row);
   });
-  form.on(u"Grid", Event::ButtonClicked, [this](Control& grid, const Event& event) {
-    browsing.Grid_ButtonClicked(grid.index, event.column, event.row);
+  form.on(u"Grid", Event::ButtonClicked, [this, listOf](Control& grid, const Event& event) {
+    browsing.Grid_ButtonClicked(listOf(grid), event.column, event.row);
   });
   desk_.guard(form, u"Grid", Event::ButtonClicked);
   form.on(Event::KeyDown,
@@ -115,17 +109,17 @@ void LibrarySide::songsChanged() {
   };
   desk_.state.gFavoritesLoaded = false;
   database.refreshLists(desk_.system.pump, fill);
+  browsing.resetPlayListView();  // an album or a playlist that stands open may have changed
 }
 
 void LibrarySide::erase() {
   database.erase();
   songsChanged();
-  browsing.resetPlayListView();
 }
 
 void LibrarySide::usePlayList(const QString& name, const QString& path) {
   desk_.openTab(kMusicTab);
-  browsing.cmdTop_Click(static_cast<int>(PageCommand::Playlists));
+  browsing.cmdTop_Click(PageCommand::Playlists);
   browsing.openPlaylist(name, path);
 }
 

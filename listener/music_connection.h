@@ -61,7 +61,6 @@ class MusicConnection : private Winsock::Events, private LocalReplies {
 
   std::function<void()> volumeTold;  // a VOLUME report has come
 
-  bool sliderHeld = false;  // the user holds Slider1: set by the transport
   double listenerMaxVolume = 0, listenerVolume = 0;
 
  private:

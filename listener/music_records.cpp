@@ -58,7 +58,7 @@ void MusicConnection::receiveJpg(const ListenerRecord& record) {
 void MusicConnection::musicTimer(const ListenerRecord& record) {
   const auto position = record.number(2);
   if (position.value_or(0) > 0) failuresInARow_ = 0;
-  if (sliderHeld) return;
+  if (uses_.state.sliderHeld) return;
   if (position && isTime(*position)) panel_.Slider1->value = *position;
   ShowSliderTimes();
 }
@@ -93,6 +93,7 @@ void MusicConnection::volume(const ListenerRecord& record) {
 
 void MusicConnection::pauseToPlay(const ListenerRecord&) {
   uses_.state.gPlayMode = PlayMode::Playing;
+  uses_.state.gMusicState = MusicState::Play;
   panel_.play->setPicture(u"Music"_s, u"playb"_s);
   panel_.pause->setPicture(u"Music"_s, u"pause"_s);
   panel_.stop->setPicture(u"Music"_s, u"stop"_s);

@@ -28,8 +28,9 @@ void MoviesTab::leave() {
   picture_.hide();
   list_.hide();
   listPlay_.show();
-  parts_.listPaging.hide();
-  if (Control* grid = parts_.form.find(u"Grid", state.gridMode)) grid->visible = true;
+  parts_.paging.hide();
+  if (Control* grid = parts_.form.find(u"Grid", static_cast<int>(state.gridMode)))
+    grid->visible = true;
 }
 
 void MoviesTab::enter() {
@@ -44,9 +45,7 @@ void MoviesTab::enter() {
   list_.show();
   parts_.form.find(u"cmdControls", 0)->visible = false;
   parts_.form.find(u"cmdControls", 4)->visible = false;
-  const auto* list = dynamic_cast<Grid*>(parts_.form.find(u"MovieList"));
-  parts_.page(list->maxRows(), list->row());
-  parts_.listPaging.show();
+  parts_.paging.show(*list());
   parts_.tabPicture(kMoviesTab, u"movies"_s, u"moviesb"_s);
   parts_.top.hide();
   menu_.show(parts_.state.gMovieType == MovieType::Dvd);
@@ -59,7 +58,9 @@ void MoviesTab::showMute() {
   mute->setPicture(u"music"_s, mute->tag().endsWith(u'1') ? u"muteb"_s : u"mute"_s);
 }
 
-void MoviesTab::pressTransport(int) {}
+Grid* MoviesTab::list() {
+  return &controlOf<Grid>(parts_.form, u"MovieList");
+}
 
 void MoviesTab::lblMoviesPlay_Click(int index) {
   if (parts_.state.gMusicState != MusicState::Stop) return;

@@ -13,7 +13,7 @@ class MoviesTab : public Tab {
 
   void leave() override;
   void enter() override;
-  void pressTransport(int index) override;
+  Grid* list() override;
 
   // Where movies play: 0 at seat, 1 in cabin. Refused unless nothing plays.
   void lblMoviesPlay_Click(int index);

@@ -39,7 +39,7 @@ void PhotosTab::leave() {
   page_.hide();
   const auto* delay = dynamic_cast<Slider*>(parts_.form.find(u"scrollDelay"));
   parts_.settings.write(key::Delay, QString::number(std::lround(delay->value())));
-  parts_.listPaging.hide();
+  parts_.paging.hide();
   parts_.tabPicture(kPhotosTab, u"photos"_s, u"photo"_s);
   parts_.form.find(u"pictimer")->enabled = false;
   otherPlay_.show();
@@ -66,9 +66,7 @@ void PhotosTab::enter() {
   movies_.hide();
   parts_.tabPicture(kPhotosTab, u"photos"_s, u"photob"_s);
   page_.show();
-  const auto* list = dynamic_cast<Grid*>(parts_.form.find(u"PhotoList"));
-  parts_.page(list->maxRows(), list->row());
-  parts_.listPaging.show();
+  parts_.paging.show(*list());
   otherPlay_.hide();
   parts_.form.find(u"cmdControls", 7)->visible = false;
   parts_.main.showTransport(u"play"_s, u"pause"_s, u"stopb"_s);
@@ -85,6 +83,8 @@ void PhotosTab::showDelay() {
   delay->visible = true;
 }
 
-void PhotosTab::pressTransport(int) {}
+Grid* PhotosTab::list() {
+  return &controlOf<Grid>(parts_.form, u"PhotoList");
+}
 
 }  // namespace korvane

@@ -15,7 +15,7 @@ class PhotosTab : public Tab {
 
   void leave() override;
   void enter() override;
-  void pressTransport(int index) override;
+  Grid* list() override;
 
   // Keeps the display awake (false) or gives it its own saving back (true).
   void setScreenPower(bool restore);

@@ -58,8 +58,8 @@ void CdPlayer::showDisc() {
     showTracks(*disc);
   panel_.grid->header = disc ? captionOf(*disc) : u"CD Player"_s;
   if (!trouble.isEmpty()) panel_.grid->header = u"CD Player: "_s + trouble;
-  if (uses_.state.gridMode == kDiscGrid && panel_.grid->visible())
-    uses_.browsing.showGrid(kDiscGrid);
+  if (uses_.state.gridMode == MusicList::DiscTracks && panel_.grid->visible())
+    uses_.browsing.showGrid(MusicList::DiscTracks);
 }
 
 void CdPlayer::showTracks(const Disc& disc) {
@@ -84,7 +84,7 @@ void CdPlayer::discChanged() {
   if (uses_.state.gMusicType != MusicSource::Cd || looking_) return;
   if (uses_.state.gPlayMode != PlayMode::Stopped) {
     if (uses_.state.discHoldsFiles)
-      uses_.transport.pressMusic(Transport::Stop);
+      uses_.transport.press(TransportButton::Stop);
     else if (cdCommand(11) == "OPEN"_L1)
       return MusicTimer_Timer();
     else

@@ -13,7 +13,7 @@ int secondsAt(const QString& text, qsizetype from) {
 CdPlayer::CdPlayer(Form& form, Uses uses)
     : uses_(uses), panel_(form), commands_(uses.drive, uses.pump, uses.state) {
   uses_.drive.setEvents(this);
-  uses_.transport.setDisc(*this);
+  uses_.transport.playDisc = [this](int row) { playRow(row); };
 }
 
 CdPlayer::~CdPlayer() {
@@ -24,7 +24,10 @@ void CdPlayer::lblMusicType_Click(int index) {
   const bool cd = uses_.state.gMusicType == MusicSource::Cd;
   if (uses_.screen.busy() || (index == 0) == cd) return;
   const Busy busy(uses_.screen, Screen::Custom);
-  if (panel_.Slider1->value() != 0) return;
+  if (panel_.Slider1->value() != 0) {
+    uses_.messages.say(u"Stop the music first, then choose where it comes from."_s);
+    return;
+  }
   uses_.log.guard("lblMusicType_Click", "Form frmMain", [&] { index == 0 ? toCd() : toDigital(); });
 }
 
@@ -36,7 +39,7 @@ void CdPlayer::toCd() {
         "DVD Play off."_s);
     return;
   }
-  if (state.gPlayMode != PlayMode::Stopped) uses_.transport.pressMusic(3);
+  if (state.gPlayMode != PlayMode::Stopped) uses_.transport.press(TransportButton::Stop);
   savedGrid_ = state.gridMode;
   state.gMusicType = MusicSource::Cd;
   state.gLocalListener = true;
@@ -47,13 +50,13 @@ void CdPlayer::toCd() {
   panel_.coverArt->visible = false;
   panel_.coverArt->tag = u"FALSE"_s;
   showPlaying(PlayMode::Stopped, u"CD Stopped"_s);
-  uses_.browsing.showGrid(kDiscGrid);
+  uses_.browsing.showGrid(MusicList::DiscTracks);
   getCDTracks();
 }
 
 void CdPlayer::toDigital() {
   AppState& state = uses_.state;
-  if (state.gPlayMode != PlayMode::Stopped) uses_.transport.pressMusic(3);
+  if (state.gPlayMode != PlayMode::Stopped) uses_.transport.press(TransportButton::Stop);
   state.gMusicType = MusicSource::Digital;
   state.discHoldsFiles = false;
   panel_.MusicTimer->enabled = false;
@@ -81,6 +84,7 @@ void CdPlayer::showSource(bool cd) {
 void CdPlayer::showPlaying(PlayMode playMode, const QString& caption) {
   uses_.state.gPlayMode = playMode;
   uses_.state.gMusicState = musicStateOf(playMode);
+  uses_.state.gSongPlayingTitle = playMode == PlayMode::Stopped ? QString() : caption;
   panel_.lblCurrentPlay->caption = caption;
   uses_.main.showPlayState(playMode);
 }
@@ -101,7 +105,7 @@ void CdPlayer::startTrack(int track) {
   if (!disc || !disc->has(track) || !disc->at(track).audio) return;
   uses_.state.gCdTrack = 0;
   panel_.grid->SetActiveCell(1, track);
-  if (uses_.state.gridMode == kDiscGrid) uses_.browsing.showGrid(kDiscGrid);
+  if (uses_.state.gridMode == MusicList::DiscTracks) uses_.browsing.showGrid(MusicList::DiscTracks);
   panel_.Slider1->value = 0;
   uses_.connection.ShowSliderTimes();
   showPlaying(PlayMode::Playing, u"CD Seeking"_s);
@@ -114,34 +118,36 @@ void CdPlayer::startTrack(int track) {
 }
 
 void CdPlayer::playSong(int row) {
-  uses_.transport.startFrom(kDiscGrid);
+  uses_.transport.startFrom(MusicList::DiscTracks);
   uses_.database.resetPlaySongs();
   for (int i = 1; i <= panel_.grid->maxRows(); ++i)
     uses_.database.addPlaySong({panel_.grid->cell(1, i), {}, {}, {}, {}, panel_.grid->cell(3, i)});
   uses_.transport.playSongRecord(row);
 }
 
-void CdPlayer::press(int button) {
+PlayMode CdPlayer::mode() const {
+  return uses_.state.playsDiscAudio() ? uses_.state.gPlayMode : PlayMode::Stopped;
+}
+
+void CdPlayer::press(TransportButton button) {
   const PlayMode playMode = uses_.state.gPlayMode;
   switch (button) {
-    case Transport::Play:
-      playMode == PlayMode::Paused ? goOn() : playRow(std::max(panel_.grid->row(), 1));
-      break;
-    case Transport::Pause:
-      if (playMode == PlayMode::Paused) goOn();
+    case TransportButton::Play:
+      return playMode == PlayMode::Paused ? goOn() : playRow(std::max(panel_.grid->row(), 1));
+    case TransportButton::Pause:
+      if (playMode == PlayMode::Paused) return goOn();
       if (playMode == PlayMode::Playing) pause();
-      break;
-    case Transport::Stop:
-      stop();
-      break;
-    case Transport::Next:
-      cdCommand(11) == "OPEN"_L1 ? stop() : step(+1);
-      break;
-    case Transport::Previous:
-      step(-1);
-      break;
-    default:
-      break;
+      return;
+    case TransportButton::Stop:
+      return stop();
+    case TransportButton::Next:
+      return cdCommand(11) == "OPEN"_L1 ? stop() : step(+1);
+    case TransportButton::Previous:
+      return step(-1);
+    case TransportButton::Repeat:
+    case TransportButton::Random:
+    case TransportButton::Continue:
+      return uses_.transport.press(button);
   }
 }
 
@@ -182,17 +188,17 @@ void CdPlayer::step(int by) {
   }
 }
 
-void CdPlayer::moveTo(int seconds) {
+void CdPlayer::moveTo(double seconds) {
   const int track = uses_.state.gCdTrack;
   if (track == 0 || uses_.state.gPlayMode == PlayMode::Stopped) return;
   const int length = secondsAt(cdCommand(8, track), 0);
-  cdCommand(0, track, std::clamp(seconds, 0, std::max(length - 1, 0)));
+  cdCommand(0, track, std::clamp(static_cast<int>(seconds), 0, std::max(length - 1, 0)));
   showPlaying(PlayMode::Playing, u"CD Seeking"_s);
   panel_.MusicTimer->enabled = true;
 }
 
 void CdPlayer::MusicTimer_Timer() {
-  if (!uses_.state.playsDiscAudio() || uses_.connection.sliderHeld) return;
+  if (!uses_.state.playsDiscAudio() || uses_.state.sliderHeld) return;
   const QString mode = cdCommand(11);
   if (mode == "SEEK"_L1) return;
   if (mode == "STOPPED"_L1 || mode == "OPEN"_L1) {

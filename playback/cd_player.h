@@ -12,7 +12,7 @@
 
 namespace korvane {
 
-class CdPlayer : public Transport::DiscSource, private DiscDrive::Events {
+class CdPlayer : public Player, private DiscDrive::Events {
  public:
   struct Uses {
     MainForm& main;
@@ -39,16 +39,22 @@ class CdPlayer : public Transport::DiscSource, private DiscDrive::Events {
     return commands_.cdCommand(function, track, seconds);
   }
 
-  // Transport::DiscSource
-  void press(int button) override;
-  void moveTo(int seconds) override;
-  void playRow(int row) override;
+  void playRow(int row);  // of the list: a track, a song of a data disc, or the look for a disc
+
+  // Player. Repeat, random and continue are the transport's also while a disc plays.
+  void press(TransportButton button) override;  // Yields.
+  PlayMode mode() const override;
+  void moveTo(double seconds) override;  // of the track at hand
+  void showTimes() override { uses_.transport.showTimes(); }
+  double level() const override { return uses_.transport.level(); }
+  double levelMaximum() const override { return uses_.transport.levelMaximum(); }
+  void setLevel(double level) override { uses_.transport.setLevel(level); }
+  void setMute(bool on) override { uses_.transport.setMute(on); }
 
  private:
-  static constexpr int kDiscGrid = 7;
   struct Panel : FormPanel {
     using FormPanel::FormPanel;
-    Grid* grid = bind("Grid", kDiscGrid);
+    Grid* grid = bind("Grid", static_cast<int>(MusicList::DiscTracks));
     Slider* Slider1 = bind("Slider1");
     Label* TxtTime = bind("TxtTime");
     Label* lblCurrentPlay = bind("lblCurrentPlay");
@@ -82,8 +88,8 @@ class CdPlayer : public Transport::DiscSource, private DiscDrive::Events {
   Uses uses_;
   Panel panel_;
   CdCommands commands_;
-  int savedGrid_ = 0;
-  bool looking_ = false;  // for the drive to answer
+  MusicList savedGrid_ = MusicList::Artists;  // on screen before the CD
+  bool looking_ = false;                      // for the drive to answer
 };
 
 }  // namespace korvane

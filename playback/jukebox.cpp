@@ -3,7 +3,7 @@
 namespace korvane {
 namespace {
 
-enum Transported { Previous, Play, Stop = 3, Repeat = 5, Random, Continue };
+using enum TransportButton;
 constexpr int kSeen = 200;  // ms that an addition stays lit
 
 }  // namespace
@@ -37,11 +37,11 @@ void Jukebox::enter() {
   setupJukeboxGrid(*panel_.queue);
   panel_.queue->setRows(std::vector<RowTable::Row>());
   panel_.lblCurrentPlayList->caption = u"Jukebox on  number of selections (0)"_s;
-  panel_.cmdControls[Previous]->visible = panel_.cmdControls[Continue]->visible = false;
-  panel_.cmdControls[Repeat]->setPicture(u"music"_s, u"delete"_s);
-  panel_.cmdControls[Repeat]->toolTip = u"Delete the selection"_s;
-  panel_.cmdControls[Repeat]->tag = QString();
-  panel_.cmdControls[Repeat]->visible = true;
+  for (const TransportButton button : {Previous, Continue}) image(button).visible = false;
+  image(Repeat).setPicture(u"music"_s, u"delete"_s);
+  image(Repeat).toolTip = u"Delete the selection"_s;
+  image(Repeat).tag = QString();
+  image(Repeat).visible = true;
 
   const PlaySong running = database.rsPlaySongs.row();
   database.resetPlaySongs();
@@ -52,15 +52,14 @@ void Jukebox::enter() {
 void Jukebox::leave() {
   panel_.optMode[0]->setPicture(u"music"_s, u"normalon"_s);
   panel_.optMode[1]->setPicture(u"music"_s, u"jukeboxoff"_s);
-  if (panel_.cmdTopPlaylist->tagged()) uses_.browsing.cmdTop_Click(0);
+  if (panel_.cmdTopPlaylist->tagged()) uses_.browsing.cmdTop_Click(PageCommand::Artists);
   uses_.state.jukeboxMode = false;
   uses_.database.resetPlaySongs();
   panel_.queue->clear();
   panel_.lblCurrentPlayList->caption = QString();
-  panel_.cmdControls[Repeat]->setPicture(u"music"_s, u"repeat"_s);
-  panel_.cmdControls[Repeat]->toolTip = u"Repeat same song"_s;
-  for (const Transported button : {Previous, Repeat, Continue})
-    panel_.cmdControls[button]->visible = true;
+  image(Repeat).setPicture(u"music"_s, u"repeat"_s);
+  image(Repeat).toolTip = u"Repeat same song"_s;
+  for (const TransportButton button : {Previous, Repeat, Continue}) image(button).visible = true;
   panel_.cmdTopPlaylist->setPicture(u"music"_s, uses_.main.topPicture(2, false));
 }
 
@@ -70,7 +69,8 @@ void Jukebox::showCount() {
 }
 
 void Jukebox::pageQueue() {
-  if (uses_.state.gridMode == 6 && panel_.queue->visible()) uses_.browsing.showGrid(6);
+  if (uses_.state.gridMode == MusicList::Playlists && panel_.queue->visible())
+    uses_.browsing.showGrid(MusicList::Playlists);
 }
 
 void Jukebox::jukeboxAdd(const PlaySong& song) {
@@ -85,7 +85,7 @@ void Jukebox::jukeboxAdd(const PlaySong& song) {
   panel_.queue->SetActiveCell(1, 1);
   pageQueue();
   if (queue.RecordCount() == 1 && uses_.state.gPlayMode == PlayMode::Stopped)
-    uses_.transport.pressMusic(Play);
+    uses_.transport.press(Play);
   uses_.pump.wait(kSeen, [] { return false; });
   panel_.lblCurrentPlayList->highlighted = false;
 }
@@ -106,10 +106,10 @@ void Jukebox::jukeboxNext() {
   if (topPlays_) removeRow(1);
   topPlays_ = false;
   if (queue.RecordCount() == 0) {
-    uses_.transport.pressMusic(Stop);
+    uses_.transport.press(Stop);
     return;
   }
-  if (panel_.cmdControls[Random]->tagged()) {
+  if (image(Random).tagged()) {
     // The selection drawn comes to the top: what plays is always row 1.
     const int drawn = anyOf(queue.RecordCount(), uses_.chance.rnd());
     queue.setAbsolutePosition(drawn);
@@ -131,10 +131,8 @@ void Jukebox::deleteSelection() {
 
 // Out of the queue and of its list; the cursor goes to the top.
 void Jukebox::removeRow(int row) {
-  Recordset<PlaySong>& queue = uses_.database.rsPlaySongs;
-  queue.setAbsolutePosition(row);
-  queue.Delete();
-  queue.MoveFirst();
+  uses_.database.removePlaySong(row);
+  uses_.database.rsPlaySongs.MoveFirst();
   panel_.queue->deleteRow(row);
   if (panel_.queue->maxRows() > 0)
     panel_.queue->SetActiveCell(1, std::min(row, panel_.queue->maxRows()));

@@ -39,14 +39,15 @@ class Jukebox : public Transport::Queue {
     using FormPanel::FormPanel;
     std::array<Image*, 2> optMode = bind("optMode");
     std::array<Image*, 8> cmdControls = bind("cmdControls");
-    Image* cmdTopPlaylist = bind("cmdTop", 2);
-    Grid* queue = bind("Grid", 6);
+    Image* cmdTopPlaylist = bind("cmdTop", static_cast<int>(PageCommand::Playlists));
+    Grid* queue = bind("Grid", static_cast<int>(MusicList::Playlists));
     Label* lblCurrentPlayList = bind("lblCurrentPlayList");
   };
   void enter();
   void leave();
   void showCount();
   void removeRow(int row);
+  Image& image(TransportButton button) { return *panel_.cmdControls[at(button)]; }
   void pageQueue();
 
   Uses uses_;

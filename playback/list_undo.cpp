@@ -5,12 +5,12 @@ namespace {
 
 constexpr int kOffered = 10'000;  // ms
 constexpr int kFirstTime = 3000;  // ms until the player has told a time
-constexpr int kAllSongs = 5;
+constexpr MusicList kAllSongs = MusicList::AllSongs;
 
 // All songs run by their own position, whatever becomes of the play list.
 bool replaced(const Transport::Running& before, const Transport::Running& after) {
-  if (before.grid == kAllSongs && after.grid == kAllSongs) return false;
-  return before.grid != after.grid || before.songs != after.songs;
+  if (before.list == kAllSongs && after.list == kAllSongs) return false;
+  return before.list != after.list || before.songs != after.songs;
 }
 
 }  // namespace
@@ -37,7 +37,7 @@ void ListUndo::around(const std::function<void()>& press) {
   const Transport::Running now = uses_.transport.started();
   const bool otherSong = now.number != started.number;
   if (otherSong ? !replaced(started, now)
-                : list.songs == uses_.transport.running().songs || started.grid == kAllSongs ||
+                : list.songs == uses_.transport.running().songs || started.list == kAllSongs ||
                       started.songs == uses_.transport.running().songs)
     return;
   if (!panel_.framListUndo->visible() || kept_.number != started.number) caption_ = caption;
@@ -61,7 +61,7 @@ void ListUndo::cmdListUndo_Click() {
   const double seconds = seconds_;
   panel_.lblCurrentPlayList->caption = caption_;
   uses_.transport.resume(back, again);
-  uses_.browsing.showRunning(back.grid, back.grid == kAllSongs ? back.allSongs : back.record,
+  uses_.browsing.showRunning(back.list, back.list == kAllSongs ? back.allSongs : back.record,
                              back.songs, caption_);
   if (!again || seconds < 1) return;
   uses_.pump.wait(kFirstTime, [this] { return panel_.Slider1->value() > 0; });

@@ -2,35 +2,36 @@
 
 namespace korvane {
 
-MusicTab::MusicTab(TabParts& parts, Browsing& browsing, PlaylistEditor& editor,
-                   Transport& transport, MusicConnection& connection, MediaPlayer& player)
-    : parts_(parts),
-      browsing_(browsing),
-      editor_(editor),
-      transport_(transport),
-      connection_(connection),
-      player_(player),
-      favourite_(parts.form, {"cmdFavoriateAdd", "cmdPlayLists"}),
-      types_(parts.form, {"lblMusicType"}),
-      roles_(parts.form, {"lblMusicPlay"}),
-      modes_(parts.form, {"optMode"}),
-      cover_(parts.form, {"coverArt"}) {}
+MusicTab::MusicTab(Uses uses)
+    : uses_(uses),
+      parts_(uses.parts),
+      panel_(uses.parts.form),
+      favourite_(uses.parts.form, {"cmdFavoriateAdd", "cmdPlayLists"}),
+      types_(uses.parts.form, {"lblMusicType"}),
+      roles_(uses.parts.form, {"lblMusicPlay"}),
+      modes_(uses.parts.form, {"optMode"}),
+      cover_(uses.parts.form, {"coverArt"}) {}
+
+Player& MusicTab::music() const {
+  if (parts_.state.playsDiscAudio()) return uses_.disc;
+  return uses_.transport;
+}
 
 void MusicTab::leave() {
-  Control* mute = parts_.form.find(u"mute");
-  mute->setPicture(u"music"_s, mute->tag().startsWith(u'1') ? u"muteb"_s : u"mute"_s);
+  panel_.mute->setPicture(u"music"_s, panel_.mute->tag().startsWith(u'1') ? u"muteb"_s : u"mute"_s);
   favourite_.hide();
   types_.hide();
   roles_.hide();
-  if (parts_.state.playListEditing) editor_.hide();
+  if (parts_.state.playListEditing) uses_.editor.hide();
   parts_.tabPicture(kMusicTab, u"music"_s, u"music"_s);
-  parts_.listPaging.hide();
+  parts_.paging.hide();
   modes_.hide();
+  uses_.cover.shrink();
   cover_.hide();
 }
 
 void MusicTab::enter() {
-  AppState& state = parts_.state;
+  const AppState& state = parts_.state;
   parts_.main.setBackground(u"music"_s);
   favourite_.show();
   types_.show();
@@ -40,50 +41,44 @@ void MusicTab::enter() {
   parts_.status.show();
   parts_.showSound();
   if (state.playListEditing)
-    editor_.show();
+    uses_.editor.show();
   else
     modes_.show();
-  cover_.show(parts_.form.find(u"coverArt")->tag() == "TRUE"_L1);
+  cover_.show(panel_.coverArt->tag() == "TRUE"_L1);
   parts_.tabPicture(kMusicTab, u"music"_s, u"musicb"_s);
   parts_.top.show();
   parts_.controls.show();
-  if (state.jukeboxMode) {
-    parts_.form.find(u"cmdControls", 0)->visible = false;
-    parts_.form.find(u"cmdControls", 7)->visible = false;
-  }
+  if (state.jukeboxMode) panel_.previous->visible = panel_.continueOn->visible = false;
   showLists();
   askListener();
 }
 
 void MusicTab::showStatus() {
-  const bool cd = parts_.state.gMusicType == MusicSource::Cd;
   if (parts_.state.gPlayMode != PlayMode::Stopped) return;
-  Control* status = parts_.form.find(u"lblCurrentPlay");
-  status->caption = cd ? u"CD Stopped"_s : u"Status: Idle"_s;
-  parts_.form.find(u"TxtTime")->caption = u"--:--:--"_s;
-  dynamic_cast<Slider*>(parts_.form.find(u"Slider1"))->text = u"--:--:--"_s;
+  const bool cd = parts_.state.gMusicType == MusicSource::Cd;
+  panel_.lblCurrentPlay->caption = cd ? u"CD Stopped"_s : u"Status: Idle"_s;
+  panel_.TxtTime->caption = u"--:--:--"_s;
+  panel_.Slider1->text = u"--:--:--"_s;
 }
 
 void MusicTab::showLists() {
-  if (!parts_.state.gMusicTabVisited) {
-    firstVisit();
-    return;
-  }
-  browsing_.showGrid(parts_.state.gMusicType == MusicSource::Cd ? 7 : parts_.state.gridMode);
+  if (!parts_.state.gMusicTabVisited) return firstVisit();
+  const bool cd = parts_.state.gMusicType == MusicSource::Cd;
+  uses_.browsing.showGrid(cd ? MusicList::DiscTracks : parts_.state.gridMode);
 }
 
 void MusicTab::firstVisit() {
   parts_.state.gMusicTabVisited = true;
-  if (parts_.state.gLocalListener) player_.prepare();
+  if (parts_.state.gLocalListener) uses_.player.prepare();
   const QString last = parts_.settings.raw(key::LASTSONGPLAYED);
-  if (last != "NO"_L1 && !last.isEmpty() && browsing_.openAt(last)) return;
-  browsing_.showGrid(0);
-  parts_.main.markTop(0);
+  if (last != "NO"_L1 && !last.isEmpty() && uses_.browsing.openAt(last)) return;
+  uses_.browsing.showGrid(MusicList::Artists);
+  parts_.main.markTop(static_cast<int>(PageCommand::Artists));
 }
 
 void MusicTab::askListener() {
-  if (!parts_.state.gLocalListener) connection_.ConnectionMP3Connect();
-  connection_.ConnectionMP3Send(u"MUSIC"_s, u"STATUS"_s);
+  if (!parts_.state.gLocalListener) uses_.connection.ConnectionMP3Connect();
+  uses_.connection.ConnectionMP3Send(u"MUSIC"_s, u"STATUS"_s);
 }
 
 }  // namespace korvane

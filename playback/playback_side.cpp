@@ -3,51 +3,67 @@
 namespace korvane {
 
 PlaybackSide::PlaybackSide(Desk& d, LibrarySide& library, ListenerSide& listener)
-    : transport(d.frmMain, {d.main, d.state, d.screen, d.tabs, library.database, listener.music,
-                            d.system.pump, d.system.chance}),
+    : transport(d.frmMain, {d.main, d.state, d.settings, d.screen, d.tabs, d.players,
+                            library.database, library.browsing, listener.music, d.system.chance}),
       jukebox(d.frmMain, {d.main, d.state, d.palette, library.database, library.browsing, transport,
                           d.system.pump, d.system.chance}),
-      volume(d.frmMain,
-             {d.state, d.settings, d.tabs, listener.music, d.system.mixer, d.log, d.system.pump}),
       listUndo(d.frmMain,
                {d.state, d.settings, listener.music, transport, library.browsing, d.system.pump}),
       cd(d.frmMain, {d.main, d.state, d.screen, d.settings, d.messages, d.log, d.system.pump,
                      d.system.disc, library.database, library.browsing, listener.music, transport}),
-      quick(d, library.browsing, transport, listUndo),
-      musicTab(d.parts, library.browsing, library.editor, transport, listener.music,
-               d.system.player) {
+      cover(d.frmMain, library.browsing),
+      quick({d, library.browsing, transport, listUndo}),
+      musicTab({d.parts, library.browsing, library.editor, transport, cd, cover, listener.music,
+                d.system.player}),
+      volume(d.frmMain, {d.state, d.settings, d.players, transport, d.paging, listener.music,
+                         d.system.player, d.system.mixer, d.log, d.system.pump}) {
   library.browsing.setSongs(transport);
-  transport.setBrowsing(library.browsing);
   transport.setQueue(jukebox);
   listener.music.setNews(&transport);
   listener.music.volumeTold = [this] { volume.volumeTold(); };
   d.system.mixer.watch([this] { volume.mixerChanged(); });
+  d.mixerOpened = [this](bool there) { volume.mixerOpened(there); };
+  d.players.add(transport);
+  d.players.add(cd);
   d.tabs.setTab(kMusicTab, musicTab);
+  d.tabs.entered.push_back([this, &d] { showHeard(d); });
   d.steps.at(Step::StopDisc, [this] { cd.stopCd(); });
   d.onTabPress.push_back([this] { listUndo.hide(); });
   connectTransport(d);
+  connectLists(d);
   connectSound(d);
   addListWords(d);
   addPlayWords(d);
 }
 
 void PlaybackSide::connectTransport(Desk& desk) {
-  desk.on(u"cmdControls", Event::Click, [this](int i) { transport.cmdControls_Click(i); });
+  const auto number = [](TransportButton button) { return static_cast<int>(button); };
   desk.guard(desk.frmMain, u"cmdControls", Event::Click,
-             {Transport::Stop, Transport::Next, Transport::Repeat});
+             {number(TransportButton::Stop), number(TransportButton::Next),
+              number(TransportButton::Repeat)});
   desk.on(u"optMode", Event::Click, [this](int i) { jukebox.optMode_Click(i); });
   desk.guard(desk.frmMain, u"optMode", Event::Click);
   desk.frmMain.around(u"optMode", Event::Click, [&desk](auto&, auto&, const auto& go) {
     if (!desk.screen.busy()) go();  // before it asks for a password
   });
-  desk.on(u"Slider1", Event::Press, [this](int) { transport.Slider1_Press(); });
-  desk.on(u"Slider1", Event::Scroll, [this](int) { transport.Slider1_Scroll(); });
-  desk.on(u"Slider1", Event::Release, [this](int) { transport.Slider1_Release(); });
   desk.on(u"lblCurrentPlay", Event::DblClick, [this](int) { transport.lblCurrentPlay_DblClick(); });
   desk.on(u"lblMusicType", Event::Click, [this](int i) { cd.lblMusicType_Click(i); });
   desk.guard(desk.frmMain, u"lblMusicType", Event::Click);
   desk.on(u"MusicTimer", Event::Tick, [this](int) { cd.MusicTimer_Timer(); });
+  desk.on(u"coverArt", Event::Click, [this](int) { cover.coverArt_Click(); });
+}
 
+// On the tabs of other players, which have shown how theirs stand.
+void PlaybackSide::showHeard(Desk& desk) {
+  const Player* heard = desk.players.heard();
+  if (!heard || !desk.settings.flag(key::FollowSound)) return;
+  volume.showMute();
+  if (desk.tabs.open(kMusicTab)) return;
+  desk.main.showPlayState(heard->mode());
+  if (desk.tabs.open(kMoviesTab)) desk.main.showSteps();
+}
+
+void PlaybackSide::connectLists(Desk& desk) {
   // A press in the lists may put another list in the place of the one that runs.
   const auto undo = [this](auto&, auto&, const auto& go) { listUndo.around(go); };
   desk.frmMain.around(u"cmdTop", Event::Click, undo);
@@ -65,7 +81,7 @@ void PlaybackSide::connectSound(Desk& desk) {
     desk.on(name, Event::Release, [this](int) { volume.scrollVolumeButton_Release(); });
     desk.guard(desk.frmMain, name, Event::Press);
   }
-  desk.on(u"RepeatTimer", Event::Tick, [this](int) { volume.RepeatTimer_Tick(); });
+  desk.on(u"lblMusicPlay", Event::Click, [this](int) { volume.holdCeiling(); });
   desk.on(u"mute", Event::Click, [this](int) { volume.mute_Click(); });
   desk.guard(desk.frmMain, u"mute", Event::Click);
 }
@@ -92,7 +108,7 @@ void PlaybackSide::addPlayWords(Desk& desk) {
   desk.words.add({u"SHUFFLE"_s, u"btnshuffle"_s, u"play all songs in any order"_s,
                   desk.guarded([this] { quick.shuffle(); })});
   desk.words.add({u"PLAYPAUSE"_s, u"btnplaypause"_s, u"play or pause the music"_s,
-                  [this] { quick.playPause(); }});
+                  [this] { quick.playPause(musicTab.music()); }});
   desk.words.add({u"JUKEBOX"_s, u"btnjukebox"_s, u"turn the jukebox on"_s, [this, &desk] {
                     desk.openTab(kMusicTab);
                     if (desk.admits()) jukebox.optMode_Click(kJukebox);

@@ -18,15 +18,18 @@ class PlaybackSide {
 
   Transport transport;
   Jukebox jukebox;
-  Volume volume;
   ListUndo listUndo;
   CdPlayer cd;
+  CoverView cover;
   QuickPlay quick;
   MusicTab musicTab;
+  Volume volume;
 
  private:
   void connectTransport(Desk& desk);
+  void connectLists(Desk& desk);
   void connectSound(Desk& desk);
+  void showHeard(Desk& desk);
   void addListWords(Desk& desk);
   void addPlayWords(Desk& desk);
 };

@@ -1,50 +1,38 @@
 #include "playback/quick_play.h"
 
-#include "core/form/panel.h"
-
 namespace korvane {
-namespace {
-
-constexpr int kAllSongs = static_cast<int>(MusicList::AllSongs);
-
-}  // namespace
-
-QuickPlay::QuickPlay(Desk& desk, Browsing& browsing, Transport& transport, ListUndo& listUndo)
-    : desk_(desk),
-      browsing_(browsing),
-      transport_(transport),
-      listUndo_(listUndo),
-      allSongs_(&controlOf<Grid>(desk.frmMain, u"Grid", kAllSongs)),
-      random_(&controlOf<Image>(desk.frmMain, u"cmdControls", Transport::Random)) {}
 
 void QuickPlay::openList(PageCommand list) {
-  desk_.openTab(kMusicTab);
-  listUndo_.around([&] { browsing_.cmdTop_Click(static_cast<int>(list)); });
+  uses_.desk.openTab(kMusicTab);
+  uses_.listUndo.around([&] { uses_.browsing.cmdTop_Click(list); });
 }
 
 void QuickPlay::shuffle() {
   openList(PageCommand::AllSongs);
-  const int count = allSongs_->maxRows();
+  const int count = uses_.browsing.page(MusicList::AllSongs).grid.maxRows();
   if (count == 0) {
-    desk_.messages.say(
+    uses_.desk.messages.say(
         u"There is no song in the library yet. Press setup, then Digital Music Setup, to add "
         "some."_s);
     return;
   }
-  if (!random_->tagged() && !desk_.state.jukeboxMode)
-    transport_.cmdControls_Click(Transport::Random);
-  allSongs_->SetActiveCell(1, anyOf(count, desk_.system.chance.rnd()));
-  listUndo_.around([&] { browsing_.Grid_DblClick(kAllSongs, 1, allSongs_->row()); });
+  Transport& transport = uses_.transport;
+  if (!transport.lit(TransportButton::Random) && !uses_.desk.state.jukeboxMode)
+    uses_.desk.players.press(transport, TransportButton::Random);
+  const int row = anyOf(count, uses_.desk.system.chance.rnd());
+  uses_.browsing.setActive(MusicList::AllSongs, row);
+  uses_.listUndo.around([&] { uses_.browsing.Grid_DblClick(MusicList::AllSongs, 1, row); });
 }
 
-void QuickPlay::playPause() {
-  const AppState& state = desk_.state;
+void QuickPlay::playPause(Player& music) {
+  const AppState& state = uses_.desk.state;
+  Players& players = uses_.desk.players;
   if (state.gPlayMode == PlayMode::Playing)
-    transport_.cmdControls_Click(Transport::Pause);
+    players.press(music, TransportButton::Pause);
   else if (state.gPlayMode == PlayMode::Paused || state.jukeboxMode || state.playsDiscAudio())
-    transport_.cmdControls_Click(Transport::Play);
-  else if (const Transport::Running last = transport_.started(); last.number > 0)
-    transport_.resume(last, true);
+    players.press(music, TransportButton::Play);
+  else if (const Transport::Running last = uses_.transport.started(); last.number > 0)
+    uses_.transport.resume(last, true);
   else
     shuffle();
 }

@@ -9,22 +9,23 @@ namespace korvane {
 
 class QuickPlay {
  public:
-  QuickPlay(Desk& desk, Browsing& browsing, Transport& transport, ListUndo& listUndo);
+  struct Uses {
+    Desk& desk;
+    Browsing& browsing;
+    Transport& transport;
+    ListUndo& listUndo;
+  };
+  explicit QuickPlay(Uses uses) : uses_(uses) {}
 
   void openList(PageCommand list);  // Yields.
   // All songs, in any order, from any of them on; says so where there is none. Yields.
   void shuffle();
   // What is paused goes on, what was stopped begins again, and where nothing has played yet, any
   // song does. The jukebox and the CD know their own beginning. Yields.
-  void playPause();
+  void playPause(Player& music);
 
  private:
-  Desk& desk_;
-  Browsing& browsing_;
-  Transport& transport_;
-  ListUndo& listUndo_;
-  Grid* allSongs_;
-  Image* random_;
+  Uses uses_;
 };
 
 }  // namespace korvane

@@ -3,6 +3,8 @@
 namespace korvane {
 namespace {
 
+using enum TransportButton;
+
 QString noTime() {
   return u"--:--:--"_s;
 }
@@ -14,49 +16,46 @@ Transport::Transport(Form& form, Uses uses) : uses_(uses), panel_(form) {
   panel_.TxtTime->caption = noTime();
 }
 
+const PlaySong& Transport::Running::song() const {
+  static const PlaySong none{};
+  return record < 1 || record > songs.size() ? none : songs[record - 1];
+}
+
 PlayModes Transport::modes() const {
-  return {panel_.cmdControls[Repeat]->tagged(), panel_.cmdControls[Random]->tagged(),
-          panel_.cmdControls[Continue]->tagged()};
+  return {lit(Repeat), lit(Random), lit(Continue)};
 }
 
-void Transport::cmdControls_Click(int index) {
-  if (uses_.screen.busy()) return;
-  const Busy busy(uses_.screen, Screen::Custom);
-  lastControl_ = index;
-  uses_.tabs.openTab().pressTransport(index);
+PlayMode Transport::mode() const {
+  return uses_.state.playsDiscAudio() ? PlayMode::Stopped : uses_.state.gPlayMode;
 }
 
-void Transport::pressMusic(int index) {
-  if (discPlays() && index <= Next) return disc_->press(index);
-  switch (static_cast<Button>(index)) {
+bool Transport::playsAllSongs() const {
+  return playGrid_ == MusicList::AllSongs && !uses_.state.jukeboxMode;
+}
+
+int Transport::countOfAllSongs() const {
+  return uses_.browsing.page(MusicList::AllSongs).grid.maxRows();
+}
+
+void Transport::press(TransportButton button) {
+  stepped_ = button == Next || button == Previous;
+  const bool queue = uses_.state.jukeboxMode && queue_;
+  switch (button) {
     case Stop:
-      stop();
-      break;
+      return stop();
     case Next:
-      if (uses_.state.jukeboxMode && queue_)
-        queue_->jukeboxNext();
-      else
-        step(+1);
-      break;
+      return queue ? queue_->jukeboxNext() : step(+1);
     case Previous:
-      step(-1);
-      break;
+      return step(-1);
     case Pause:
-      pause();
-      break;
+      return pause();
     case Play:
-      play();
-      break;
+      return play();
     case Random:
     case Continue:
-      toggle(static_cast<Button>(index));
-      break;
+      return toggle(button);
     case Repeat:
-      if (uses_.state.jukeboxMode && queue_)
-        queue_->deleteSelection();
-      else
-        toggle(Repeat);
-      break;
+      return queue ? queue_->deleteSelection() : toggle(button);
   }
 }
 
@@ -64,34 +63,23 @@ void Transport::play() {
   AppState& state = uses_.state;
   if (state.gPlayMode == PlayMode::Paused) {
     uses_.connection.ConnectionMP3Send(u"MUSIC"_s, u"PLAY"_s);
+    state.gMusicState = MusicState::Play;
     uses_.main.showPlayState(PlayMode::Playing);
     return;
   }
   state.gMusicState = MusicState::Stop;
-  if (state.jukeboxMode) {
-    if (queue_) queue_->playTop();
-    return;
-  }
-  for (const int index : {1, 3, 5, 7, 8}) {
-    const Grid& grid = *panel_.grid[static_cast<size_t>(index)];
-    if (!grid.visible() || grid.maxRows() == 0) continue;
-    // The list's own press does the rest; the hourglass is ours, so lift it for that press.
-    uses_.screen.MousePointer = Screen::Custom;
-    if (index == 5) browsing_->Grid_Click(5, 1, grid.row());
-    browsing_->Grid_DblClick(index, 1, std::max(grid.row(), 1));
-    return;
-  }
+  if (!state.jukeboxMode)
+    uses_.browsing.playShown();
+  else if (queue_)
+    queue_->playTop();
 }
 
 void Transport::pause() {
   AppState& state = uses_.state;
   if (state.gPlayMode == PlayMode::Stopped) return;
-  state.gMusicState = MusicState::Paused;
   const bool remoteCd = state.gMusicType == MusicSource::Cd && !state.gLocalListener;
-  if (state.gPlayMode == PlayMode::Paused && !remoteCd) {
-    play();
-    return;
-  }
+  if (state.gPlayMode == PlayMode::Paused && !remoteCd) return play();
+  state.gMusicState = MusicState::Paused;
   if (state.gPlayMode == PlayMode::Playing)
     uses_.connection.ConnectionMP3Send(u"MUSIC"_s, u"PAUSE"_s);
   uses_.main.showPlayState(PlayMode::Paused);
@@ -99,28 +87,44 @@ void Transport::pause() {
 
 void Transport::stop() {
   if (panel_.Slider1->text() != noTime()) uses_.connection.ConnectionMP3Send(u"MUSIC"_s, u"STOP"_s);
+  panel_.coverArt->tag = u"FALSE"_s;
+  panel_.coverArt->visible = false;
+  showIdle();
+}
+
+void Transport::showIdle() {
+  uses_.state.gMusicState = MusicState::Stop;
+  uses_.state.gSongPlayingTitle.clear();
   panel_.Slider1->text = noTime();
   panel_.Slider1->value = 0;
   panel_.TxtTime->caption = noTime();
   panel_.lblCurrentPlay->caption = u"Status: Idle"_s;
   panel_.lblDuration->caption = QString();
-  panel_.coverArt->tag = u"FALSE"_s;
-  panel_.coverArt->visible = false;
   uses_.main.showPlayState(PlayMode::Stopped);
 }
 
+void Transport::goIdle() {
+  panel_.MusicTimer->enabled = false;
+  showIdle();
+  uses_.connection.ConnectionMP3Send(u"MUSIC"_s, u"STOP"_s);
+}
+
+// By key KeepList from the song that plays, since the active row may be one that was only looked
+// at.
+void Transport::stepInAllSongs(int by) {
+  const int count = countOfAllSongs();
+  if (count == 0) return;
+  const bool kept = uses_.settings.flag(key::KeepList) && allSongsPos_ > 0;
+  const int from = kept ? allSongsPos_ : uses_.browsing.page(MusicList::AllSongs).grid.row();
+  const int to =
+      modes().random ? anyOf(count, uses_.chance.rnd()) : std::clamp(from + by, 1, count);
+  uses_.browsing.setActive(MusicList::AllSongs, to);
+  playSongRecord(to);
+}
+
 void Transport::step(int by) {
+  if (playsAllSongs()) return stepInAllSongs(by);
   Recordset<PlaySong>& list = uses_.database.rsPlaySongs;
-  if (playGrid_ == 5) {
-    const Grid& all = *panel_.grid[5];
-    const int count = all.maxRows();
-    if (count == 0) return;
-    const int to =
-        modes().random ? anyOf(count, uses_.chance.rnd()) : std::clamp(all.row() + by, 1, count);
-    showRow(to);
-    playSongRecord(to);
-    return;
-  }
   const int to = stepInList(list.AbsolutePosition(), list.RecordCount(), by);
   if (to == 0) return;
   list.setAbsolutePosition(to);
@@ -128,20 +132,21 @@ void Transport::step(int by) {
   playSongRecord(to);
 }
 
-void Transport::turnOff(Button button) {
-  static const QString off[] = {{}, {}, {}, {}, {}, u"repeat"_s, u"random"_s, u"continue off"_s};
-  panel_.cmdControls[button]->tag = QString();
-  panel_.cmdControls[button]->setPicture(u"Music"_s, off[button]);
+void Transport::turnOff(TransportButton button) {
+  Image& image = *panel_.cmdControls[at(button)];
+  image.tag = QString();
+  image.setPicture(u"Music"_s, button == Continue ? u"continue off"_s
+                               : button == Random ? u"random"_s
+                                                  : u"repeat"_s);
 }
 
-void Transport::toggle(Button button) {
-  static const QString on[] = {{}, {}, {}, {}, {}, u"repeatb"_s, u"randomb"_s, u"continue on"_s};
-  if (panel_.cmdControls[button]->tagged()) {
-    turnOff(button);
-    return;
-  }
-  panel_.cmdControls[button]->tag = u"1"_s;
-  panel_.cmdControls[button]->setPicture(u"Music"_s, on[button]);
+void Transport::toggle(TransportButton button) {
+  if (lit(button)) return turnOff(button);
+  Image& image = *panel_.cmdControls[at(button)];
+  image.tag = u"1"_s;
+  image.setPicture(u"Music"_s, button == Continue ? u"continue on"_s
+                               : button == Random ? u"randomb"_s
+                                                  : u"repeatb"_s);
   if (button == Repeat) {
     turnOff(Random);
     turnOff(Continue);
@@ -150,44 +155,47 @@ void Transport::toggle(Button button) {
   }
 }
 
-void Transport::startFrom(int grid) {
-  lastControl_ = -1;
-  playGrid_ = grid;
+void Transport::startFrom(MusicList list) {
+  stepped_ = false;
+  playGrid_ = list;
   uses_.state.gMusicState = MusicState::Stop;
 }
 
+// The list on screen may have become another one since.
 void Transport::showRow(int row) {
-  playing().SetActiveCell(1, row);
-  if (uses_.state.gridMode == playGrid_) panel_.VscrollAllSongs->value = row;
+  if (uses_.browsing.shows(playGrid_, row, uses_.database.rsPlaySongs.at(row)))
+    uses_.browsing.setActive(playGrid_, row);
 }
 
-void Transport::takeAllSongs(int record) {
-  const Grid& all = *panel_.grid[5];
-  allSongsPos_ = record;
+void Transport::takeAllSongs(int row) {
+  allSongsPos_ = row;
   uses_.database.resetPlaySongs();
-  uses_.database.addPlaySong(
-      {all.cell(1, record), all.cell(2, record), all.cell(4, record), {}, {}, all.cell(3, record)});
+  if (const auto song = uses_.browsing.page(MusicList::AllSongs).songAt(row))
+    uses_.database.addPlaySong(*song);
   uses_.database.rsPlaySongs.MoveFirst();
 }
 
+void Transport::allSongsMoved() {
+  if (!playsAllSongs() || allSongsPos_ == 0) return;
+  const auto& page = static_cast<const AllSongsPage&>(uses_.browsing.page(MusicList::AllSongs));
+  if (const int row = page.rowOf(uses_.database.rsPlaySongs.row())) allSongsPos_ = row;
+}
+
 void Transport::playSongRecord(int record) {
-  Recordset<PlaySong>& list = uses_.database.rsPlaySongs;
-  const bool stepped = lastControl_ == Next || lastControl_ == Previous;
-  if (playGrid_ == 5 && !uses_.state.jukeboxMode) {
-    const int row = panel_.grid[5]->row();
+  const bool drawn = !uses_.state.jukeboxMode && stepped_ && modes().random &&
+                     (playGrid_ == MusicList::AlbumSongs || playGrid_ == MusicList::PlaylistSongs);
+  if (playsAllSongs()) {
+    const int row = uses_.browsing.page(MusicList::AllSongs).grid.row();
     if (row < 1) return;
-    showRow(row);
     takeAllSongs(row);
     record = 0;
-  } else if (!uses_.state.jukeboxMode && (playGrid_ == 1 || playGrid_ == 3) && stepped &&
-             modes().random) {
-    const int drawn = uses_.database.getRandomRecord(true, uses_.chance);
-    if (drawn > 0) {
-      record = drawn;
-      showRow(drawn);
+  } else if (drawn) {
+    if (const int any = uses_.database.getRandomRecord(true, uses_.chance); any > 0) {
+      record = any;
+      showRow(any);
     }
   }
-  if (record > 0) list.setAbsolutePosition(record);
+  if (record > 0) uses_.database.rsPlaySongs.setAbsolutePosition(record);
   playPaths();
 }
 
@@ -197,6 +205,7 @@ void Transport::playPaths() {
   started_ = running();
   ++started_.number;
   uses_.state.gMusicState = MusicState::Play;
+  uses_.state.gSongPlayingTitle = song.Title.trimmed();
   panel_.lblCurrentPlay->caption = u"Playing: "_s + song.Title.trimmed();
   uses_.main.showPlayState(PlayMode::Playing);
   panel_.Slider1->value = 0;
@@ -216,8 +225,8 @@ Transport::Running Transport::running() const {
 
 void Transport::resume(const Running& running, bool playAgain) {
   Database& database = uses_.database;
-  lastControl_ = -1;
-  playGrid_ = running.grid;
+  stepped_ = false;
+  playGrid_ = running.list;
   allSongsPos_ = running.allSongs;
   database.rsPlaySongs.setRows(running.songs);
   database.rsPlaySongs.setAbsolutePosition(running.record);
@@ -225,43 +234,31 @@ void Transport::resume(const Running& running, bool playAgain) {
   if (playAgain) playPaths();
 }
 
+// On the Movies tab a song's end is the end of the music, unless the transport follows what is
+// heard.
 void Transport::MediaPlayer1_EndOfStream() {
-  if (uses_.tabs.open(kMoviesTab)) {
-    cmdControls_Click(Stop);
-    return;
-  }
+  if (uses_.tabs.open(kMoviesTab) && !uses_.settings.flag(key::FollowSound)) return goIdle();
   Database& database = uses_.database;
-  if (playGrid_ == 5 && !uses_.state.jukeboxMode) {
-    const int count = panel_.grid[5]->maxRows();
-    const int next = nextOfAllSongs(modes(), allSongsPos_, count, uses_.chance.rnd());
-    if (next == 0) {
-      goIdle();
-      return;
-    }
-    showRow(next);
+  stepped_ = false;
+  if (playsAllSongs()) {
+    const int next = nextOfAllSongs(modes(), allSongsPos_, countOfAllSongs(), uses_.chance.rnd());
+    if (next == 0) return goIdle();
+    uses_.browsing.setActive(MusicList::AllSongs, next);
     takeAllSongs(next);
-    playPaths();
-    return;
+    return playPaths();
   }
-  if (uses_.state.jukeboxMode && queue_ && database.rsPlaySongs.RecordCount() > 0) {
-    queue_->jukeboxNext();
-    return;
-  }
+  if (uses_.state.jukeboxMode && queue_ && database.rsPlaySongs.RecordCount() > 0)
+    return queue_->jukeboxNext();
   const int next = nextInList(
       modes(), database.rsPlaySongs.AbsolutePosition(), database.rsPlaySongs.RecordCount(),
       [&](bool refill) { return database.getRandomRecord(refill, uses_.chance); });
-  if (next == 0) {
-    goIdle();
-    return;
-  }
-  lastControl_ = -1;
-  if (playing().visible()) showRow(next);
+  if (next == 0) return goIdle();
+  showRow(next);
   playSongRecord(next);
 }
 
 void Transport::songFailed(int inARow) {
-  const int count =
-      playGrid_ == 5 ? panel_.grid[5]->maxRows() : uses_.database.rsPlaySongs.RecordCount();
+  const int count = playsAllSongs() ? countOfAllSongs() : uses_.database.rsPlaySongs.RecordCount();
   // One round of a list in which nothing plays is enough.
   if (inARow >= count || modes().repeat)
     goIdle();
@@ -271,26 +268,14 @@ void Transport::songFailed(int inARow) {
 
 // A report, unlike a finger, never resumes what is paused.
 void Transport::playerPaused() {
-  if (uses_.state.gPlayMode != PlayMode::Paused) return cmdControls_Click(Pause);
+  if (uses_.state.gPlayMode != PlayMode::Paused) return uses_.players.press(*this, Pause);
   if (uses_.screen.busy()) return;
   uses_.state.gMusicState = MusicState::Paused;
   uses_.main.showPlayState(PlayMode::Paused);
 }
 
 void Transport::playerStopped() {
-  cmdControls_Click(Stop);
-}
-
-void Transport::goIdle() {
-  panel_.MusicTimer->enabled = false;
-  panel_.Slider1->value = 0;
-  panel_.Slider1->text = noTime();
-  panel_.TxtTime->caption = noTime();
-  panel_.lblCurrentPlay->caption = u"Status: Idle"_s;
-  panel_.lblDuration->caption = QString();
-  uses_.state.gMusicState = MusicState::Stop;
-  uses_.connection.ConnectionMP3Send(u"MUSIC"_s, u"STOP"_s);
-  uses_.main.showPlayState(PlayMode::Stopped);
+  uses_.players.press(*this, Stop);
 }
 
 void Transport::jukeboxAdd(const PlaySong& song) {
@@ -298,38 +283,31 @@ void Transport::jukeboxAdd(const PlaySong& song) {
 }
 
 void Transport::playFailed() {
-  uses_.main.showTransport(u"play"_s, u"pause"_s, u"stopb"_s);
+  uses_.main.showPlayState(PlayMode::Stopped);
 }
 
 void Transport::playDiscRow(int row) {
-  if (disc_) disc_->playRow(row);
+  playDisc(row);
 }
 
-void Transport::Slider1_Press() {
-  uses_.connection.sliderHeld = true;
+void Transport::moveTo(double seconds) {
+  uses_.connection.ConnectionMP3Send(u"MUSIC"_s, u"CURRENTPOSITION"_s, numberText(seconds));
 }
 
-void Transport::Slider1_Scroll() {
-  uses_.connection.ShowSliderTimes();
+void Transport::setLevel(double level) {
+  uses_.connection.ConnectionMP3Send(u"MUSIC"_s, u"VOLUME"_s, QString::number(std::llround(level)));
 }
 
-void Transport::Slider1_Release() {
-  uses_.pump.doEvents();
-  const double seconds = std::round(panel_.Slider1->value());
-  if (discPlays())
-    disc_->moveTo(static_cast<int>(seconds));
-  else
-    uses_.connection.ConnectionMP3Send(u"MUSIC"_s, u"CURRENTPOSITION"_s, numberText(seconds));
-  uses_.connection.sliderHeld = false;
-  uses_.pump.doEvents();
+void Transport::setMute(bool on) {
+  uses_.connection.ConnectionMP3Send(u"MUSIC"_s, on ? u"MUTE=TRUE"_s : u"MUTE=FALSE"_s);
 }
 
 void Transport::lblCurrentPlay_DblClick() {
-  if (discPlays() || panel_.lblCurrentPlay->caption().contains("Idle"_L1)) return;
+  if (uses_.state.playsDiscAudio() || panel_.lblCurrentPlay->caption().contains("Idle"_L1)) return;
   const PlaySong song = uses_.database.rsPlaySongs.row();
   if (song.Path.isEmpty()) return;
   if (!uses_.tabs.open(kMusicTab)) uses_.tabs.imgTabs_Click(kMusicTab);
-  browsing_->showSongInAlbum(song.Artist, song.Album, song.Title);
+  uses_.browsing.showSongInAlbum(song.Artist, song.Album, song.Title);
 }
 
 }  // namespace korvane

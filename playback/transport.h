@@ -1,11 +1,11 @@
-// The transport: the buttons cmdControls, the choice of the next song, the position slider and the
-// status lines. It never touches the player; every command goes through the music connection.
+// Digital music as the transport plays it: the buttons cmdControls, the choice of the next song,
+// the modes and the status lines. It never touches the player; every command goes through the music
+// connection.
 #pragma once
 
 #include "core/form/panel.h"
 #include "core/main_form.h"
-#include "core/screen.h"
-#include "core/tab_controller.h"
+#include "core/players.h"
 #include "library/data/database.h"
 #include "library/lists/browsing.h"
 #include "listener/music_connection.h"
@@ -14,113 +14,111 @@
 
 namespace korvane {
 
-struct TransportPanel : FormPanel {
-  using FormPanel::FormPanel;
-  std::array<Image*, 8> cmdControls = bind("cmdControls");
-  std::array<Grid*, 11> grid = bind("Grid");
-  std::array<Image*, 2> optMode = bind("optMode");
-  Image* cmdTopPlaylist = bind("cmdTop", 2);
-  Slider* Slider1 = bind("Slider1");
-  Slider* VscrollAllSongs = bind("VscrollAllSongs");
-  Label* TxtTime = bind("TxtTime");
-  Label* lblCurrentPlay = bind("lblCurrentPlay");
-  Label* lblDuration = bind("lblDuration");
-  Label* lblCurrentPlayList = bind("lblCurrentPlayList");
-  PictureArea* coverArt = bind("coverArt");
-  Timer* MusicTimer = bind("MusicTimer");
-};
-
-class Transport : public SongActivation, public TransportNews {
+class Transport : public Player, public SongActivation, public TransportNews {
  public:
-  enum Button { Previous, Play, Pause, Stop, Next, Repeat, Random, Continue };
   struct Uses {
     MainForm& main;
     AppState& state;
+    const Settings& settings;
     Screen& screen;
     TabController& tabs;
+    Players& players;
     Database& database;
+    Browsing& browsing;
     MusicConnection& connection;
-    Pump& pump;
     Chance& chance;
   };
   Transport(Form& form, Uses uses);
-  void setBrowsing(Browsing& browsing) { browsing_ = &browsing; }
 
-  void cmdControls_Click(int index);  // Yields.
-  void pressMusic(int index);         // a button's branch for the Music tab. Yields.
-  void MediaPlayer1_EndOfStream();    // Yields.
-  void Slider1_Press();
-  void Slider1_Scroll();
-  void Slider1_Release();  // Yields.
+  // Player
+  void press(TransportButton button) override;  // Yields.
+  PlayMode mode() const override;
+  void moveTo(double seconds) override;
+  void showTimes() override { uses_.connection.ShowSliderTimes(); }
+  double level() const override { return uses_.connection.listenerVolume; }
+  double levelMaximum() const override { return uses_.connection.listenerMaxVolume; }
+  void setLevel(double level) override;
+  void setMute(bool on) override;
+
+  void MediaPlayer1_EndOfStream();  // Yields.
   void lblCurrentPlay_DblClick();
 
   // What runs, and going back to it: the list, its place, and where it came from.
   struct Running {
     int number = 0;  // of the start
-    int grid = 1, allSongs = 0;
+    MusicList list = MusicList::AlbumSongs;
+    int allSongs = 0;  // the row on the page of all songs
     QList<PlaySong> songs;
     QList<int> pool;
     int record = 0;
+    const PlaySong& song() const;  // at that record; an empty one where there is none
   };
   Running running() const;                              // as the list stands now
   const Running& started() const { return started_; }   // as it stood when its song was started
   void resume(const Running& running, bool playAgain);  // Yields.
 
+  bool lit(TransportButton mode) const { return panel_.cmdControls[at(mode)]->tagged(); }
+
   // SongActivation
-  void startFrom(int grid) override;
+  void startFrom(MusicList list) override;
   void playSongRecord(int record) override;
   void jukeboxAdd(const PlaySong& song) override;
   void playFailed() override;
   void playDiscRow(int row) override;
+  void allSongsMoved() override;
 
   // TransportNews
-  void playerPaused() override;   // Yields.
-  void playerStopped() override;  // Yields.
+  void playerPaused() override;
+  void playerStopped() override;
   void endOfStream() override { MediaPlayer1_EndOfStream(); }
   void songFailed(int inARow) override;
 
-  // The jukebox takes over adding, the next song and button 5 while it is on; set by it.
+  // The jukebox takes over adding, the next song and the button of repeat while it is on; set by
+  // it.
   struct Queue {
     virtual ~Queue() = default;
-    virtual void jukeboxAdd(const PlaySong& song) = 0;
-    virtual void jukeboxNext() = 0;
-    virtual void playTop() = 0;
+    virtual void jukeboxAdd(const PlaySong& song) = 0;  // Yields.
+    virtual void jukeboxNext() = 0;                     // Yields.
+    virtual void playTop() = 0;                         // Yields.
     virtual void deleteSelection() = 0;
   };
   void setQueue(Queue& queue) { queue_ = &queue; }
 
-  // The CD takes over the first five buttons and the slider while its sound is the source, and the
-  // rows of its list; set by it.
-  struct DiscSource {
-    virtual ~DiscSource() = default;
-    virtual void press(int button) = 0;
-    virtual void moveTo(int seconds) = 0;  // of the track at hand
-    virtual void playRow(int row) = 0;
-  };
-  void setDisc(DiscSource& disc) { disc_ = &disc; }
+  std::function<void(int row)> playDisc = [](int) {};  // a row of the list of the CD; set by it
 
  private:
+  struct Panel : FormPanel {
+    using FormPanel::FormPanel;
+    std::array<Image*, 8> cmdControls = bind("cmdControls");
+    Slider* Slider1 = bind("Slider1");
+    Label* TxtTime = bind("TxtTime");
+    Label* lblCurrentPlay = bind("lblCurrentPlay");
+    Label* lblDuration = bind("lblDuration");
+    PictureArea* coverArt = bind("coverArt");
+    Timer* MusicTimer = bind("MusicTimer");
+  };
+
   PlayModes modes() const;
-  Grid& playing() { return *panel_.grid[static_cast<size_t>(playGrid_)]; }
+  bool playsAllSongs() const;
+  int countOfAllSongs() const;
   void play();
   void pause();
   void stop();
   void step(int by);
-  void toggle(Button button);
-  void turnOff(Button button);
-  void takeAllSongs(int record);
+  void stepInAllSongs(int by);
+  void toggle(TransportButton button);
+  void turnOff(TransportButton button);
+  void takeAllSongs(int row);
   void showRow(int row);
+  void showIdle();
   void goIdle();
   void playPaths();
-  bool discPlays() const { return disc_ && uses_.state.playsDiscAudio(); }
 
   Uses uses_;
-  TransportPanel panel_;
-  Browsing* browsing_ = nullptr;
+  Panel panel_;
   Queue* queue_ = nullptr;
-  DiscSource* disc_ = nullptr;
-  int lastControl_ = -1;  // -1 when the last start came from a list
-  int playGrid_ = 1;      // the list that plays
+  bool stepped_ = false;  // the last start came from previous or next, not from a list
+  MusicList playGrid_ = MusicList::AlbumSongs;  // that plays
   int allSongsPos_ = 0;
   Running started_;
 };

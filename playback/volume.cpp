@@ -5,7 +5,7 @@ namespace {
 
 constexpr double kBar = 2400;  // steps, 24 a percent
 constexpr double kFirstStep = 0.02, kHeldStep = 0.05;
-constexpr int kRepeat = 200;  // ms between the steps of a held button
+constexpr int kRepeatMs = 200;  // between the steps of a held button
 
 }  // namespace
 
@@ -22,22 +22,27 @@ Volume::Volume(Form& form, Uses uses) : uses_(uses), panel_(form) {
   panel_.mute->tag = u"00"_s;
 }
 
-double Volume::ceiling() const {
-  return uses_.music.listenerMaxVolume * uses_.settings.number(key::VolumeMax) / 100;
+Player& Volume::meant() const {
+  Player* player = uses_.players.meant();
+  return player ? *player : uses_.music;
 }
 
+double Volume::ceilingOf(double maximum) const {
+  return std::floor(maximum * uses_.settings.number(key::VolumeMax) / 100);
+}
+
+// A Listener that has not told its maximum is sent places of the bar.
 void Volume::send(double level) {
-  if (uses_.music.listenerMaxVolume > 0) level = std::clamp(level, 0.0, ceiling());
-  const QString value = QString::number(std::llround(level));
-  if (uses_.tabs.open(kMoviesTab) && movies_)
-    movies_->ConnectionMovieSend(u"MOVIE"_s, u"VOLUME"_s, value);
-  else
-    uses_.music.ConnectionMP3Send(u"MUSIC"_s, u"VOLUME"_s, value);
+  Player& player = meant();
+  const double maximum = player.levelMaximum();
+  player.setLevel(std::clamp(level, 0.0, ceilingOf(maximum > 0 ? maximum : kBar)));
 }
 
 void Volume::scrollVolume_Change() {
-  send(levelOfBar(panel_.scrollVolume->value(), uses_.music.listenerMaxVolume));
-  panel_.lblVolume->caption = u"%1 %"_s.arg(static_cast<int>(panel_.scrollVolume->value()) / 24);
+  const double bar = std::min(panel_.scrollVolume->value(), ceilingOf(kBar));
+  panel_.scrollVolume->value = bar;
+  send(levelOfBar(bar, meant().levelMaximum()));
+  panel_.lblVolume->caption = u"%1 %"_s.arg(static_cast<int>(bar) / 24);
 }
 
 void Volume::scrollVolumeButton_Press(int by) {
@@ -45,74 +50,84 @@ void Volume::scrollVolumeButton_Press(int by) {
     panel_.ScrollVolumeDN->setPicture(u"music"_s, u"volminusb"_s);
   else
     panel_.ScrollVolumeUp->setPicture(u"music"_s, u"volplusb"_s);
-  RepeatMode_ = by < 0 ? Quieter : Louder;
-  panel_.RepeatTimer->interval = kRepeat;
-  panel_.RepeatTimer->enabled = true;
-  step(kFirstStep);
+  uses_.paging.repeat(kRepeatMs, [this, by] {
+    uses_.pump.doEvents();  // the button may be let go meanwhile
+    if (uses_.paging.repeats() && (by > 0 || meant().level() > 0)) step(by, kHeldStep);
+    return true;
+  });
+  step(by, kFirstStep);
 }
 
 void Volume::scrollVolumeButton_Release() {
   panel_.ScrollVolumeDN->setPicture(u"music"_s, u"volminus"_s);
   panel_.ScrollVolumeUp->setPicture(u"music"_s, u"volplus"_s);
-  if (RepeatMode_ == Still) return;
-  RepeatMode_ = Still;
-  panel_.RepeatTimer->enabled = false;
+  uses_.paging.endRepeat();
 }
 
-void Volume::RepeatTimer_Tick() {
-  if (RepeatMode_ == Still || (RepeatMode_ == Quieter && uses_.music.listenerVolume == 0)) return;
-  uses_.pump.doEvents();
-  if (RepeatMode_ != Still) step(kHeldStep);
-}
-
-void Volume::step(double share) {
-  const double by = uses_.music.listenerMaxVolume * share;
-  send(uses_.music.listenerVolume + (RepeatMode_ == Quieter ? -by : by));
+void Volume::step(int by, double share) {
+  send(meant().level() + by * meant().levelMaximum() * share);
 }
 
 void Volume::mute_Click() {
-  const bool movies = uses_.tabs.open(kMoviesTab);
-  if (movies || uses_.tabs.open(kMusicTab)) toggleMute(movies);
+  if (Player* player = uses_.players.meant()) toggleMute(*player);
 }
 
 void Volume::muteMusic() {
-  toggleMute(false);
+  toggleMute(uses_.music);
 }
 
-void Volume::toggleMute(bool movies) {
+bool Volume::muted(const Player& player) const {
+  const QString flags = panel_.mute->tag().leftJustified(2, u'0', true);
+  return flags[player.sound() == Player::Sound::Movies ? 1 : 0] == u'1';
+}
+
+void Volume::showMute() {
+  panel_.mute->setPicture(u"music"_s, muted(meant()) ? u"muteb"_s : u"mute"_s);
+}
+
+// The tag holds a flag for the music and one for the movies.
+void Volume::toggleMute(Player& player) {
   QString flags = panel_.mute->tag().leftJustified(2, u'0', true);
-  QChar& flag = flags[movies ? 1 : 0];
-  const bool on = flag != u'1';
-  flag = on ? u'1' : u'0';
-  const QString command = on ? u"MUTE=TRUE"_s : u"MUTE=FALSE"_s;
+  const bool on = !muted(player);
+  flags[player.sound() == Player::Sound::Movies ? 1 : 0] = on ? u'1' : u'0';
   panel_.mute->tag = flags;
   panel_.mute->setPicture(u"music"_s, on ? u"muteb"_s : u"mute"_s);
-  if (!movies)
-    uses_.music.ConnectionMP3Send(u"MUSIC"_s, command);
-  else if (movies_)
-    movies_->ConnectionMovieSend(
-        uses_.state.gMovieType == MovieType::ListenerDvd ? u"DVDP"_s : u"MOVIE"_s, command);
-}
-
-void Volume::showBar() {
-  const double maximum = uses_.music.listenerMaxVolume;
-  if (maximum > 0) panel_.scrollVolume->value = barOfLevel(uses_.music.listenerVolume, maximum);
+  player.setMute(on);
 }
 
 void Volume::volumeTold() {
-  if (uses_.music.listenerMaxVolume > 0 &&
-      std::round(uses_.music.listenerVolume) > std::round(ceiling()))
-    send(ceiling());
-  showBar();
+  const double maximum = uses_.music.levelMaximum();
+  if (maximum <= 0) return;
+  if (std::round(uses_.music.level()) > ceilingOf(maximum))
+    uses_.music.setLevel(ceilingOf(maximum));
+  panel_.scrollVolume->value = barOfLevel(uses_.music.level(), maximum);
+}
+
+void Volume::mixerOpened(bool there) {
+  const Settings& settings = uses_.settings;
+  const int percent = std::min(settings.number(key::VolumeStart), settings.number(key::VolumeMax));
+  if (there)
+    uses_.mixer.setLevel(uses_.mixer.maximum() * percent / 100);
+  else
+    holdCeiling();
 }
 
 void Volume::mixerChanged() {
   if (!uses_.state.gLocalListener) return;
-  if (uses_.mixer.maximum() == 0) {
+  if (uses_.mixer.maximum() == 0)
     uses_.log.logIt(u"The mixer has gone; the player's own volume takes its place."_s);
-    return;
-  }
-  uses_.music.levelChangedOutside();
+  holdCeiling();
+  uses_.connection.levelChangedOutside();
+}
+
+// Whether or not the level is shown, and with no mixer by the player's own volume.
+void Volume::holdCeiling() {
+  const int percent = uses_.settings.number(key::VolumeMax);
+  const int maximum = uses_.mixer.maximum();
+  if (maximum > 0 && uses_.mixer.level() > ceilingOf(maximum))
+    uses_.mixer.setLevel(static_cast<int>(ceilingOf(maximum)));
+  if (maximum == 0)
+    uses_.player.setVolume(static_cast<int>(std::lround(2000 * std::log10(percent / 100.0))));
 }
 
 }  // namespace korvane

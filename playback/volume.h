@@ -1,48 +1,43 @@
-// The sound level and the mutes: the bar, the two buttons that are held, and an owner's bounds.
+// The sound level and the mutes: the bar, the two buttons that are held, and an owner's ceiling.
+// They act on the player that a finger means, and on the music where there is none.
 #pragma once
 
 #include "core/form/panel.h"
-#include "core/main_form.h"
+#include "core/paging.h"
+#include "core/players.h"
 #include "core/settings.h"
-#include "core/tab_controller.h"
 #include "listener/music_connection.h"
 
 namespace korvane {
-
-// The movie side's own sound, once there is one.
-class MovieSound {
- public:
-  virtual ~MovieSound() = default;
-  // VOLUME with a level, MUTE=TRUE, MUTE=FALSE to "MOVIE" or "DVDP". Yields.
-  virtual void ConnectionMovieSend(const QString& target, const QString& command,
-                                   const QString& argument = {}) = 0;
-};
 
 class Volume {
  public:
   struct Uses {
     AppState& state;
     const Settings& settings;
-    const TabController& tabs;
-    MusicConnection& music;
+    const Players& players;
+    Player& music;
+    Paging& paging;  // repeats a held button
+    MusicConnection& connection;
+    MediaPlayer& player;
     Mixer& mixer;
     const Log& log;
     Pump& pump;
   };
   Volume(Form& form, Uses uses);
-  void setMovieSound(MovieSound* movies) { movies_ = movies; }  // not owned
 
   void scrollVolume_Change();             // the finger moved the bar. Yields.
   void scrollVolumeButton_Press(int by);  // +1 louder, -1 quieter. Yields.
   void scrollVolumeButton_Release();
-  void RepeatTimer_Tick();  // while a button is held. Yields.
-  void mute_Click();        // of the page: music or movies. Yields.
-  void muteMusic();         // from any page. Yields.
+  void mute_Click();  // of what the finger means, on the Music and the Movies tab. Yields.
+  void muteMusic();   // from any page. Yields.
+  void showMute();    // of what the finger means
 
   // A player has told its level: the bar follows, and a level above the owner's goes down. Yields.
   void volumeTold();
-  // The mixer was changed by another program or has gone.
-  void mixerChanged();
+  void mixerChanged();           // by another program, or it has gone
+  void holdCeiling();            // of this machine's own sound, by the mixer or else the player
+  void mixerOpened(bool there);  // the console's own sound begins at the owner's level
 
  private:
   struct Panel : FormPanel {
@@ -52,22 +47,21 @@ class Volume {
     Image* ScrollVolumeDN = bind("ScrollVolumeDN");
     Image* mute = bind("mute");
     Label* lblVolume = bind("lblVolume");
-    Timer* RepeatTimer = bind("RepeatTimer");
   };
-  enum RepeatModes { Still = 0, Quieter = 4, Louder = 5 };
-  void toggleMute(bool movies);
+
+  Player& meant() const;
+  void toggleMute(Player& player);
+  bool muted(const Player& player) const;
   void send(double level);
-  void step(double share);
-  double ceiling() const;
-  void showBar();
+  void step(int by, double share);
+  double ceilingOf(double maximum) const;
 
   Uses uses_;
   Panel panel_;
-  MovieSound* movies_ = nullptr;
-  int RepeatMode_ = Still;
 };
 
-// The part of the full level that percent of a bar of 2400 steps means; the bar's own share back.
+// The level that a place of the bar of 2400 steps means; the bar's own place back. With a maximum
+// that is not known the place is the level.
 double levelOfBar(double bar, double maximum);
 double barOfLevel(double level, double maximum);
 

@@ -171,14 +171,29 @@ bool Form::fire(Control& control, const Event& event) {
   };
   for (const Policy& policy : policies_.value(key))
     go = [&control, &event, policy, inner = std::move(go)] { policy(control, event, inner); };
-  go();
+  guarded(control.name, event.type, go);
   return true;
+}
+
+void Form::guarded(QStringView controlName, Event::Type type, const std::function<void()>& work) {
+  static constexpr const char* names[] = {"Click",         "DblClick", "Press",   "Release",
+                                          "Change",        "Scroll",   "KeyDown", "KeyPress",
+                                          "ButtonClicked", "Timer",    "Move"};
+  if (!failed) return work();
+  try {
+    work();
+  } catch (const std::exception& failure) {
+    failed(*this, controlName.toString() + u'_' + QString::fromLatin1(names[type]),
+           QString::fromUtf8(failure.what()));
+  }
 }
 
 bool Form::fireKey(const Event& event) {
   const auto found = handlers_.constFind(u"!"_s + QString::number(event.type));
   if (found == handlers_.constEnd() || controls_.empty()) return false;
-  for (const Handler& handler : std::vector<Handler>(*found)) handler(*controls_.front(), event);
+  guarded(u"Form", event.type, [&, handlers = std::vector<Handler>(*found)] {
+    for (const Handler& handler : handlers) handler(*controls_.front(), event);
+  });
   return true;
 }
 

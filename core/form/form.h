@@ -86,9 +86,15 @@ class Form : public Noticing {
   // policy before it, or leaves it. The last one that came is asked first.
   using Policy = std::function<void(Control&, const Event&, const std::function<void()>& go)>;
   void around(QStringView controlName, Event::Type type, Policy policy);
-  // True when somebody heard it. Controls that are hidden or not enabled fire nothing but Tick.
+  // True when somebody heard it. Controls that are hidden or not enabled fire nothing but Tick. No
+  // exception of a handler comes out while `failed` is set.
   bool fire(Control& control, const Event& event);
   bool fireKey(const Event& event);
+
+  // Told what a handler of any form has thrown, with the handler's name, as "Grid_Click". One for
+  // all forms of the program; without it exceptions go through.
+  using Failed = std::function<void(const Form& form, const QString& handler, const QString& what)>;
+  static inline Failed failed;
 
   void observe(FormObserver* observer);
   void forget(FormObserver* observer);
@@ -109,6 +115,7 @@ class Form : public Noticing {
   Rect laidOut(const Control& control) const;
   QString key(QStringView controlName, int index) const;
   static QString eventKey(QStringView controlName, Event::Type type);
+  void guarded(QStringView controlName, Event::Type type, const std::function<void()>& work);
 
   std::vector<std::unique_ptr<Control>> controls_;
   QHash<QString, Control*> byName_;

@@ -38,6 +38,19 @@ void PlaySongs::setPlaySongs(const QList<PlaySong>& songs) {
   rsPlaySongs.MoveLast();
 }
 
+void PlaySongs::removePlaySong(int record) {
+  if (record < 1 || record > rsPlaySongs.RecordCount()) return;
+  const int current = rsPlaySongs.AbsolutePosition();
+  rsPlaySongs.setAbsolutePosition(record);
+  rsPlaySongs.Delete();
+  rsPlaySongs.setAbsolutePosition(current > record ? current - 1 : current);
+  QList<int> left = rsRandomPool.rows();
+  left.removeOne(record);
+  for (int& number : left)
+    if (number > record) --number;
+  rsRandomPool.setRows(std::move(left));
+}
+
 int PlaySongs::getRandomRecord(bool refill, Chance& chance) {
   if (rsRandomPool.RecordCount() == 0) {
     if (!refill) return 0;

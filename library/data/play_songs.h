@@ -22,6 +22,9 @@ class PlaySongs {
   void addPlaySong(const PlaySong& song);
   // The whole play list at once, of songs that are fitted(); as addPlaySong() for each.
   void setPlaySongs(const QList<PlaySong>& songs);
+  // Takes a song out of the play list and of the pool. The current record stays the same song, or
+  // becomes the one behind it when that is the one that goes.
+  void removePlaySong(int record);
   static PlaySong fitted(PlaySong song);  // the texts cut to their fields' widths
 
   // Draws one number of the pool and takes it out. An empty pool gives 0, or is filled first when

@@ -3,40 +3,30 @@
 namespace korvane {
 namespace {
 
-enum Command { kArtists, kAlbums, kPlaylists, kAllSongs, kSearch, kBack, kFavourites };
 constexpr int kForgetTyped = 2000;  // ms
-constexpr int kRepeat = 120;        // ms between rows of a held button
-
-QString firstLetter(const QString& text) {
-  for (const QChar c : text)
-    if (c.isLetterOrNumber()) return QString(c.toUpper());
-  return {};
-}
+constexpr int kDelColumn = 6;       // of the favourites
 
 }  // namespace
 
 Browsing::Browsing(Form& form, Uses uses) : uses_(uses), panel_(form) {
+  for (size_t i = 0; i < kMusicLists; ++i) pages_[i] = makePage(static_cast<MusicList>(i));
   panel_.KeyboardTimer->interval = kForgetTyped;
 }
 
-void Browsing::showGrid(int index) {
-  Grid& grid = *panel_.grid[static_cast<size_t>(index)];
+void Browsing::showGrid(MusicList list) {
+  Grid& grid = page(list).grid;
   for (Grid* other : panel_.grid)
     if (other != &grid) other->visible = false;
   grid.visible = true;
-  uses_.state.gridMode = index;
-  panel_.VscrollAllSongs->minimum = 1;
-  panel_.VscrollAllSongs->maximum = std::max(grid.maxRows(), 1);
-  panel_.VscrollAllSongs->value = std::max(grid.row(), 1);
-  panel_.VscrollAllSongs->visible = true;
-  panel_.cmdOneSong[0]->visible = panel_.cmdOneSong[1]->visible = true;
-  if (uses_.state.playListEditing && editor_) editor_->listShown(index);
+  uses_.state.gridMode = list;
+  uses_.paging.show(grid);
+  if (uses_.state.playListEditing && editor_) editor_->listShown(list);
 }
 
 // The lists that songs are taken from stay open to the editor; the others end it.
-bool Browsing::leaveEditing(int command) {
+bool Browsing::leaveEditing(PageCommand command) {
   if (!uses_.state.playListEditing) return true;
-  if (command != kPlaylists && command != kFavourites) return true;
+  if (command != PageCommand::Playlists && command != PageCommand::Favourites) return true;
   if (!uses_.messages.confirm(
           u" This will cancel any play list changes, do you want to continue? "_s))
     return false;
@@ -44,66 +34,73 @@ bool Browsing::leaveEditing(int command) {
   return true;
 }
 
-void Browsing::cmdTop_Click(int index) {
+void Browsing::cmdTop_Click(PageCommand command) {
+  using enum PageCommand;
   if (uses_.screen.busy()) return;
   const Busy busy(uses_.screen, Screen::Custom);
-  if (!leaveEditing(index)) return;
+  if (!leaveEditing(command)) return;
   if (uses_.state.playListEditing && editor_ &&
-      (index == kSearch || (index == kBack && editor_->searching()))) {
-    editor_->search();
-    return;
-  }
-  const bool keepsMarks = index == kBack || index == kSearch || index == kPlaylists;
-  if (!keepsMarks || (index == kPlaylists && uses_.state.jukeboxMode)) uses_.main.ResetSelections();
-  if (lastTop_ == kPlaylists && uses_.state.jukeboxMode) panel_.cmdControls[5]->visible = true;
+      (command == Search || (command == Back && editor_->searching())))
+    return editor_->search();
+  if (command == Back) return goBack();
+  if (command == Search) return search();
 
-  switch (index) {
-    case kArtists:
-      showGrid(0);
+  uses_.main.ResetSelections();
+  if (lastTop_ == Playlists && uses_.state.jukeboxMode) panel_.repeat->visible = true;
+  switch (command) {
+    case Artists:
+      showGrid(MusicList::Artists);
       break;
-    case kAlbums:
-      if (panel_.grid[4]->maxRows() < 2) fillAlbums();
-      showGrid(4);
+    case Albums:
+      if (page(MusicList::Albums).grid.maxRows() < 2) fillAlbums();
+      showGrid(MusicList::Albums);
       break;
-    case kPlaylists:
-      uses_.main.ResetSelections();
-      if (!uses_.state.jukeboxMode) uses_.playlists.PlayListSetupFiles(*panel_.grid[6]);
-      showGrid(6);
+    case Playlists:
+      if (!uses_.state.jukeboxMode) {
+        page(MusicList::Playlists).setUp(uses_.palette, uses_.state);  // the queue looks otherwise
+        uses_.playlists.PlayListSetupFiles(page(MusicList::Playlists).grid);
+      }
+      showGrid(MusicList::Playlists);
       break;
-    case kAllSongs:
-      if (!rsMain_) fillSongs();
-      showGrid(5);
+    case AllSongs:
+      if (!allSongs().rows()) fillSongs();
+      showGrid(MusicList::AllSongs);
       break;
-    case kFavourites:
-      getFavorites(!uses_.state.gFavoritesLoaded);
-      showGrid(8);
+    case Favourites:
+      openFavourites();
       break;
-    case kBack:
-      goBack();
-      return;
-    case kSearch:
-      search();
-      return;
-    default:
-      return;
+    case Search:
+    case Back:
+      break;
   }
-  uses_.main.markTop(index);
-  lastTop_ = index;
+  uses_.main.markTop(static_cast<int>(command));
+  lastTop_ = command;
 }
 
 void Browsing::goBack() {
-  const int from = uses_.state.gridMode;
-  if (from != 1 && from != 2 && from != 3) return;
-  int to = 0;
-  if (from == 1) to = backGrid_ == 4 ? 4 : panel_.grid[2]->maxRows() == 1 ? 0 : 2;
-  if (from == 3) to = 6;
-  if (to == 2 && panel_.grid[2]->maxRows() == 0) to = 0;
+  using enum MusicList;
+  MusicList to = Artists;
+  switch (uses_.state.gridMode) {
+    case AlbumSongs: {
+      const int albums = page(ArtistAlbums).grid.maxRows();
+      to = backGrid_ == Albums ? Albums : albums > 1 ? ArtistAlbums : Artists;
+      break;
+    }
+    case ArtistAlbums:
+      break;
+    case PlaylistSongs:
+      to = Playlists;
+      break;
+    default:
+      return;
+  }
   uses_.main.ResetSelections();
   showGrid(to);
-  uses_.main.markTop(to == 4 ? kAlbums : to == 6 ? kPlaylists : kArtists);
+  mark(to);
 }
 
 void Browsing::search() {
+  constexpr int kSearch = static_cast<int>(PageCommand::Search);
   Image* image = panel_.cmdTop[kSearch];
   image->setPicture(u"Music"_s, uses_.main.topPicture(kSearch, true));
   const QString value = uses_.messages.ask(u"Enter search value and hit enter"_s);
@@ -112,211 +109,133 @@ void Browsing::search() {
 }
 
 void Browsing::lookUp(const QString& text) {
-  const int index = uses_.state.gridMode;
-  Grid& grid = *panel_.grid[static_cast<size_t>(index)];
+  const MusicList list = uses_.state.gridMode;
+  const Grid& grid = page(list).grid;
   if (grid.maxRows() == 0) return;
-  if (index == 5) {
-    setActive(5, std::min(rsMain_->Find(text), grid.maxRows()));
-    return;
-  }
-  const int row = grid.SearchCol(1, 1, text);
-  if (row > 0) setActive(index, row);
+  const int row = list == MusicList::AllSongs
+                      ? std::min(allSongs().rows()->Find(text), grid.maxRows())
+                      : grid.SearchCol(1, 1, text);
+  if (row > 0) setActive(list, row);
 }
 
-void Browsing::setActive(int index, int row) {
-  panel_.grid[static_cast<size_t>(index)]->SetActiveCell(1, row);
-  if (index == uses_.state.gridMode) panel_.VscrollAllSongs->value = row;
+void Browsing::setActive(MusicList list, int row) {
+  page(list).grid.SetActiveCell(1, row);
+  uses_.paging.follow(page(list).grid);
 }
 
-bool Browsing::moveActive(int index, int rows) {
-  const Grid& grid = *panel_.grid[static_cast<size_t>(index)];
-  const int to = grid.row() + rows;
-  if (to < 1 || to > grid.maxRows()) return false;
-  setActive(index, to);
-  return true;
-}
-
-void Browsing::Grid_Click(int index, int, int row) {
+void Browsing::Grid_Click(MusicList list, int, int row) {
   if (uses_.screen.busy()) return;
-  if (row == 0) {
-    cmdTop_Click(kBack);
-    return;
-  }
+  if (row == 0) return cmdTop_Click(PageCommand::Back);
   const Busy busy(uses_.screen, Screen::Custom);
-  Grid& grid = *panel_.grid[static_cast<size_t>(index)];
+  Grid& grid = page(list).grid;
   if (row > grid.maxRows()) return;
   grid.row = row;
-  switch (index) {
-    case 0:
-      openArtist(row);
+  switch (list) {
+    case MusicList::Artists:
+      openArtist(grid.cell(1, row));
       break;
-    case 2:
-      openAlbum(artist_, grid.cell(1, row), 0);
+    case MusicList::ArtistAlbums:
+      openAlbum(artist_, grid.cell(1, row), MusicList::Artists);
       break;
-    case 4:
-      openAlbum(grid.cell(2, row), grid.cell(1, row), 4);
+    case MusicList::Albums:
+      openAlbum(grid.cell(2, row), grid.cell(1, row), MusicList::Albums);
       break;
-    case 6:
+    case MusicList::Playlists:
       if (!uses_.state.jukeboxMode) openPlaylist(grid.cell(1, row), grid.cell(2, row));
       break;
     default:
-      panel_.VscrollAllSongs->value = row;
+      uses_.paging.follow(grid);
   }
 }
 
-PlaySong Browsing::songAt(int index, int row) const {
-  const Grid& grid = *panel_.grid[static_cast<size_t>(index)];
-  if (index == 5)
-    return {songTitleShown(grid.cell(1, row)),
-            grid.cell(2, row),
-            grid.cell(4, row),
-            {},
-            {},
-            grid.cell(3, row)};
-  if (index == 3) return uses_.playlists.openedSong(row);
-  return {grid.cell(1, row), grid.cell(3, row), grid.cell(2, row), {}, {}, grid.cell(5, row)};
+void Browsing::Grid_DblClick(MusicList list, int, int row) {
+  if (uses_.screen.busy() || row < 1) return;
+  const Busy busy(uses_.screen, Screen::Custom);
+  activate(list, row);
 }
 
-void Browsing::Grid_DblClick(int index, int, int row) {
-  if (uses_.screen.busy() || row == 0) return;
-  const Busy busy(uses_.screen, Screen::Custom);
-  Grid& grid = *panel_.grid[static_cast<size_t>(index)];
-  if (row > grid.maxRows()) return;
-  grid.row = row;
+void Browsing::playShown() {
+  const MusicListPage& shown = page(uses_.state.gridMode);
+  const bool plays = shown.holdsSongs() || shown.list == MusicList::DiscTracks;
+  if (plays && shown.grid.visible() && shown.grid.maxRows() > 0)
+    activate(shown.list, std::max(shown.grid.row(), 1));
+}
+
+void Browsing::activate(MusicList list, int row) {
+  MusicListPage& from = page(list);
+  if (row > from.grid.maxRows()) return;
+  from.grid.row = row;
+  uses_.paging.follow(from.grid);
   try {
-    if (index == 7)
-      songs_->playDiscRow(row);
-    else if (uses_.state.jukeboxMode)
-      addToJukebox(index, row);
-    else
-      play(index, row);
+    if (list == MusicList::DiscTracks) return songs_->playDiscRow(row);
+    if (!uses_.state.jukeboxMode) return play(from, row);
+    if (auto song = from.songAt(row)) {
+      song->Title = songTitleShown(song->Title);
+      songs_->jukeboxAdd(*song);
+    }
   } catch (const std::exception& failure) {
     uses_.box.show(u"Cannot play selection \n"_s + QString::fromUtf8(failure.what()));
     songs_->playFailed();
   }
 }
 
-void Browsing::addToJukebox(int index, int row) {
-  if (index == 1 || index == 3 || index == 5 || index == 8) songs_->jukeboxAdd(songAt(index, row));
-}
-
-void Browsing::play(int index, int row) {
-  switch (index) {
-    case 1:
-      panel_.lblCurrentPlayList->caption = QString();
-      songs_->startFrom(index);
-      fillPlaySongs(albumSongs_);
-      break;
-    case 3:
-      songs_->startFrom(index);
-      uses_.playlists.useOpened();
-      break;
-    case 5:
-      panel_.VscrollAllSongs->value = row;
-      songs_->startFrom(index);
-      break;
-    case 8:
-      panel_.lblCurrentPlayList->caption = QString();
-      songs_->startFrom(index);
-      getFavorites(false);
-      break;
-    default:
-      return;
-  }
+void Browsing::play(MusicListPage& from, int row) {
+  if (!from.holdsSongs()) return;
+  if (from.list == MusicList::AlbumSongs || from.list == MusicList::Favourites)
+    panel_.lblCurrentPlayList->caption = QString();
+  songs_->startFrom(from.list);
+  if (from.list == MusicList::PlaylistSongs)
+    uses_.playlists.useOpened();
+  else if (from.list != MusicList::AllSongs)
+    fillPlaySongs(from.songs());
   songs_->playSongRecord(row);
 }
 
-void Browsing::Grid_ButtonClicked(int index, int column, int row) {
-  if (index != 8 || column != 6 || uses_.screen.busy()) return;
+void Browsing::Grid_ButtonClicked(MusicList list, int column, int row) {
+  if (list != MusicList::Favourites || column != kDelColumn || uses_.screen.busy()) return;
   const Busy busy(uses_.screen, Screen::Custom);
-  if (row < 1 || row > favouriteSongs_.size()) return;
-  const Song song = favouriteSongs_.takeAt(row - 1);
-  uses_.database.clearFavorite(song.Artist, song.album, song.SongTitle);
+  SongListPage& favourites = songPage(list);
+  const std::optional<PlaySong> song = favourites.songAt(row);
+  if (!song) return;
+  uses_.database.clearFavorite(song->Artist, song->Album, song->Title);
+  favourites.take(row);
   forgetMarks();
-  panel_.grid[8]->deleteRow(row);
-  Recordset<PlaySong>& list = uses_.database.rsPlaySongs;
-  if (list.at(row).Path == song.SongPath) {
-    const int playing = list.AbsolutePosition();
-    list.setAbsolutePosition(row);
-    list.Delete();
-    list.setAbsolutePosition(playing > row ? playing - 1 : playing);
-  }
-  showGrid(8);
-}
-
-void Browsing::VscrollAllSongs_Change() {
-  const int row = static_cast<int>(std::lround(panel_.VscrollAllSongs->value()));
-  panel_.grid[static_cast<size_t>(uses_.state.gridMode)]->SetActiveCell(1, row);
-}
-
-void Browsing::VscrollAllSongs_Scroll() {
-  VscrollAllSongs_Change();
-  const Grid& grid = *panel_.grid[static_cast<size_t>(uses_.state.gridMode)];
-  panel_.VscrollAllSongs->bubble = firstLetter(grid.cell(1, grid.row()));
-}
-
-void Browsing::VscrollAllSongs_Release() {
-  panel_.VscrollAllSongs->bubble = QString();
-}
-
-void Browsing::cmdOneSong_Press(int index) {
-  if (index > 1) return;
-  repeatRows_ = index == 0 ? -1 : 1;
-  moveActive(uses_.state.gridMode, repeatRows_);
-  panel_.RepeatTimer->interval = kRepeat;
-  panel_.RepeatTimer->enabled = true;
-}
-
-void Browsing::cmdOneSong_Release() {
-  repeatRows_ = 0;
-  panel_.RepeatTimer->enabled = false;
-}
-
-void Browsing::RepeatTimer_Tick() {
-  if (repeatRows_ == 0) return;
-  if (!moveActive(uses_.state.gridMode, repeatRows_)) cmdOneSong_Release();
+  if (uses_.database.rsPlaySongs.at(row).Path == song->Path) uses_.database.removePlaySong(row);
+  showGrid(list);
 }
 
 void Browsing::Form_KeyDown(int key) {
   enum { Enter = 13, PageUp = 33, PageDown = 34, End = 35, Home = 36, Up = 38, Down = 40 };
-  const int index = uses_.state.gridMode;
-  Grid& grid = *panel_.grid[static_cast<size_t>(index)];
+  const MusicList list = uses_.state.gridMode;
+  Grid& grid = page(list).grid;
   if (uses_.screen.busy() || !grid.visible() || grid.maxRows() == 0) return;
   constexpr int kPage = 6;
-  const auto to = [&](int row) { setActive(index, std::clamp(row, 1, grid.maxRows())); };
+  const auto to = [&](int row) { setActive(list, std::clamp(row, 1, grid.maxRows())); };
+  const int row = grid.row();
   switch (key) {
     case Up:
-      to(grid.row() - 1);
-      break;
+      return to(row - 1);
     case Down:
-      to(grid.row() + 1);
-      break;
+      return to(row + 1);
     case PageUp:
-      to(grid.row() - kPage);
-      break;
+      return to(row - kPage);
     case PageDown:
-      to(grid.row() + kPage);
-      break;
+      return to(row + kPage);
     case Home:
-      to(1);
-      break;
+      return to(1);
     case End:
-      to(grid.maxRows());
-      break;
-    case Enter: {
-      const int row = grid.row();
-      Grid_Click(index, 1, row);
-      if (uses_.state.gridMode == index) Grid_DblClick(index, 1, row);
-      break;
-    }
+      return to(grid.maxRows());
+    case Enter:
+      Grid_Click(list, 1, row);
+      if (uses_.state.gridMode == list) Grid_DblClick(list, 1, row);
+      return;
     default:
-      break;
+      return;
   }
 }
 
 void Browsing::Form_KeyPress(const QString& text) {
-  const Grid& grid = *panel_.grid[static_cast<size_t>(uses_.state.gridMode)];
-  if (uses_.screen.busy() || !grid.visible() || text.isEmpty() || !text[0].isPrint()) return;
+  if (uses_.screen.busy() || !shownGrid().visible() || text.isEmpty() || !text[0].isPrint()) return;
   typed_ += text;
   panel_.KeyboardTimer->enabled = false;  // counts anew from the last key
   panel_.KeyboardTimer->enabled = true;

@@ -1,18 +1,15 @@
-// The music lists: what each shows, what a press on a row or a list command does, and how a finger
-// or a keyboard moves through the long ones.
+// The music lists: which of them is on screen, what a press on a row or a list command does, and
+// how a keyboard moves through the long ones.
 #pragma once
 
-#include "core/form/form.h"
 #include "core/form/panel.h"
 #include "core/log.h"
 #include "core/main_form.h"
-#include "core/palette.h"
+#include "core/paging.h"
 #include "core/prompt.h"
 #include "core/screen.h"
-#include "library/data/database.h"
-#include "library/lists/playlists.h"
+#include "library/lists/music_lists.h"
 #include "platform/machine.h"
-#include "platform/pump.h"
 
 namespace korvane {
 
@@ -21,34 +18,22 @@ class SongActivation {
  public:
   virtual ~SongActivation() = default;
   // A row of that list is about to play: the movie side stops, the list becomes the playing one.
-  virtual void startFrom(int grid) = 0;
-  virtual void playSongRecord(int record) = 0;  // of rsPlaySongs; 0 keeps the cursor. Yields.
-  virtual void jukeboxAdd(const PlaySong& song) = 0;
-  virtual void playDiscRow(int /*row*/) {}  // of the list of the CD. Yields.
-  virtual void playFailed() = 0;            // the transport's pictures go back to stopped
+  virtual void startFrom(MusicList list) = 0;
+  virtual void playSongRecord(int record) = 0;        // of rsPlaySongs; 0 keeps the cursor. Yields.
+  virtual void jukeboxAdd(const PlaySong& song) = 0;  // Yields.
+  virtual void playDiscRow(int /*row*/) {}            // of the list of the CD. Yields.
+  virtual void playFailed() = 0;                      // the transport's pictures go back to stopped
+  virtual void allSongsMoved() {}                     // the page of all songs has other rows now
 };
 
 // The playlist editor, as the lists see it.
 class ListEditor {
  public:
   virtual ~ListEditor() = default;
-  virtual void cancel() = 0;             // what was not saved is dropped
-  virtual void listShown(int grid) = 0;  // another list of the library is in front
-  virtual void search() = 0;             // shows or hides its search panel
+  virtual void cancel() = 0;                   // what was not saved is dropped
+  virtual void listShown(MusicList list) = 0;  // another list of the library is in front
+  virtual void search() = 0;                   // shows or hides its search panel
   virtual bool searching() const = 0;
-};
-
-struct BrowsingPanel : FormPanel {
-  using FormPanel::FormPanel;
-  std::array<Grid*, 11> grid = bind("Grid");
-  std::array<Image*, 7> cmdTop = bind("cmdTop");
-  std::array<Image*, 4> cmdOneSong = bind("cmdOneSong");
-  std::array<Image*, 8> cmdControls = bind("cmdControls");
-  std::array<Image*, 2> optMode = bind("optMode");
-  Slider* VscrollAllSongs = bind("VscrollAllSongs");
-  Label* lblCurrentPlayList = bind("lblCurrentPlayList");
-  Timer* KeyboardTimer = bind("KeyboardTimer");
-  Timer* RepeatTimer = bind("RepeatTimer");
 };
 
 class Browsing {
@@ -56,48 +41,47 @@ class Browsing {
   struct Uses {
     MainForm& main;
     AppState& state;
+    const Settings& settings;
     Screen& screen;
     Messages& messages;
     SystemBox& box;
     const Log& log;
     const Palette& palette;
+    Paging& paging;
     Database& database;
     Playlists& playlists;
   };
   Browsing(Form& form, Uses uses);
 
   void setSongs(SongActivation& songs) { songs_ = &songs; }  // before the first press
-
   void setEditor(ListEditor& editor) { editor_ = &editor; }
 
-  // Columns, font, row height and colours of every list.
-  void setUpGrids();
+  // Fills. What the database cannot do is thrown, and the list stays as it was.
+  void setUpGrids();  // columns, font, row height and colours of every list
   void fillArtists();
   void fillAlbums();
   void fillSongs();
-  void getFavorites(bool fill);
-  // Fills Grid(1) with an album, without touching the play list.
-  void getArtistOrAlbumSongs(const QString& artist, const QString& album);
 
   // Opens a list: its songs, with the caption that names it. Says so when it has none. Yields.
   void openPlaylist(const QString& name, const QString& path);
 
-  void cmdTop_Click(int index);
-  void Grid_Click(int index, int column, int row);
-  void Grid_DblClick(int index, int column, int row);
-  void Grid_ButtonClicked(int index, int column, int row);
-  void VscrollAllSongs_Change();
-  void VscrollAllSongs_Scroll();  // while the thumb is held: the letter beside it
-  void VscrollAllSongs_Release();
-  void cmdOneSong_Press(int index);
-  void cmdOneSong_Release();
-  void RepeatTimer_Tick();
+  void cmdTop_Click(PageCommand command);  // Yields.
+  void Grid_Click(MusicList list, int column, int row);
+  void Grid_DblClick(MusicList list, int column, int row);  // Yields.
+  void Grid_ButtonClicked(MusicList list, int column, int row);
   void Form_KeyDown(int key);
   void Form_KeyPress(const QString& text);
   void KeyboardTimer_Tick();  // forgets what was typed
 
-  // Shows one list, alone, with its paging.
-  void showGrid(int index);
+  MusicListPage& page(MusicList list) const { return *pages_[at(list)]; }
+  Grid& shownGrid() const { return page(uses_.state.gridMode).grid; }
+
+  void showGrid(MusicList list);  // alone, with its paging
+  // Starts the list on screen at its active row; nothing when it is none of songs. Yields.
+  void playShown();
+  // Whether that row of the list is that song: it may show another list than the one that plays.
+  bool shows(MusicList list, int row, const PlaySong& song) const;
+
   // Opens the lists at a song of the library; false when it is not there.
   bool openAt(const QString& path);
   // Shows the album of a song with the song active, and marks the artists' command.
@@ -107,35 +91,48 @@ class Browsing {
   void showMarked();  // the selected song has become a favourite
   // Shows a list that runs, its song active: an album, a playlist with its caption, all songs or
   // the favourites.
-  void showRunning(int grid, int row, const QList<PlaySong>& songs, const QString& caption);
-  bool moveActive(int grid, int rows);  // false at an end
-  void resetPlayListView();             // no list chosen, the artists in front
+  void showRunning(MusicList list, int row, const QList<PlaySong>& songs, const QString& caption);
+  void setActive(MusicList list, int row);
+  void resetPlayListView();  // no list chosen, the artists in front
 
  private:
+  struct Panel : FormPanel {
+    using FormPanel::FormPanel;
+    std::array<Grid*, kMusicLists> grid = bind("Grid");
+    std::array<Image*, 7> cmdTop = bind("cmdTop");
+    Image* repeat = bind("cmdControls", static_cast<int>(TransportButton::Repeat));
+    Label* lblCurrentPlay = bind("lblCurrentPlay");
+    Label* lblCurrentPlayList = bind("lblCurrentPlayList");
+    Timer* KeyboardTimer = bind("KeyboardTimer");
+  };
+
+  std::unique_ptr<MusicListPage> makePage(MusicList list);
+  SongListPage& songPage(MusicList list) const;
+  AllSongsPage& allSongs() const;
+  bool looksOnly() const;  // a page that is opened leaves the list alone that runs
+
   void goBack();
   void search();
   void lookUp(const QString& text);
-  void openArtist(int row);
-  void openAlbum(const QString& artist, const QString& album, int from);
-  void setActive(int grid, int row);
-  void play(int index, int row);
-  void addToJukebox(int index, int row);
-  PlaySong songAt(int index, int row) const;
-  void fillPlaySongs(const QList<Song>& songs);
-  bool leaveEditing(int command);
+  void openFavourites();
+  void openArtist(const QString& artist);
+  void openAlbum(const QString& artist, const QString& album, MusicList from);
+  void activate(MusicList list, int row);
+  void play(MusicListPage& page, int row);
+  void fillPlaySongs(const QList<PlaySong>& songs);
+  bool leaveEditing(PageCommand command);
   void forgetMarks();
+  void mark(MusicList list);
 
   Uses uses_;
+  Panel panel_;
+  std::array<std::unique_ptr<MusicListPage>, kMusicLists> pages_;
   SongActivation* songs_ = nullptr;
   ListEditor* editor_ = nullptr;
-  BrowsingPanel panel_;
-  std::shared_ptr<AllSongs> rsMain_;
-  QList<Song> albumSongs_, favouriteSongs_;  // of Grid(1) and Grid(8)
-  QString artist_;                           // of Grid(2)
+  QString artist_;  // of the list of an artist's albums
   QString typed_;
-  int lastTop_ = 0;
-  int backGrid_ = 0;    // where Grid(1) was entered from: 4 all albums, 0 artists
-  int repeatRows_ = 0;  // of a held page button
+  PageCommand lastTop_ = PageCommand::Artists;
+  MusicList backGrid_ = MusicList::Artists;  // where the songs of an album were entered from
 };
 
 }  // namespace korvane

@@ -23,7 +23,7 @@ void Favourites::cmdFavoriateAdd_Click() {
   uses_.pump.doEvents();
   int marked = 0;
   try {
-    const bool ofAllSongs = uses_.state.gridMode == 5;
+    const bool ofAllSongs = uses_.state.gridMode == MusicList::AllSongs;
     marked = uses_.database.setFavorite(song->Artist, song->Album, song->Title,
                                         ofAllSongs ? song->Path : QString());
     // The path form's wildcard is not one of this engine's: what it leaves is marked by the path.

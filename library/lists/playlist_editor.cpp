@@ -6,8 +6,8 @@ namespace {
 constexpr int kGap = 6;  // form units
 constexpr int kOffTheForm = -9000;
 
-bool givesSongs(int grid) {
-  return grid == 5 || grid == 1;
+bool givesSongs(MusicList list) {
+  return list == MusicList::AllSongs || list == MusicList::AlbumSongs;
 }
 
 }  // namespace
@@ -65,7 +65,8 @@ void PlaylistEditor::open(const QString& name) {
   uses_.state.playListChanged = false;
   show();
   rowsChanged();
-  uses_.browsing.cmdTop_Click(givesSongs(uses_.state.gridMode) ? 3 : 0);
+  uses_.browsing.cmdTop_Click(givesSongs(uses_.state.gridMode) ? PageCommand::AllSongs
+                                                               : PageCommand::Artists);
 }
 
 std::vector<Control*> PlaylistEditor::covered() {
@@ -99,18 +100,20 @@ void PlaylistEditor::makeRoom() {
     return place;
   };
   const Rect slider = beside(panel_.playlistslider->rect());
-  for (const size_t list : {0, 1, 2, 3, 4, 5, 6, 8}) {
-    Rect narrow = panel_.grid[list]->rect();
+  for (Grid* list : panel_.grid) {
+    if (list->index > static_cast<int>(MusicList::Favourites)) continue;
+    Rect narrow = list->rect();
     narrow.width = slider.left - kGap - narrow.left;
-    move(panel_.grid[list], narrow);
+    move(list, narrow);
   }
   panel_.VscrollAllSongs->rect = slider;
   panel_.cmdOneSong[0]->rect = beside(panel_.cmdOneSong[2]->rect());
   panel_.cmdOneSong[1]->rect = beside(panel_.cmdOneSong[3]->rect());
-  wideColumns_ = panel_.grid[5]->columns();
+  Grid& allSongs = *panel_.grid[at(MusicList::AllSongs)];
+  wideColumns_ = allSongs.columns();
   std::vector<Grid::Column> narrow = wideColumns_;
   for (size_t column = 1; column < narrow.size(); ++column) narrow[column].hidden = true;
-  panel_.grid[5]->columns = narrow;
+  allSongs.columns = narrow;
 }
 
 void PlaylistEditor::show() {
@@ -124,7 +127,7 @@ void PlaylistEditor::hide() {
   search_.close();
   setOwn(false);
   for (const auto& [control, place] : moved_) control->rect = place;
-  if (!moved_.empty()) panel_.grid[5]->columns = wideColumns_;
+  if (!moved_.empty()) panel_.grid[at(MusicList::AllSongs)]->columns = wideColumns_;
   moved_.clear();
   uses_.main.positionControl(*panel_.VscrollAllSongs);
   uses_.main.positionControl(*panel_.cmdOneSong[0]);
@@ -163,14 +166,14 @@ void PlaylistEditor::cancel() {
   uses_.browsing.showGrid(uses_.state.gridMode);
 }
 
-void PlaylistEditor::listShown(int grid) {
+void PlaylistEditor::listShown(MusicList list) {
   search_.close();
-  showCommands(grid);
+  showCommands(list);
 }
 
-void PlaylistEditor::showCommands(int grid) {
-  panel_.cmdPlayListCommands[AddSong]->enabled = givesSongs(grid) && !search_.shown();
-  panel_.cmdPlayListCommands[AddAlbum]->enabled = grid == 1 && !search_.shown();
+void PlaylistEditor::showCommands(MusicList list) {
+  panel_.cmdPlayListCommands[AddSong]->enabled = givesSongs(list) && !search_.shown();
+  panel_.cmdPlayListCommands[AddAlbum]->enabled = list == MusicList::AlbumSongs && !search_.shown();
 }
 
 void PlaylistEditor::search() {
@@ -180,8 +183,7 @@ void PlaylistEditor::search() {
     return;
   }
   for (Grid* grid : panel_.grid) grid->visible = false;
-  panel_.VscrollAllSongs->visible = false;
-  panel_.cmdOneSong[0]->visible = panel_.cmdOneSong[1]->visible = false;
+  uses_.paging.hide();
   search_.open();
   showCommands(uses_.state.gridMode);
 }
@@ -189,7 +191,7 @@ void PlaylistEditor::search() {
 void PlaylistEditor::cmdPlayListCommands_Click(int index) {
   if (uses_.screen.busy() || !uses_.state.playListEditing) return;
   const Busy busy(uses_.screen, Screen::Custom);
-  const int mode = uses_.state.gridMode;
+  const MusicList list = uses_.state.gridMode;
   switch (static_cast<Command>(index)) {
     case Delete:
       removeRow();
@@ -201,12 +203,12 @@ void PlaylistEditor::cmdPlayListCommands_Click(int index) {
       moveRow(+1);
       break;
     case AddSong:
-      if (givesSongs(mode)) addFrom(mode, panel_.grid[static_cast<size_t>(mode)]->row());
+      if (givesSongs(list)) addFrom(list, uses_.browsing.shownGrid().row());
       break;
     case AddAlbum:
-      if (mode != 1) break;
-      for (int row = 1; row <= panel_.grid[1]->maxRows(); ++row) {
-        addFrom(1, row);
+      if (list != MusicList::AlbumSongs) break;
+      for (int row = 1; row <= uses_.browsing.page(list).grid.maxRows(); ++row) {
+        addFrom(list, row);
         uses_.pump.breathe();
       }
       break;
@@ -234,10 +236,8 @@ void PlaylistEditor::moveRow(int by) {
   list.SetActiveCell(1, to);
 }
 
-void PlaylistEditor::addFrom(int grid, int row) {
-  const Grid& from = *panel_.grid[static_cast<size_t>(grid)];
-  if (row < 1 || row > from.maxRows()) return;
-  addSong(from.cell(1, row), from.cell(grid == 5 ? 3 : 5, row));
+void PlaylistEditor::addFrom(MusicList list, int row) {
+  if (const auto song = uses_.browsing.page(list).songAt(row)) addSong(song->Title, song->Path);
 }
 
 void PlaylistEditor::addSong(const QString& title, const QString& path) {
@@ -287,7 +287,7 @@ void PlaylistEditor::cmdPlayListChoices_Click(int index) {
   uses_.browsing.showGrid(uses_.state.gridMode);
   if (index == 0 || save()) {
     close();
-    if (index == 1) uses_.browsing.cmdTop_Click(2);
+    if (index == 1) uses_.browsing.cmdTop_Click(PageCommand::Playlists);
     return;
   }
   show();  // nothing that was put together is lost with a save that did not come about

@@ -17,6 +17,7 @@ class PlaylistEditor : public ListEditor {
     Messages& messages;
     const Palette& palette;
     Pump& pump;
+    Paging& paging;
     Database& database;
     Playlists& playlists;
     Browsing& browsing;
@@ -43,7 +44,7 @@ class PlaylistEditor : public ListEditor {
 
   // ListEditor
   void cancel() override;
-  void listShown(int grid) override;
+  void listShown(MusicList list) override;
   void search() override;
   bool searching() const override { return search_.shown(); }
 
@@ -75,10 +76,10 @@ class PlaylistEditor : public ListEditor {
   std::vector<Control*> covered();
   void makeRoom();
   void setOwn(bool visible);
-  void showCommands(int grid);
+  void showCommands(MusicList list);
   void removeRow();
   void moveRow(int by);
-  void addFrom(int grid, int row);
+  void addFrom(MusicList list, int row);
   void addSong(const QString& title, const QString& path);
   void pageTo();
   void rowsChanged();

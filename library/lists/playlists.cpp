@@ -124,29 +124,19 @@ std::optional<QList<PlaySong>> Playlists::read(const QString& path, QString* err
   return songs;
 }
 
-bool Playlists::getPlayListSongs(const QString& path, Grid* grid, QString* error) {
-  auto songs = read(path, error);
-  uses_.database.resetPlaySongs();
-  opened_ = std::make_shared<PlaySongRows>(songs.value_or(QList<PlaySong>()));
-  uses_.database.setPlaySongs(opened_->songs);
-  if (grid) grid->setRows(std::shared_ptr<const RowSource>(opened_));
+bool Playlists::getPlayListSongs(const QString& path, QString* error) {
+  const auto songs = read(path, error);
+  reopen(songs.value_or(QList<PlaySong>()));
   return songs.has_value();
 }
 
-void Playlists::reopen(const QList<PlaySong>& songs, Grid& grid) {
+void Playlists::reopen(const QList<PlaySong>& songs) {
   opened_ = std::make_shared<PlaySongRows>(songs);
-  grid.setRows(std::shared_ptr<const RowSource>(opened_));
 }
 
 void Playlists::useOpened() {
-  if (!opened_ || uses_.database.rsPlaySongs.rows().isSharedWith(opened_->songs)) return;
-  uses_.database.resetPlaySongs();
+  if (uses_.database.rsPlaySongs.rows().isSharedWith(opened_->songs)) return;
   uses_.database.setPlaySongs(opened_->songs);
-}
-
-const PlaySong& Playlists::openedSong(int row) const {
-  static const PlaySong none{};
-  return opened_ ? opened_->at(row) : none;
 }
 
 bool Playlists::save(const QString& path, const QStringList& paths, QString* error) {

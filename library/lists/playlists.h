@@ -42,19 +42,20 @@ class Playlists {
   // Fills the list of playlists: column 1 the name, column 2 the path.
   void PlayListSetupFiles(Grid& grid);
 
-  // Reads a list into the play list and, when given, into `grid`. Each line becomes the song of the
-  // library that it means, or itself. False with `error` in words when the file cannot be read,
-  // which leaves the play list empty. Yields.
-  bool getPlayListSongs(const QString& path, Grid* grid, QString* error = nullptr);
+  // Reads a list; it is the one opened last then, and no song of it is in the play list yet. Each
+  // line becomes the song of the library that it means, or itself. False with `error` in words when
+  // the file cannot be read, which leaves an empty one. Yields.
+  bool getPlayListSongs(const QString& path, QString* error);
   // The songs alone; nothing when the file cannot be read. Yields.
   std::optional<QList<PlaySong>> read(const QString& path, QString* error = nullptr);
 
-  void reopen(const QList<PlaySong>& songs, Grid& grid);  // shows a list that was opened before
+  void reopen(const QList<PlaySong>& songs);  // a list that was opened before is the last one again
 
-  // The play list becomes the one that was opened last, when another has taken its place since.
-  void useOpened();
-  const PlaySong& openedSong(int row) const;  // of the list opened last
-  int openedCount() const { return opened_ ? opened_->rowCount() : 0; }
+  // The list opened last: its rows, its songs, and its way into the play list.
+  std::shared_ptr<const RowSource> openedRows() const { return opened_; }
+  QList<PlaySong> openedSongs() const { return opened_->songs; }
+  int openedCount() const { return opened_->rowCount(); }
+  void useOpened();  // nothing when it is the play list already
 
   // Replaces a list as a whole; until that is done, and after a failure (false, with `error` in
   // words), the old one stands. Yields.
@@ -71,7 +72,8 @@ class Playlists {
   QString ownDirectory();
 
   Uses uses_;
-  std::shared_ptr<const PlaySongRows> opened_;
+  std::shared_ptr<const PlaySongRows> opened_ =
+      std::make_shared<PlaySongRows>(QList<PlaySong>());  // never null
 };
 
 }  // namespace korvane

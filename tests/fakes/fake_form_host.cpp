@@ -29,7 +29,9 @@ void FakeFormHost::showModal(Form& form) {
   form.shown = true;
   std::deque<Script>& scripts = scripts_[form.name];
   if (scripts.empty()) {
-    ADD_FAILURE() << "nobody expects " << qUtf8Printable(form.name);
+    const Control* message = form.find(u"msg");
+    ADD_FAILURE() << "nobody expects " << qUtf8Printable(form.name) << ": "
+                  << (message ? qUtf8Printable(message->caption()) : "");
   } else {
     const Script script = std::move(scripts.front());
     scripts.pop_front();

@@ -31,7 +31,7 @@ class FakeSession : public Session {
 class FakeMixer : public Mixer {
  public:
   bool open() override { return opened = present; }
-  int maximum() const override { return top; }
+  int maximum() const override { return opened ? top : 0; }
   int level() const override { return value; }
   bool setLevel(int to) override {
     if (!opened || to < 0 || to > top) return false;

@@ -99,7 +99,7 @@ TEST_F(HomePage, PlaysAnySongAndWhatWasStoppedAgain) {
   press(u"cmdHome"_s, 0);
   EXPECT_GT(player.calls.size(), calls) << "the one before";
   const QString stopped = playing();
-  console().playback.transport.cmdControls_Click(Transport::Stop);
+  console().desk.players.press(console().playback.transport, TransportButton::Stop);
   system().pump.settle();
   EXPECT_EQ(caption(u"lblHomeTitle"_s), u"Nothing is playing"_s);
   press(u"cmdHome"_s, 1);

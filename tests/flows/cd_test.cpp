@@ -72,6 +72,7 @@ TEST_F(CdTest, TheSourceChangesAndChangesBack) {
 
   playRow(7, 1);
   soundAt(1, 5);
+  answer({});
   press(u"lblMusicType"_s, 1);  // refused while it plays
   EXPECT_EQ(console().desk.state.gMusicType, MusicSource::Cd);
   press(u"cmdControls"_s, 3);

@@ -34,6 +34,9 @@ TEST_F(JukeboxMode, SelectionsQueuePlayThroughAndLeave) {
   playRow(1, 3);
   playRow(1, 2);
   EXPECT_EQ(playing(), u"002-Noon"_s);
+  press(u"cmdTop"_s, 6);  // pages that are only looked at
+  press(u"cmdTop"_s, 3);
+  openAlbum(1, 1);
   EXPECT_EQ(queue(), (QStringList{u"Noon"_s, u"Dusk"_s, u"Noon"_s})) << "twice is no fault";
   EXPECT_EQ(caption(u"lblCurrentPlayList"_s), count(3));
   songEnds();

@@ -99,6 +99,124 @@ TEST_F(Music, TheSliderSeeksWhenTheFingerLetsGo) {
   EXPECT_TRUE(player.calls.contains(u"seek 65"_s));
 }
 
+// Without the key a song's end on the Movies tab is the end of the music, and is shown.
+TEST_F(Music, TheTransportFollowsWhatIsHeardByItsKey) {
+  playDays(1);
+  press(u"imgTabs"_s, kMoviesTab);
+  songEnds();
+  EXPECT_EQ(caption(u"lblCurrentPlay"_s), u"Status: Idle"_s);
+  EXPECT_EQ(picture(u"cmdControls"_s, 3), u"stopb"_s);
+  console().desk.settings.write(key::FollowSound, u"YES"_s);
+  for (const int tab : {kMoviesTab, kPhotosTab}) {
+    press(u"imgTabs"_s, kMusicTab);
+    playRow(1, 1);
+    if (tab == kPhotosTab) answer(u"Photos directory"_s);
+    press(u"imgTabs"_s, tab);
+    EXPECT_EQ(picture(u"cmdControls"_s, 1), u"playb"_s);
+    songEnds();
+    EXPECT_EQ(playing(), u"002-Noon"_s);
+    press(u"cmdControls"_s, 4);
+    EXPECT_EQ(playing(), u"003-Dusk"_s);
+    press(u"cmdControls"_s, 2);
+    EXPECT_EQ(console().desk.state.gMusicState, MusicState::Paused);
+    press(u"cmdControls"_s, 1);
+    EXPECT_EQ(console().desk.state.gMusicState, MusicState::Play);
+    press(u"cmdControls"_s, 3);
+    EXPECT_EQ(console().desk.state.gMusicState, MusicState::Stop);
+  }
+}
+
+TEST_F(Music, AThumbThatMovesNothingStaysAndARefusalSaysWhy) {
+  setting("LOCALLISTENER=1\nLocalServer=1\n");
+  start();
+  press(u"imgTabs"_s, kMusicTab);
+  fire(u"Slider1"_s, Event::Press);
+  slider().value = 40;
+  fire(u"Slider1"_s, Event::Scroll);
+  EXPECT_EQ(slider().value(), 0);
+  fire(u"Slider1"_s, Event::Release);
+  openAlbum(1, 1);
+  playRow(1, 1);
+  slider().value = 3;
+  answer(u"Stop the music first"_s);
+  press(u"lblMusicType"_s, 0);
+  EXPECT_EQ(console().desk.state.gMusicType, MusicSource::Digital);
+}
+
+// Another song of the library comes in while the page of all songs plays.
+TEST_F(Music, AScanLeavesThePageOfAllSongsWhereItWas) {
+  start();
+  press(u"imgTabs"_s, kMusicTab);
+  press(u"cmdTop"_s, 3);
+  playRow(5, 3);
+  const QString third = playing();
+  given(u"Ada"_s, u"Days"_s, u"000-Ahead"_s);
+  console().library.songsChanged();
+  system().pump.settle();
+  EXPECT_EQ(grid(5).row(), 4);
+  press(u"cmdTop"_s, 3);
+  press(u"cmdControls"_s, 0);
+  press(u"cmdControls"_s, 4);
+  EXPECT_EQ(playing(), third);
+  openAlbum(1, 1);
+  console().library.songsChanged();
+  EXPECT_TRUE(shown(u"Grid"_s, 0)) << "an album that stood open may hold other songs now";
+}
+
+// Favourites, a playlist and albums are looked at while an album plays.
+TEST_F(Music, LookingAtAListLeavesTheOneThatPlaysByItsKey) {
+  home.put(u"PlayLists/mix.m3u"_s, days[2].toUtf8());
+  setting("LOCALLISTENER=1\nKeepList=YES\n");
+  playDays(1);
+  press(u"cmdTop"_s, 6);
+  press(u"cmdTop"_s, 2);
+  pressRow(6, 1);
+  openAlbum(2, 1);
+  press(u"cmdControls"_s, 4);
+  EXPECT_EQ(playing(), u"002-Noon"_s);
+  EXPECT_EQ(grid(1).row(), 1) << "of another album";
+  press(u"cmdTop"_s, 3);
+  playRow(5, 2);
+  const QString second = playing();
+  pressRow(5, 4);
+  press(u"cmdControls"_s, 4);
+  press(u"cmdControls"_s, 0);
+  EXPECT_EQ(playing(), second) << "from the song that plays, not from the row that was touched";
+}
+
+TEST_F(Music, AFavouriteThatGoesLeavesTheShuffleBagToo) {
+  start();
+  openAlbum(1, 1);
+  for (const int row : {1, 2, 3}) {
+    pressRow(1, row);
+    press(u"cmdFavoriateAdd"_s);
+  }
+  press(u"cmdControls"_s, 6);
+  press(u"cmdTop"_s, 6);
+  playRow(8, 1);
+  Event del{Event::ButtonClicked};
+  del.column = 6;
+  del.row = 2;
+  EXPECT_TRUE(form().fire(grid(8), del));
+  QStringList heard;
+  for (int i = 0; i < 3; ++i) {
+    songEnds();
+    if (caption(u"lblCurrentPlay"_s) != u"Status: Idle"_s) heard << playing();
+  }
+  EXPECT_FALSE(heard.contains(u"002-Noon"_s));
+  EXPECT_TRUE(heard.contains(u"003-Dusk"_s)) << "and the music goes on";
+}
+
+TEST_F(Music, APressOnTheCoverLaysItOverTheList) {
+  playDays(1);
+  control(u"coverArt"_s).visible = true;
+  const Rect small = control(u"coverArt"_s).rect();
+  press(u"coverArt"_s);
+  EXPECT_EQ(control(u"coverArt"_s).rect(), grid(1).rect());
+  press(u"coverArt"_s);
+  EXPECT_EQ(control(u"coverArt"_s).rect(), small);
+}
+
 TEST_F(Music, SongsThatCannotPlayEndAfterOneRound) {
   start();
   for (const QString& path : days) player.errors[path] = u"no decoder"_s;

@@ -5,8 +5,8 @@
 namespace korvane {
 namespace {
 
-// In the place of the Maps tab.
-class TinySide : private Tab {
+// In the place of the Maps tab, and a player there.
+class TinySide : private Tab, private Player {
  public:
   explicit TinySide(Desk& desk) {
     desk.tabs.setTab(kMapsTab, *this);
@@ -23,7 +23,12 @@ class TinySide : private Tab {
  private:
   void leave() override { did << u"leave"_s; }
   void enter() override { did << u"enter"_s; }
-  void pressTransport(int index) override { did << u"transport %1"_s.arg(index); }
+  Player* player() override { return this; }
+  void press(TransportButton button) override {
+    did << u"transport %1"_s.arg(static_cast<int>(button));
+  }
+  PlayMode mode() const override { return PlayMode::Stopped; }
+  void moveTo(double) override {}
 };
 
 class SidesTest : public CabinTest {};

@@ -1,0 +1,32 @@
+// A source of sound or pictures, as the controls that all of them share know it: the transport, the
+// position slider, the volume and mute.
+#pragma once
+
+#include "core/words.h"
+
+namespace korvane {
+
+class Player {
+ public:
+  // Whose sound it is: music and movies have a mute of their own each.
+  enum class Sound { Music, Movies };
+
+  virtual ~Player() = default;
+
+  virtual void press(TransportButton button) = 0;  // Yields.
+  virtual PlayMode mode() const = 0;
+
+  // The place in what plays, in seconds. Nothing while nothing does. Yields.
+  virtual void moveTo(double seconds) = 0;
+  virtual void showTimes() {}  // of the place that the finger has moved Slider1 to
+
+  virtual Sound sound() const { return Sound::Music; }
+  // The level in steps of this player's own, of which levelMaximum() is the highest; 0 while that
+  // has not been told.
+  virtual double level() const { return 0; }
+  virtual double levelMaximum() const { return 0; }
+  virtual void setLevel(double /*level*/) {}  // Yields.
+  virtual void setMute(bool /*on*/) {}        // Yields.
+};
+
+}  // namespace korvane
