@@ -4,16 +4,10 @@ namespace korvane {
 namespace {
 
 constexpr qsizetype kMostFields = 4;
-constexpr int kPlayerVolumeSteps = 65535;  // of the player's own volume, where there is no mixer
 constexpr qsizetype kMostCover = 8 << 20;
 constexpr int kOwnerMs = 2000;  // for a console to follow its song with another
 constexpr qint64 kEchoMs = 1500;
 constexpr int kMostFailures = 3;  // songs that are passed over before a list is given up
-
-int hundredthsOfDecibel(int level, int maximum) {
-  if (level <= 0) return -10000;
-  return static_cast<int>(std::lround(2000 * std::log10(static_cast<double>(level) / maximum)));
-}
 
 std::optional<double> numberIn(const QString& text) {
   return numberOf(text.toLatin1());
@@ -33,14 +27,15 @@ const MusicService::Entry MusicService::kCommands[] = {
     {"CURRENTPOSITION", &MusicService::currentPosition},
 };
 
-MusicService::MusicService(Uses uses) : uses_(std::move(uses)) {
+MusicService::MusicService(Uses uses)
+    : uses_(std::move(uses)), level_(uses_.player, uses_.mixer) {
   uses_.server.setService(this);
   uses_.player.setEvents(this);
   uses_.musicTimer.tick = [this] { tick(); };
   uses_.player.prepare();
   uses_.mixer.watch([this] {
-    volume_.reset();
-    tellAll({u"VOLUME"_s, QString::number(volumeNow())});
+    level_.changedOutside();
+    tellAll({u"VOLUME"_s, QString::number(level_.now())});
   });
 }
 
@@ -75,8 +70,8 @@ void MusicService::status(const Command& command) {
   }
   tell(command.peer, {u"MEDIAPLAYERSTATE"_s, stateText()});
   if (!uses_.settings.tellVolume) return;
-  tell(command.peer, {u"MAXVOLUME"_s, QString::number(volumeMaximum())});
-  tell(command.peer, {u"VOLUME"_s, QString::number(volumeNow())});
+  tell(command.peer, {u"MAXVOLUME"_s, QString::number(level_.maximum())});
+  tell(command.peer, {u"VOLUME"_s, QString::number(level_.now())});
 }
 
 void MusicService::play(const Command& command) {
@@ -185,10 +180,7 @@ void MusicService::muteOff(const Command&) {
 void MusicService::volume(const Command& command) {
   const std::optional<double> asked = numberIn(command.argument1);
   if (!asked) return tell(command.peer, {u"VOLUME"_s, command.argument1});
-  const int maximum = volumeMaximum();
-  volume_ = static_cast<int>(std::clamp(*asked, 0.0, static_cast<double>(maximum)));
-  if (!uses_.mixer.setLevel(*volume_))
-    uses_.player.setVolume(hundredthsOfDecibel(*volume_, maximum));
+  level_.set(*asked);
   tellAll({u"VOLUME"_s, command.argument1});
 }
 
@@ -258,15 +250,6 @@ QByteArray MusicService::recordOf(std::initializer_list<QString> fields) const {
 
 QString MusicService::stateText() const {
   return QString::number(uses_.player.playState());
-}
-
-int MusicService::volumeMaximum() const {
-  return uses_.mixer.maximum() > 0 ? uses_.mixer.maximum() : kPlayerVolumeSteps;
-}
-
-int MusicService::volumeNow() const {
-  if (volume_) return *volume_;
-  return uses_.mixer.maximum() > 0 ? uses_.mixer.level() : kPlayerVolumeSteps;
 }
 
 }  // namespace korvane

@@ -4,8 +4,7 @@
 // that one, which knows what comes next. The others hear of the next song or of silence.
 #pragma once
 
-#include "platform/machine.h"
-#include "platform/media_player.h"
+#include "listener/player_level.h"
 #include "platform/pump.h"
 #include "services/listener/song_paths.h"
 #include "services/server/record_server.h"
@@ -76,15 +75,13 @@ class MusicService : private RecordService, private MediaPlayer::Events {
   bool isEcho(Peer peer);
   QByteArray recordOf(std::initializer_list<QString> fields) const;
   QString stateText() const;
-  int volumeMaximum() const;
-  int volumeNow() const;
 
   Uses uses_;
   QString title_;
   Peer owner_ = 0;                    // who asked for the song
   int song_ = 0;                      // counts songs and stops
   int failuresInARow_ = 0;            // songs that could not be played since one sounded
-  std::optional<int> volume_;         // as last set here
+  PlayerLevel level_;
   std::map<Peer, qint64> echoUntil_;  // consoles that may answer "stopped" with a STOP of their own
   int silenceDueMs_ = 0;  // left until an ended song that nobody follows is told as stopped
   std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
