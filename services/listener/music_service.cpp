@@ -27,8 +27,7 @@ const MusicService::Entry MusicService::kCommands[] = {
     {"CURRENTPOSITION", &MusicService::currentPosition},
 };
 
-MusicService::MusicService(Uses uses)
-    : uses_(std::move(uses)), level_(uses_.player, uses_.mixer) {
+MusicService::MusicService(Uses uses) : uses_(std::move(uses)), level_(uses_.player, uses_.mixer) {
   uses_.server.setService(this);
   uses_.player.setEvents(this);
   uses_.musicTimer.tick = [this] { tick(); };
@@ -53,8 +52,11 @@ void MusicService::record(Peer peer, QByteArrayView bytes) {
   const auto text = [&](qsizetype i) {
     return i < fields.size() ? decode(fields[i], uses_.settings.encoding) : QString();
   };
-  for (const Entry& entry : kCommands)
-    if (entry.command == fields[1]) return (this->*entry.perform)({peer, text(2), text(3)});
+  for (const Entry& entry : kCommands) {
+    if (entry.command != fields[1]) continue;
+    uses_.server.keep(peer);
+    return (this->*entry.perform)({peer, text(2), text(3)});
+  }
 }
 
 void MusicService::left(Peer peer) {
@@ -94,10 +96,14 @@ void MusicService::playFile(const Command& command) {
                        .arg(printable(command.argument1)));
     return tell(command.peer, {u"ERROR"_s, u"File not found"_s});
   }
-  uses_.player.setFileName(*path);
+  path_ = *path;
+  nameAsked_ = FileSystem::slashed(command.argument1).section(u'/', -1);
+  uses_.player.setFileName(path_);
   uses_.server.dropPictures();
-  if (uses_.player.HasError())
-    return tell(command.peer, {u"ERROR"_s, uses_.player.ErrorDescription()});
+  if (uses_.player.HasError()) {
+    uses_.log.warn(uses_.player.ErrorDescription());
+    return tell(command.peer, {u"ERROR"_s, withoutPath(uses_.player.ErrorDescription())});
+  }
   uses_.player.Play();
   ++song_;
   silenceDueMs_ = 0;
@@ -219,7 +225,7 @@ void MusicService::durationKnown(double seconds) {
 
 void MusicService::failed(const QString& description) {
   uses_.log.warn(description);
-  tell(owner_, {u"ERROR"_s, description});
+  tell(owner_, {u"ERROR"_s, withoutPath(description)});
   if (++failuresInARow_ <= kMostFailures) return endOfStream();
   failuresInARow_ = 0;
   tellSilence();
@@ -250,6 +256,12 @@ QByteArray MusicService::recordOf(std::initializer_list<QString> fields) const {
 
 QString MusicService::stateText() const {
   return QString::number(uses_.player.playState());
+}
+
+// What a player says of a file names its place on this machine, which is no console's business.
+QString MusicService::withoutPath(QString description) const {
+  if (!path_.isEmpty()) description.replace(path_, nameAsked_);
+  return description.contains(u'/') ? u"Cannot play %1"_s.arg(nameAsked_) : description;
 }
 
 }  // namespace korvane
