@@ -5,12 +5,14 @@ namespace {
 
 constexpr qsizetype kMostFields = 4;
 constexpr qsizetype kMostCover = 8 << 20;
+// Of what one console sends and all are sent: a long one would fill their queues.
+constexpr qsizetype kLongestTitle = 1000, kLongestNumber = 32;
 constexpr int kOwnerMs = 2000;  // for a console to follow its song with another
 constexpr qint64 kEchoMs = 1500;
 constexpr int kMostFailures = 3;  // songs that are passed over before a list is given up
 
 std::optional<double> numberIn(const QString& text) {
-  return numberOf(text.toLatin1());
+  return text.size() <= kLongestNumber ? numberOf(text.toLatin1()) : std::nullopt;
 }
 
 }  // namespace
@@ -108,7 +110,7 @@ void MusicService::playFile(const Command& command) {
   ++song_;
   silenceDueMs_ = 0;
   owner_ = command.peer;
-  title_ = command.argument2;
+  title_ = command.argument2.left(kLongestTitle);
   tellAll({u"MUSICDURATION"_s, numberText(uses_.player.Duration())});
   tellAll({u"SONGPLAYING"_s, title_});
   tellState();

@@ -20,7 +20,7 @@ class MusicService : private RecordService, private MediaPlayer::Events {
     int tickMs = 1000;       // between MUSICTIMER records
     bool tellVolume = true;  // in the answer to STATUS
   };
-  struct Uses {
+  struct Uses {  // all must outlive the service
     RecordServer& server;
     const FileSystem& files;
     MediaPlayer& player;

@@ -8,7 +8,7 @@ namespace korvane {
 
 class MasterService : private RecordService {
  public:
-  struct Uses {
+  struct Uses {  // all must outlive the service
     RecordServer& server;
     ServiceLog& log;
     WireText encoding;
@@ -18,6 +18,7 @@ class MasterService : private RecordService {
   explicit MasterService(Uses uses);  // it is the server's service until it ends
   ~MasterService() override;
 
+  // Changes with what peers send, inside calls of the server.
   const ListenerTable& table() const { return table_; }
 
  private:

@@ -8,6 +8,7 @@
 
 namespace korvane {
 
+// An option of a command line.
 struct Option {
   const char* name;     // without the two lines
   const char* operand;  // what the help calls its value; null for an option without one

@@ -9,6 +9,7 @@
 
 namespace korvane {
 
+// It only keeps: who owns it asks next() and sends.
 class Outbox {
  public:
   static constexpr int kGapMs = 150;  // before and after a picture

@@ -20,10 +20,13 @@ class RecordService {
  public:
   using Peer = TcpServer::Peer;
   virtual ~RecordService() = default;
-  virtual void record(Peer peer, QByteArrayView bytes) = 0;  // without its 0x01
-  virtual void left(Peer peer) = 0;                          // ended or dropped
+  // Without its 0x01; the bytes last for the call. The peer's connection may have ended meanwhile.
+  virtual void record(Peer peer, QByteArrayView bytes) = 0;
+  // Ended or dropped: nothing of it comes any more, and its number is never given again.
+  virtual void left(Peer peer) = 0;
 };
 
+// What a peer may do before it is refused or dropped.
 struct ServerLimits {
   int connections = 128;
   int connectionsPerAddress = 16;
@@ -67,6 +70,7 @@ class RecordServer : private TcpServer::Events {
   // That peer takes part: from now on it may be silent for as long as its connection stands.
   void keep(Peer peer);
 
+  // A connection that has ended counts until what it sent has been handled.
   int count() const { return static_cast<int>(peers_.size()); }
   bool has(Peer peer) const { return peers_.contains(peer); }
   QList<Peer> peers() const;

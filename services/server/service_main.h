@@ -10,6 +10,7 @@
 
 namespace korvane {
 
+// What a service is, for its command line and its help.
 struct ServiceFrame {
   const char* program;
   const char* what;                 // the first line of its help

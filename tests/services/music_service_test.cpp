@@ -96,6 +96,10 @@ TEST_F(MusicServiceTest, AllConsolesHearOfAChangeAndOneOfTheEnd) {
   EXPECT_EQ(heard(one), "MUSICTIMER|0:07|7$") << "no tick tells it while paused";
   say(two, "MUSIC|PLAY$MUSIC|VOLUME|9$MUSIC|STATUS$MUSIC|PLAY|/x.mp3|X$");
   EXPECT_EQ(heard(one), "PAUSETOPLAY$VOLUME|9$") << "neither status nor error of another";
+  say(two, "MUSIC|VOLUME|" + QByteArray(8000, '9') + '$');
+  play(two, QByteArray(8000, 'T'));
+  EXPECT_LE(heard(one).size(), 1200) << "nobody fills another's queue";
+  play(one), heard(one);
   heard(two);
   player.end();
   EXPECT_EQ(heard(one), "ENDOFSTREAM$");
