@@ -109,7 +109,7 @@ TEST_F(MasterServiceTest, WhatARegistrationSays) {
 TEST(IpAddressTest, WhichAreOfThisMachine) {
   for (const char* own : {"127.0.0.1", "::ffff:127.0.0.1"})
     EXPECT_TRUE(isOfThisMachine(*ipAddressOf(QString::fromLatin1(own)))) << own;
-  for (const char* other : {"192.0.2.7", "2001:db8::7"})  // kept for documents (RFC 5737, 3849)
+  for (const char* other : {"198.51.100.7", "2001:db8::7"})  // kept for documents (RFC 5737, 3849)
     EXPECT_FALSE(isOfThisMachine(*ipAddressOf(QString::fromLatin1(other)))) << other;
 }
 
