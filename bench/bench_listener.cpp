@@ -114,7 +114,8 @@ class Listener {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(u"KORVANE_VLC_ARGS"_s, vlc);
     process_.setProcessEnvironment(environment);
-    process_.start(program, {u"--as-root"_s, u"--port"_s, u"0"_s, u"--root"_s, root});
+    process_.start(program, {u"--as-root"_s, u"--port"_s, u"0"_s, u"--root"_s, root,
+                             u"--connections-per-address"_s, u"128"_s});
     process_.setReadChannel(QProcess::StandardError);
     QByteArray told;
     while (port_ == 0 && process_.waitForReadyRead(10'000)) {

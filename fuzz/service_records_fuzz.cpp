@@ -29,10 +29,10 @@ struct Quiet : ServiceLog {
 struct World {
   FakeSystem system;
   FakeTcpServer tcp;
-  FakeTicker ticker, musicTimer;
+  FakeTicker ticker, turns, musicTimer;
   AllowList allow;
   Quiet log{system.clock, "fuzz"};
-  RecordServer server{{tcp, ticker, system.clock, log, allow, {}}};
+  RecordServer server{{tcp, ticker, turns, system.clock, log, allow, {}}};
 };
 
 // All that `stream` holds, to a service behind `world`; each connection sees whole records.
@@ -42,6 +42,7 @@ void serve(World& world, const QByteArray& stream) {
     for (const QByteArray& delivery : connection.split('\3')) {
       if (world.server.has(peer)) world.tcp.arrive(peer, delivery);
       world.system.pump.settle();
+      while (world.turns.running()) world.turns.fire();
       world.system.clock.advance(500);
       world.ticker.fire();
     }
@@ -75,7 +76,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   require(song);
   {
     World world;
-    const MasterService master(world.server, world.log, WireText::Windows1252);
+    const MasterService master({world.server, world.log, WireText::Windows1252, world.allow,
+                                [](const QString&) { return false; }});
     serve(world, stream);
     require(master.table().entries().isEmpty());
   }

@@ -21,7 +21,7 @@ class ListenerSide {
 
   // Closes the socket of that type of service when its choice has gone from frmNetwork.
   void closesWith(const QString& type, std::function<void()> close) {
-    closers_.insert(type, std::move(close));
+    closers_[type] = std::move(close);
   }
 
  private:

@@ -4,16 +4,6 @@
 #include "listener/song_finder.h"
 
 namespace korvane {
-namespace {
-
-constexpr int kPlayerVolumeSteps = 65535;  // of the player's own volume, where there is no mixer
-
-int hundredthsOfDecibel(int level, int maximum) {
-  if (level <= 0) return -10000;
-  return static_cast<int>(std::lround(2000 * std::log10(static_cast<double>(level) / maximum)));
-}
-
-}  // namespace
 
 const LocalMusic::Entry LocalMusic::kCommands[] = {
     {"STATUS"_L1, &LocalMusic::status},
@@ -27,7 +17,7 @@ const LocalMusic::Entry LocalMusic::kCommands[] = {
     {"CURRENTPOSITION"_L1, &LocalMusic::currentPosition},
 };
 
-LocalMusic::LocalMusic(Uses uses) : uses_(std::move(uses)) {
+LocalMusic::LocalMusic(Uses uses) : uses_(std::move(uses)), level_(uses_.player, uses_.mixer) {
   uses_.player.setEvents(this);
 }
 
@@ -58,12 +48,12 @@ void LocalMusic::status(const MusicCommand&) {
 
 void LocalMusic::replyVolume() {
   if (!uses_.settings.flag(key::DisplayVolume)) return;
-  reply({u"MAXVOLUME"_s, QString::number(volumeMaximum())});
-  reply({u"VOLUME"_s, QString::number(volumeNow())});
+  reply({u"MAXVOLUME"_s, QString::number(level_.maximum())});
+  reply({u"VOLUME"_s, QString::number(level_.now())});
 }
 
 void LocalMusic::levelChangedOutside() {
-  volume_.reset();
+  level_.changedOutside();
   replyVolume();
 }
 
@@ -124,12 +114,7 @@ void LocalMusic::muteOff(const MusicCommand&) {
 }
 
 void LocalMusic::volume(const MusicCommand& command) {
-  if (const auto asked = numberOf(command.argument1.toLatin1())) {
-    const int maximum = volumeMaximum();
-    volume_ = static_cast<int>(std::clamp(*asked, 0.0, static_cast<double>(maximum)));
-    if (!uses_.mixer.setLevel(*volume_))
-      uses_.player.setVolume(hundredthsOfDecibel(*volume_, maximum));
-  }
+  if (const auto asked = numberOf(command.argument1.toLatin1())) level_.set(*asked);
   reply({u"VOLUME"_s, command.argument1});
 }
 
@@ -144,15 +129,6 @@ void LocalMusic::reply(std::initializer_list<QString> fields) {
 
 void LocalMusic::replyState() {
   reply({u"MEDIAPLAYERSTATE"_s, QString::number(uses_.player.playState())});
-}
-
-int LocalMusic::volumeMaximum() const {
-  return uses_.mixer.maximum() > 0 ? uses_.mixer.maximum() : kPlayerVolumeSteps;
-}
-
-int LocalMusic::volumeNow() const {
-  if (volume_) return *volume_;
-  return uses_.mixer.maximum() > 0 ? uses_.mixer.level() : kPlayerVolumeSteps;
 }
 
 void LocalMusic::endOfStream() {

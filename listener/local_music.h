@@ -7,6 +7,7 @@
 #include "core/app_state.h"
 #include "core/form/control.h"
 #include "core/settings.h"
+#include "listener/player_level.h"
 #include "platform/file_system.h"
 #include "platform/machine.h"
 #include "platform/media_player.h"
@@ -69,15 +70,13 @@ class LocalMusic : private MediaPlayer::Events {
   void reply(std::initializer_list<QString> fields);
   void replyState();
   void replyVolume();
-  int volumeMaximum() const;
-  int volumeNow() const;
 
   void endOfStream() override;
   void durationKnown(double seconds) override;
   void failed(const QString& description) override;
 
   Uses uses_;
-  std::optional<int> volume_;  // as last set here
+  PlayerLevel level_;
 };
 
 }  // namespace korvane

@@ -34,6 +34,10 @@ class TcpServer {
   virtual void send(Peer peer, const QByteArray& bytes) = 0;  // one write; nothing once it has gone
   virtual qint64 unsent(Peer peer) const = 0;  // bytes that the peer's machine has not taken yet
   virtual void drop(Peer peer) = 0;            // at once, without an event
+
+  // Held, a peer is not read any further and has to wait; let go, it is heard again, from the event
+  // loop. What it sent before its connection ended is heard either way.
+  virtual void hold(Peer peer, bool held) = 0;
 };
 
 }  // namespace korvane

@@ -3,6 +3,7 @@
 #include <linux/sockios.h>
 #include <sys/ioctl.h>
 
+#include <QSet>
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <map>
@@ -47,12 +48,17 @@ class TcpServerQt::Body : public QObject {
 
   void read(Peer peer) {
     QTcpSocket* socket = find(peer);
-    if (!socket || socket->bytesAvailable() <= 0) return;
+    if (!socket || held_.contains(peer) || socket->bytesAvailable() <= 0) return;
     const QByteArray bytes = socket->read(kPiece);
     if (!bytes.isEmpty() && events) events->arrived(peer, bytes);
-    if (find(peer) && socket->bytesAvailable() > 0)
-      QMetaObject::invokeMethod(
-          this, [this, peer] { read(peer); }, Qt::QueuedConnection);
+    if (find(peer) && socket->bytesAvailable() > 0) readLater(peer);
+  }
+
+  void hold(Peer peer, bool held) {
+    if (held && find(peer))
+      held_.insert(peer);
+    else if (held_.remove(peer))
+      readLater(peer);
   }
 
   void gone(Peer peer) {
@@ -71,6 +77,7 @@ class TcpServerQt::Body : public QObject {
     if (found == sockets_.end()) return;
     QTcpSocket* socket = found->second;
     sockets_.erase(found);
+    held_.remove(peer);
     end(socket);
   }
 
@@ -83,6 +90,11 @@ class TcpServerQt::Body : public QObject {
   Events* events = nullptr;
 
  private:
+  void readLater(Peer peer) {
+    QMetaObject::invokeMethod(
+        this, [this, peer] { read(peer); }, Qt::QueuedConnection);
+  }
+
   void end(QTcpSocket* socket) {
     socket->disconnect(this);
     socket->abort();
@@ -90,6 +102,7 @@ class TcpServerQt::Body : public QObject {
   }
 
   std::map<Peer, QTcpSocket*> sockets_;  // owned by server_, which outlives no socket
+  QSet<Peer> held_;
   Peer last_ = 0;
 };
 
@@ -133,6 +146,10 @@ qint64 TcpServerQt::unsent(Peer peer) const {
 
 void TcpServerQt::drop(Peer peer) {
   body_->drop(peer);
+}
+
+void TcpServerQt::hold(Peer peer, bool held) {
+  body_->hold(peer, held);
 }
 
 }  // namespace korvane

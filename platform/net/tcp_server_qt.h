@@ -19,6 +19,7 @@ class TcpServerQt final : public TcpServer {
   void send(Peer peer, const QByteArray& bytes) override;
   qint64 unsent(Peer peer) const override;
   void drop(Peer peer) override;
+  void hold(Peer peer, bool held) override;
 
  private:
   class Body;

@@ -24,12 +24,12 @@ constexpr Option kOptions[] = {
     {"map", "FROM=DIR",
      "a path that begins with FROM means what stands below DIR, as\n"
      "Z:\\Music=/srv/music; DIR is a root too"},
-    {"master", "HOST[:PORT]", "registers with that Master Listener; port 7410 unless told"},
-    {"name", "TEXT", "its name in the lists of consoles; the machine's unless told"},
+    {"master", "HOST[:PORT]", "registers with that Master Listener; port 7410 by default"},
+    {"name", "TEXT", "its name in the lists of consoles; the machine's by default"},
     {"advertise", "ADDRESS",
      "where consoles find it; the address of --bind, else the one that\n"
      "reaches the Master Listener"},
-    {"tick", "MS", "between reports of the time, 1000 unless told"},
+    {"tick", "MS", "between reports of the time, 1000 by default"},
     {"no-volume", nullptr, "does not tell its volume to a console that connects"},
 };
 
@@ -38,10 +38,10 @@ constexpr ServiceFrame kFrame{"korvane-listener",
                               kOptions, kPort};
 
 // The canonical folder; empty with `error` when there is none.
-QString folder(const QString& told, QString* error) {
-  const QString path = QFileInfo(told).canonicalFilePath();
+QString folder(const QString& given, QString* error) {
+  const QString path = QFileInfo(given).canonicalFilePath();
   if (!path.isEmpty() && QFileInfo(path).isDir() && path != "/"_L1) return path;
-  *error = u"%1 is no folder that can be a root"_s.arg(told);
+  *error = u"%1 is no folder that can be a root"_s.arg(given);
   return {};
 }
 
@@ -56,8 +56,8 @@ std::optional<SongRoots> songRoots(const Options& options, QString* error) {
     }
     roots.maps << SongRoots::Map{map.first(sign), to};
   }
-  for (const QString& told : options.values("root")) {
-    const QString root = folder(told, error);
+  for (const QString& given : options.values("root")) {
+    const QString root = folder(given, error);
     if (root.isEmpty()) return std::nullopt;
     roots.roots << root;
   }
@@ -69,14 +69,14 @@ std::optional<SongRoots> songRoots(const Options& options, QString* error) {
 }
 
 // HOST, HOST:PORT or [ADDRESS]:PORT of --master into the socket. False with `error`.
-bool setMaster(const QString& told, Winsock& socket, QString* error) {
-  const bool bare = told.count(u':') > 1 && !told.startsWith(u'[');
-  const qsizetype colon = bare ? -1 : told.indexOf(u':', told.indexOf(u']') + 1);
-  socket.RemoteHost = told.first(colon < 0 ? told.size() : colon).remove(u'[').remove(u']');
+bool setMaster(const QString& text, Winsock& socket, QString* error) {
+  const bool bare = text.count(u':') > 1 && !text.startsWith(u'[');
+  const qsizetype colon = bare ? -1 : text.indexOf(u':', text.indexOf(u']') + 1);
+  socket.RemoteHost = text.first(colon < 0 ? text.size() : colon).remove(u'[').remove(u']');
   bool isPort = true;
-  socket.RemotePort = colon < 0 ? kMasterPort : told.mid(colon + 1).toUShort(&isPort);
+  socket.RemotePort = colon < 0 ? kMasterPort : text.mid(colon + 1).toUShort(&isPort);
   if (isPort && socket.RemotePort > 0 && !socket.RemoteHost.isEmpty()) return true;
-  *error = u"--master takes HOST or HOST:PORT, not %1"_s.arg(told);
+  *error = u"--master takes HOST or HOST:PORT, not %1"_s.arg(text);
   return false;
 }
 

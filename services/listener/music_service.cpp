@@ -4,19 +4,15 @@ namespace korvane {
 namespace {
 
 constexpr qsizetype kMostFields = 4;
-constexpr int kPlayerVolumeSteps = 65535;  // of the player's own volume, where there is no mixer
 constexpr qsizetype kMostCover = 8 << 20;
+// Of what one console sends and all are sent: a long one would fill their queues.
+constexpr qsizetype kLongestTitle = 1000, kLongestNumber = 32;
 constexpr int kOwnerMs = 2000;  // for a console to follow its song with another
 constexpr qint64 kEchoMs = 1500;
 constexpr int kMostFailures = 3;  // songs that are passed over before a list is given up
 
-int hundredthsOfDecibel(int level, int maximum) {
-  if (level <= 0) return -10000;
-  return static_cast<int>(std::lround(2000 * std::log10(static_cast<double>(level) / maximum)));
-}
-
 std::optional<double> numberIn(const QString& text) {
-  return numberOf(text.toLatin1());
+  return text.size() <= kLongestNumber ? numberOf(text.toLatin1()) : std::nullopt;
 }
 
 }  // namespace
@@ -33,14 +29,14 @@ const MusicService::Entry MusicService::kCommands[] = {
     {"CURRENTPOSITION", &MusicService::currentPosition},
 };
 
-MusicService::MusicService(Uses uses) : uses_(std::move(uses)) {
+MusicService::MusicService(Uses uses) : uses_(std::move(uses)), level_(uses_.player, uses_.mixer) {
   uses_.server.setService(this);
   uses_.player.setEvents(this);
   uses_.musicTimer.tick = [this] { tick(); };
   uses_.player.prepare();
   uses_.mixer.watch([this] {
-    volume_.reset();
-    tellAll({u"VOLUME"_s, QString::number(volumeNow())});
+    level_.changedOutside();
+    tellAll({u"VOLUME"_s, QString::number(level_.now())});
   });
 }
 
@@ -58,8 +54,11 @@ void MusicService::record(Peer peer, QByteArrayView bytes) {
   const auto text = [&](qsizetype i) {
     return i < fields.size() ? decode(fields[i], uses_.settings.encoding) : QString();
   };
-  for (const Entry& entry : kCommands)
-    if (entry.command == fields[1]) return (this->*entry.perform)({peer, text(2), text(3)});
+  for (const Entry& entry : kCommands) {
+    if (entry.command != fields[1]) continue;
+    uses_.server.keep(peer);
+    return (this->*entry.perform)({peer, text(2), text(3)});
+  }
 }
 
 void MusicService::left(Peer peer) {
@@ -75,8 +74,8 @@ void MusicService::status(const Command& command) {
   }
   tell(command.peer, {u"MEDIAPLAYERSTATE"_s, stateText()});
   if (!uses_.settings.tellVolume) return;
-  tell(command.peer, {u"MAXVOLUME"_s, QString::number(volumeMaximum())});
-  tell(command.peer, {u"VOLUME"_s, QString::number(volumeNow())});
+  tell(command.peer, {u"MAXVOLUME"_s, QString::number(level_.maximum())});
+  tell(command.peer, {u"VOLUME"_s, QString::number(level_.now())});
 }
 
 void MusicService::play(const Command& command) {
@@ -99,15 +98,19 @@ void MusicService::playFile(const Command& command) {
                        .arg(printable(command.argument1)));
     return tell(command.peer, {u"ERROR"_s, u"File not found"_s});
   }
-  uses_.player.setFileName(*path);
+  path_ = *path;
+  nameAsked_ = FileSystem::slashed(command.argument1).section(u'/', -1);
+  uses_.player.setFileName(path_);
   uses_.server.dropPictures();
-  if (uses_.player.HasError())
-    return tell(command.peer, {u"ERROR"_s, uses_.player.ErrorDescription()});
+  if (uses_.player.HasError()) {
+    uses_.log.warn(uses_.player.ErrorDescription());
+    return tell(command.peer, {u"ERROR"_s, withoutPath(uses_.player.ErrorDescription())});
+  }
   uses_.player.Play();
   ++song_;
   silenceDueMs_ = 0;
   owner_ = command.peer;
-  title_ = command.argument2;
+  title_ = command.argument2.left(kLongestTitle);
   tellAll({u"MUSICDURATION"_s, numberText(uses_.player.Duration())});
   tellAll({u"SONGPLAYING"_s, title_});
   tellState();
@@ -185,10 +188,7 @@ void MusicService::muteOff(const Command&) {
 void MusicService::volume(const Command& command) {
   const std::optional<double> asked = numberIn(command.argument1);
   if (!asked) return tell(command.peer, {u"VOLUME"_s, command.argument1});
-  const int maximum = volumeMaximum();
-  volume_ = static_cast<int>(std::clamp(*asked, 0.0, static_cast<double>(maximum)));
-  if (!uses_.mixer.setLevel(*volume_))
-    uses_.player.setVolume(hundredthsOfDecibel(*volume_, maximum));
+  level_.set(*asked);
   tellAll({u"VOLUME"_s, command.argument1});
 }
 
@@ -227,7 +227,7 @@ void MusicService::durationKnown(double seconds) {
 
 void MusicService::failed(const QString& description) {
   uses_.log.warn(description);
-  tell(owner_, {u"ERROR"_s, description});
+  tell(owner_, {u"ERROR"_s, withoutPath(description)});
   if (++failuresInARow_ <= kMostFailures) return endOfStream();
   failuresInARow_ = 0;
   tellSilence();
@@ -260,13 +260,10 @@ QString MusicService::stateText() const {
   return QString::number(uses_.player.playState());
 }
 
-int MusicService::volumeMaximum() const {
-  return uses_.mixer.maximum() > 0 ? uses_.mixer.maximum() : kPlayerVolumeSteps;
-}
-
-int MusicService::volumeNow() const {
-  if (volume_) return *volume_;
-  return uses_.mixer.maximum() > 0 ? uses_.mixer.level() : kPlayerVolumeSteps;
+// What a player says of a file names its place on this machine, which is no console's business.
+QString MusicService::withoutPath(QString description) const {
+  if (!path_.isEmpty()) description.replace(path_, nameAsked_);
+  return description.contains(u'/') ? u"Cannot play %1"_s.arg(nameAsked_) : description;
 }
 
 }  // namespace korvane

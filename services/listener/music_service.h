@@ -1,11 +1,10 @@
 // A Music Listener: plays what consoles ask for and tells all of them of each change.
 //
-// A song belongs to the console that asked for it: its end, or that it cannot be played, is told to
+// A song belongs to the console that asked for it: its end, or that it cannot be played, goes to
 // that one, which knows what comes next. The others hear of the next song or of silence.
 #pragma once
 
-#include "platform/machine.h"
-#include "platform/media_player.h"
+#include "listener/player_level.h"
 #include "platform/pump.h"
 #include "services/listener/song_paths.h"
 #include "services/server/record_server.h"
@@ -21,7 +20,7 @@ class MusicService : private RecordService, private MediaPlayer::Events {
     int tickMs = 1000;       // between MUSICTIMER records
     bool tellVolume = true;  // in the answer to STATUS
   };
-  struct Uses {
+  struct Uses {  // all must outlive the service
     RecordServer& server;
     const FileSystem& files;
     MediaPlayer& player;
@@ -32,6 +31,7 @@ class MusicService : private RecordService, private MediaPlayer::Events {
     CoverArt coverArtBytes;  // a song's own picture; called on another thread
     Settings settings;
   };
+  // It is the server's service and hears the player, the mixer and the timer until it ends.
   explicit MusicService(Uses uses);
   ~MusicService() override;
 
@@ -76,17 +76,17 @@ class MusicService : private RecordService, private MediaPlayer::Events {
   bool isEcho(Peer peer);
   QByteArray recordOf(std::initializer_list<QString> fields) const;
   QString stateText() const;
-  int volumeMaximum() const;
-  int volumeNow() const;
+  QString withoutPath(QString description) const;
 
   Uses uses_;
   QString title_;
-  Peer owner_ = 0;                    // who asked for the song
-  int song_ = 0;                      // counts songs and stops
-  int failuresInARow_ = 0;            // songs that could not be played since one sounded
-  std::optional<int> volume_;         // as last set here
+  QString path_, nameAsked_;  // of the file the player has, and what a console calls it
+  Peer owner_ = 0;            // who asked for the song
+  int song_ = 0;              // counts songs and stops
+  int failuresInARow_ = 0;    // songs that could not be played since one sounded
+  PlayerLevel level_;
   std::map<Peer, qint64> echoUntil_;  // consoles that may answer "stopped" with a STOP of their own
-  int silenceDueMs_ = 0;  // left until an ended song that nobody follows is told as stopped
+  int silenceDueMs_ = 0;  // left until an ended song that nobody follows counts as stopped
   std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
 };
 

@@ -20,10 +20,11 @@ class Registration : private Winsock::Events {
     WireText encoding = WireText::Windows1252;
   };
 
-  // `socket` has its RemoteHost and RemotePort set.
+  // `socket` has its RemoteHost and RemotePort set. Hears it and `ticker` until it ends; all of
+  // them must outlive it.
   Registration(Winsock& socket, Ticker& ticker, ServiceLog& log, Entry entry);
   ~Registration() override;
-  void start();
+  void start();  // once; from then on it keeps trying
 
  private:
   void Connect() override;

@@ -6,6 +6,7 @@
 
 namespace korvane {
 
+// Where this machine's songs stand.
 struct SongRoots {
   QStringList roots;  // absolute folders
   // Paths of a console that begin so mean files below that folder, which is also a root.

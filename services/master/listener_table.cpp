@@ -1,6 +1,6 @@
 #include "services/master/listener_table.h"
 
-#include <arpa/inet.h>
+#include "services/server/ip_address.h"
 
 namespace korvane {
 namespace {
@@ -13,13 +13,11 @@ QString plain(const QString& text) {
   return clean.trimmed();
 }
 
-// An address that another machine can connect to.
-bool isUsable(const QString& ip) {
-  std::array<quint8, 16> bytes{};
-  const QByteArray text = ip.toLatin1();
-  const bool v4 = inet_pton(AF_INET, text.constData(), bytes.data()) == 1;
-  if (!v4 && inet_pton(AF_INET6, text.constData(), bytes.data()) != 1) return false;
-  return std::any_of(bytes.begin(), bytes.end(), [](quint8 byte) { return byte != 0; });
+// The address as all consoles write it; empty for one that no machine can connect to.
+QString usable(const QString& ip) {
+  const std::optional<IpAddress> address = ipAddressOf(ip);
+  const bool any = !address || *address == IpAddress{} || textOf(*address) == "0.0.0.0"_L1;
+  return any ? QString() : textOf(*address);
 }
 
 bool isPort(const QString& port) {
@@ -30,22 +28,37 @@ bool isPort(const QString& port) {
 }  // namespace
 
 bool ListenerTable::add(Peer owner, const ListenerEntry& entry) {
-  rows_.removeIf([&](const Row& row) {
-    const bool own =
-        row.owner == owner && row.entry.type == entry.type && row.entry.port == entry.port;
-    return own || row.entry == entry;
+  const auto ofOwner = [owner](const Row& row) { return row.owner == owner; };
+  const auto same = std::find_if(rows_.begin(), rows_.end(), [&](const Row& row) {
+    return ofOwner(row) && row.entry == entry;
   });
-  const auto ofOwner = std::count_if(rows_.begin(), rows_.end(),
-                                     [owner](const Row& row) { return row.owner == owner; });
-  if (rows_.size() >= kMostEntries || ofOwner >= kMostOfOne) return false;
+  if (same != rows_.end()) return true;
+  rows_.removeIf([&](const Row& row) {
+    return ofOwner(row) && row.entry.type == entry.type && row.entry.port == entry.port;
+  });
+  const auto ofAddress = std::count_if(rows_.begin(), rows_.end(),
+                                       [&](const Row& row) { return row.entry.ip == entry.ip; });
+  if (rows_.size() >= kMostEntries || ofAddress >= kMostOfAddress ||
+      std::count_if(rows_.begin(), rows_.end(), ofOwner) >= kMostOfOne)
+    return false;
   rows_ << Row{owner, entry};
   return true;
+}
+
+QList<ListenerTable::Row> ListenerTable::settle() {
+  QList<Row> news;
+  for (Row& row : rows_) {
+    if (row.stands || holder(row.entry) != 0) continue;
+    row.stands = true;
+    news << row;
+  }
+  return news;
 }
 
 QList<ListenerEntry> ListenerTable::remove(Peer owner) {
   QList<ListenerEntry> gone;
   rows_.removeIf([&](const Row& row) {
-    if (row.owner == owner) gone << row.entry;
+    if (row.owner == owner && row.stands) gone << row.entry;
     return row.owner == owner;
   });
   return gone;
@@ -53,13 +66,15 @@ QList<ListenerEntry> ListenerTable::remove(Peer owner) {
 
 QList<ListenerEntry> ListenerTable::entries() const {
   QList<ListenerEntry> all;
-  for (const Row& row : rows_) all << row.entry;
+  for (const Row& row : rows_)
+    if (row.stands) all << row.entry;
   return all;
 }
 
-bool ListenerTable::owns(Peer owner) const {
-  return std::any_of(rows_.begin(), rows_.end(),
-                     [owner](const Row& row) { return row.owner == owner; });
+ListenerTable::Peer ListenerTable::holder(const ListenerEntry& entry) const {
+  const auto found = std::find_if(rows_.begin(), rows_.end(),
+                                  [&](const Row& row) { return row.stands && row.entry == entry; });
+  return found == rows_.end() ? 0 : found->owner;
 }
 
 QList<ListenerTable::Peer> ListenerTable::owners() const {
@@ -69,10 +84,13 @@ QList<ListenerTable::Peer> ListenerTable::owners() const {
   return all;
 }
 
-std::optional<ListenerEntry> registrationOf(const QStringList& fields, const QString& from) {
-  ListenerEntry entry{plain(fields.value(2)), plain(fields.value(3)), plain(fields.value(4)),
-                      plain(fields.value(5)).toUpper()};
-  if (!isUsable(entry.ip)) entry.ip = from;
+std::optional<ListenerEntry> registrationOf(
+    const QStringList& fields, const QString& from,
+    const std::function<bool(const QString& address)>& mayAdvertise) {
+  ListenerEntry entry{plain(fields.value(2)), usable(plain(fields.value(3))),
+                      plain(fields.value(4)), plain(fields.value(5)).toUpper()};
+  const bool own = ipAddressOf(entry.ip) == ipAddressOf(from);
+  if (entry.ip.isEmpty() || own || !mayAdvertise(entry.ip)) entry.ip = from;
   const bool client = entry.type == "CLIENT"_L1;
   if (client) entry.port = u"N/A"_s;
   if (entry.description.isEmpty()) entry.description = entry.ip;

@@ -6,15 +6,27 @@ namespace {
 
 using namespace korvane;
 
-constexpr ServiceFrame kFrame{
-    "korvane-master",
-    "Tells the consoles of a cabin which Listeners there are, and each other.",
-    {},
-    7410};
+constexpr Option kOptions[] = {
+    {"allow-advertise", "LIST",
+     "addresses and networks that any peer may register in place of its own;\n"
+     "may be given more than once"},
+};
 
-int serve(const Options&, const ServerOptions& chosen, QString* error) {
+constexpr ServiceFrame kFrame{
+    "korvane-master", "Tells the consoles of a cabin which Listeners there are, and each other.",
+    kOptions, 7410};
+
+bool isOwn(const QString& text) {
+  const std::optional<IpAddress> address = ipAddressOf(text);
+  return address && isOfThisMachine(*address);
+}
+
+int serve(const Options& options, const ServerOptions& chosen, QString* error) {
+  AllowList advertise;
+  for (const QString& list : options.values("allow-advertise"))
+    if (!advertise.add(list, error)) return 1;
   ServiceParts parts(kFrame.program, chosen);
-  const MasterService service(parts.server, parts.log, chosen.encoding);
+  const MasterService service({parts.server, parts.log, chosen.encoding, advertise, &isOwn});
   return parts.listen(error) ? parts.run() : 1;
 }
 

@@ -8,21 +8,29 @@ namespace korvane {
 
 class MasterService : private RecordService {
  public:
-  MasterService(RecordServer& server, ServiceLog& log, WireText encoding);
+  struct Uses {  // all must outlive the service
+    RecordServer& server;
+    ServiceLog& log;
+    WireText encoding;
+    const AllowList& allowAdvertise;  // addresses that any peer may register as its own
+    std::function<bool(const QString& address)> isOfThisMachine;
+  };
+  explicit MasterService(Uses uses);  // it is the server's service until it ends
   ~MasterService() override;
 
+  // Changes with what peers send, inside calls of the server.
   const ListenerTable& table() const { return table_; }
 
  private:
   void record(Peer peer, QByteArrayView bytes) override;
   void left(Peer peer) override;
   void enter(Peer peer, const QStringList& fields);
+  void announce();
+  bool mayAdvertise(Peer peer, const QString& address) const;
   void answer(Peer peer, const QString& keyword);
   QByteArray listRecord(const QString& keyword, const QList<ListenerEntry>& entries) const;
 
-  RecordServer& server_;
-  ServiceLog& log_;
-  const WireText encoding_;
+  const Uses uses_;
   ListenerTable table_;
 };
 

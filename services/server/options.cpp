@@ -83,11 +83,14 @@ std::optional<ServerOptions> serverOptions(const Options& options, int port, QSt
     if (!chosen.allow.add(list, error)) return std::nullopt;
   const auto given = options.number("port", 0, 65535, port, error);
   const auto connections = options.number("connections", 1, 1000, chosen.limits.connections, error);
+  const auto perAddress = options.number("connections-per-address", 1, 1000,
+                                         chosen.limits.connectionsPerAddress, error);
   const auto bytes = options.number("record-bytes", 512, 1 << 20,
                                     static_cast<int>(chosen.limits.recordBytes), error);
-  if (!given || !connections || !bytes) return std::nullopt;
+  if (!given || !connections || !perAddress || !bytes) return std::nullopt;
   chosen.port = *given;
   chosen.limits.connections = *connections;
+  chosen.limits.connectionsPerAddress = *perAddress;
   chosen.limits.recordBytes = *bytes;
   const QString encoding = options.value("encoding", u"Windows-1252"_s);
   chosen.encoding = wireTextOf(encoding);

@@ -32,6 +32,11 @@ void Outbox::dropPictures() {
   }
 }
 
+void Outbox::clear() {
+  items_.clear();
+  size_ = 0;
+}
+
 QByteArray Outbox::next(qint64 nowMs, qint64 unsent) {
   if (items_.empty()) return {};
   if (gapDue_) {

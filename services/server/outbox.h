@@ -9,10 +9,12 @@
 
 namespace korvane {
 
+// It only keeps: who owns it asks next() and sends.
 class Outbox {
  public:
   static constexpr int kGapMs = 150;  // before and after a picture
 
+  // A whole record or several, with their ends. It may go out in one delivery with others.
   void put(const QByteArray& record);
   // An announcement and its picture; takes the place of one whose announcement has not gone yet.
   void putPicture(const QByteArray& announcement, const QByteArray& picture);
@@ -22,7 +24,9 @@ class Outbox {
   // that the peer's machine has not taken.
   QByteArray next(qint64 nowMs, qint64 unsent);
 
-  qint64 size() const { return size_; }  // bytes, without pictures
+  void clear();  // nothing of what waits is sent any more
+
+  qint64 size() const { return size_; }  // bytes of records that wait; pictures do not count
   bool empty() const { return items_.empty(); }
 
  private:

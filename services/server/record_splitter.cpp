@@ -2,23 +2,27 @@
 
 namespace korvane {
 
-bool RecordSplitter::take(QByteArrayView bytes, const std::function<bool(QByteArrayView)>& visit) {
-  while (!bytes.isEmpty()) {
+bool RecordSplitter::put(QByteArrayView bytes) {
+  bytes_.remove(0, std::exchange(at_, 0));
+  bytes_.append(bytes);
+  for (;;) {
     const qsizetype end = bytes.indexOf(kRecordEnd);
-    const qsizetype length = waiting_.size() + (end < 0 ? bytes.size() : end);
-    if (length > longest_) return false;
-    if (end < 0) {
-      waiting_.append(bytes);
-      return true;
-    }
-    QByteArray whole = std::exchange(waiting_, {});
-    const bool apart = whole.isEmpty();
-    if (!apart) whole.append(bytes.first(end));
-    const bool goesOn = visit(apart ? bytes.first(end) : QByteArrayView(whole));
-    if (!goesOn) return true;
+    unfinished_ += end < 0 ? bytes.size() : end;
+    if (unfinished_ > longest_) return false;
+    if (end < 0) return true;
+    unfinished_ = 0;
+    ++whole_;
     bytes = bytes.sliced(end + 1);
   }
-  return true;
+}
+
+std::optional<QByteArray> RecordSplitter::next() {
+  if (whole_ == 0) return std::nullopt;
+  const qsizetype end = bytes_.indexOf(kRecordEnd, at_);
+  QByteArray record = bytes_.sliced(at_, end - at_);
+  at_ = end + 1;
+  if (--whole_ == 0) bytes_.remove(0, std::exchange(at_, 0));
+  return record;
 }
 
 QList<QByteArrayView> fieldsOf(QByteArrayView record, qsizetype most) {

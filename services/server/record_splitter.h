@@ -2,7 +2,7 @@
 // what has no end yet waits for it.
 #pragma once
 
-#include <functional>
+#include <optional>
 
 #include "listener/listener_record.h"
 
@@ -12,18 +12,25 @@ class RecordSplitter {
  public:
   explicit RecordSplitter(qsizetype longest) : longest_(longest) {}  // bytes of a record
 
-  // Calls visit(record without its 0x01) for each record that is whole now, until it returns false.
-  // False when a record is too long: nothing is to be made of this connection any more.
-  bool take(QByteArrayView bytes, const std::function<bool(QByteArrayView)>& visit);
+  // Keeps what arrived. False when it holds a record that is too long: nothing is to be made of
+  // this connection any more.
+  bool put(QByteArrayView bytes);
 
-  bool unfinished() const { return !waiting_.isEmpty(); }
+  // The next record that is whole, without its 0x01; nothing when there is none.
+  std::optional<QByteArray> next();
+
+  qsizetype whole() const { return whole_; }              // records that next() can give
+  bool unfinished() const { return unfinished_ > 0; }     // bytes of a record without its end wait
+  qsizetype size() const { return bytes_.size() - at_; }  // bytes that wait
 
  private:
   qsizetype longest_;
-  QByteArray waiting_;
+  QByteArray bytes_;
+  qsizetype at_ = 0;  // in bytes_, where the next record begins
+  qsizetype whole_ = 0, unfinished_ = 0;
 };
 
-// The fields of a record, the first `most` of them.
+// The fields of a record, the first `most` of them. They point into `record`.
 QList<QByteArrayView> fieldsOf(QByteArrayView record, qsizetype most);
 
 }  // namespace korvane

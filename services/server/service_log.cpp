@@ -33,15 +33,27 @@ void ServiceLog::warn(const QString& text) {
 
 void ServiceLog::line(Budget& budget, const QString& text) {
   const QByteArray begin = prefix(budget.priority) + program_ + ": ";
-  if (const qint64 now = clock_.monotonicMs(); now - budget.sinceMs >= kWindowMs) {
+  const auto put = [&](const QString& words) {
+    if (++budget.lines > kMostLines)
+      ++budget.leftOut;
+    else
+      write(begin + printable(words, 500).toUtf8() + '\n');
+  };
+  const qint64 now = clock_.monotonicMs();
+  const bool anew = now - budget.sinceMs >= kWindowMs;
+  if (!anew && text == budget.last) {
+    ++budget.repeats;
+    return;
+  }
+  if (anew) {
     if (budget.leftOut > 0) write(begin + QByteArray::number(budget.leftOut) + " lines left out\n");
     budget.sinceMs = now;
     budget.lines = budget.leftOut = 0;
   }
-  if (++budget.lines > kMostLines)
-    ++budget.leftOut;
-  else
-    write(begin + printable(text, 500).toUtf8() + '\n');
+  if (const int times = std::exchange(budget.repeats, 0); times > 0)
+    put(u"the last line %1 times more"_s.arg(times));
+  budget.last = text;
+  put(text);
 }
 
 void ServiceLog::write(const QByteArray& line) {

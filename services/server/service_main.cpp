@@ -19,7 +19,7 @@ ServiceParts::ServiceParts(const char* program, ServerOptions options)
     : signal([] { QCoreApplication::exit(0); }),
       chosen(std::move(options)),
       log(clock, program),
-      server({tcp, ticker, clock, log, chosen.allow, chosen.limits}) {}
+      server({tcp, ticker, turns, clock, log, chosen.allow, chosen.limits}) {}
 
 bool ServiceParts::listen(QString* error) {
   if (!tcp.listen(chosen.bind, static_cast<quint16>(chosen.port), error)) return false;

@@ -10,17 +10,19 @@
 
 namespace korvane {
 
+// What a service is, for its command line and its help.
 struct ServiceFrame {
   const char* program;
   const char* what;                 // the first line of its help
   std::span<const Option> options;  // its own, besides kServerOptions
-  int port;                         // it listens at unless told
+  int port;                         // where it listens by default
 };
 
-// The parts every service is made of.
+// The parts every service is made of. One at a time; it wants a QCoreApplication.
 struct ServiceParts {
-  ServiceParts(const char* program, ServerOptions chosen);
-  bool listen(QString* error);  // and says where
+  ServiceParts(const char* program, ServerOptions chosen);  // `program` must outlive it
+
+  bool listen(QString* error);  // and logs where; false with `error` when it cannot
   int run();                    // until SIGTERM or SIGINT; the exit code
 
   const EndSignal signal;  // first: threads begun later leave the signals to it
@@ -29,11 +31,12 @@ struct ServiceParts {
   SystemClock clock;
   ServiceLog log;
   TcpServerQt tcp;
-  TickerQt ticker;
+  TickerQt ticker, turns;
   RecordServer server;
 };
 
-// Calls `serve`, which returns the exit code; with `error` set that is said on standard error.
+// Parses the command line, answers --help and --version, and else calls `serve`, which returns the
+// exit code; with `error` set that is said on standard error and the code is 1.
 int serviceMain(
     int argc, char** argv, const ServiceFrame& frame,
     const std::function<int(const Options&, const ServerOptions&, QString* error)>& serve);

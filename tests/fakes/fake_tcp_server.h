@@ -19,19 +19,26 @@ class FakeTcpServer : public TcpServer {
   }
   qint64 unsent(Peer peer) const override { return waiting.contains(peer) ? waiting.at(peer) : 0; }
   void drop(Peer peer) override { dropped << peer; }
+  void hold(Peer peer, bool on) override {
+    held.removeAll(peer);
+    if (on) held << peer;
+  }
 
   Peer join(const QString& address = u"127.0.0.1"_s) {
     return events_->joined(++last_, address) ? last_ : 0;
   }
   void arrive(Peer peer, const QByteArray& bytes) { events_->arrived(peer, bytes); }
-  void leave(Peer peer) { events_->left(peer); }
+  void leave(Peer peer) {
+    held.removeAll(peer);
+    events_->left(peer);
+  }
   QByteArray take(Peer peer) {
     return std::exchange(sent[peer], {}).join();
   }  // since the last call
 
   std::map<Peer, QByteArrayList> sent;  // each send whole
   std::map<Peer, qint64> waiting;
-  QList<Peer> deaf, dropped;
+  QList<Peer> deaf, dropped, held;
 
  private:
   Events* events_ = nullptr;

@@ -95,10 +95,15 @@ class Peer:
         return True
 
 
-master = Daemon(MASTER, "--port", "0")
-console = Peer(master)
+master = Daemon(MASTER, "--port", "0", "--allow-advertise", "10.0.0.9")
+console, thief = Peer(master), Peer(master)
 console.say("ML|REG|Seat 1|10.0.0.9|N/A|CLIENT|CLIENT$ML|IGET|ALL$")
 console.expect(r"IREQUEST\|Seat 1~10\.0\.0\.9~N/A~CLIENT")
+thief.say("ML|REG|Seat 1|10.0.0.9|N/A|CLIENT|CLIENT$ML|REG|Salon|10.0.0.2|7411|MUSIC|MUSIC$ML|IGET|ALL$")
+thief.expect(r"IREQUEST\|Seat 1~10\.0\.0\.9~N/A~CLIENT\|Salon~127\.0\.0\.1~7411~MUSIC")
+console.expect(r"NEW\|Salon~127\.0\.0\.1~7411~MUSIC")
+thief.socket.close()
+master.wait("gone: MUSIC \"Salon\" at 127.0.0.1 port 7411")
 arguments = ["--root", str(root), "--tick", "200", "--name", "Salon", "--master", f"127.0.0.1:{master.port}"]
 listener = Daemon(LISTENER, "--port", "0", *arguments)
 entry = rf"Salon~127\.0\.0\.1~{listener.port}~MUSIC"
@@ -142,7 +147,7 @@ while len(picture) < 1000 or b"MUSICTIMER" not in (more := two.socket.recv(4 << 
 assert b"MUSICTIMER" not in picture
 two.say("MUSIC|STOP$")
 listener.end()
-master.wait("gone: MUSIC \"Salon\"")
+master.wait(rf"gone: MUSIC \"Salon\" at 127.0.0.1 port {listener.port}")
 
 listener = Daemon(LISTENER, "--port", str(listener.port), *arguments)
 console.expect(rf"NEW\|{entry}")
@@ -153,6 +158,12 @@ for path in (folder / "outside.mp3", "../outside.mp3", "..\\outside.mp3", root /
     peer.expect(r"ERROR\|File not found")
 assert str(folder / "outside.mp3") not in [str(file.resolve()) for file in pathlib.Path(
     f"/proc/{listener.process.pid}/fd").iterdir()]
+
+peer.say("MUSIC|DURATION$" * 300)  # more than one turn handles
+peer.expect(*[r"MUSICDURATION\|[\d.]+"] * 300)
+time.sleep(1)
+peer.say("MUSIC|STOP$")
+peer.expect(r"MEDIAPLAYERSTATE\|0")
 
 flood, endless, deaf, half = (Peer(listener) for _ in range(4))
 try:

@@ -32,7 +32,7 @@ struct MusicServiceTest : ServiceWorld {
   FakeMediaPlayer player;
   FakeTicker musicTimer;
   QByteArray cover;
-  RecordServer server{{tcp, doorTicker, system.clock, log, allow, limits}};
+  RecordServer server{{tcp, doorTicker, turns, system.clock, log, allow, limits}};
   DiskFileSystem files;
   MusicService music{
       {server,
@@ -96,6 +96,10 @@ TEST_F(MusicServiceTest, AllConsolesHearOfAChangeAndOneOfTheEnd) {
   EXPECT_EQ(heard(one), "MUSICTIMER|0:07|7$") << "no tick tells it while paused";
   say(two, "MUSIC|PLAY$MUSIC|VOLUME|9$MUSIC|STATUS$MUSIC|PLAY|/x.mp3|X$");
   EXPECT_EQ(heard(one), "PAUSETOPLAY$VOLUME|9$") << "neither status nor error of another";
+  say(two, "MUSIC|VOLUME|" + QByteArray(8000, '9') + '$');
+  play(two, QByteArray(8000, 'T'));
+  EXPECT_LE(heard(one).size(), 1200) << "nobody fills another's queue";
+  play(one), heard(one);
   heard(two);
   player.end();
   EXPECT_EQ(heard(one), "ENDOFSTREAM$");
@@ -143,6 +147,35 @@ TEST_F(MusicServiceTest, DamagedSongsArePassedOverThreeTimes) {
   player.fail(u"damaged"_s);
   EXPECT_EQ(heard(one), "ERROR|damaged$MEDIAPLAYERSTATE|0$");
   EXPECT_EQ(heard(two), "MEDIAPLAYERSTATE|0$");
+}
+
+TEST_F(MusicServiceTest, WhatFailsIsSaidWithoutThePlaceOnThisMachine) {
+  const Peer peer = tcp.join();
+  const std::pair<QString, const char*> table[] = {
+      {u"Cannot play %1: the file may not be read."_s.arg(song),
+       "ERROR|Cannot play A.MP3: the file may not be read.$"},
+      {u"Cannot open %1.part"_s.arg(root.path() + u"/other"_s), "ERROR|Cannot play A.MP3$"},
+  };
+  for (const auto& [description, record] : table) {
+    player.errors[song] = description;
+    say(peer, "MUSIC|PLAY|Z:\\Music\\A.MP3|A$");
+    EXPECT_EQ(heard(peer), record);
+    player.errors.clear();
+    say(peer, "MUSIC|PLAY|Z:\\Music\\A.MP3|A$");
+    heard(peer);
+    player.fail(description);
+    EXPECT_EQ(heard(peer), record + QByteArray("ENDOFSTREAM$"));
+    EXPECT_TRUE(log.text.contains(description.toUtf8())) << "the owner reads all of it";
+  }
+}
+
+TEST_F(MusicServiceTest, AConsoleMayBeSilent) {
+  const Peer console = tcp.join(), stranger = tcp.join();
+  say(console, "MUSIC|STATUS$");
+  say(stranger, "GET / HTTP/1.1$");
+  pass(limits.idleMs + 1000);
+  EXPECT_TRUE(server.has(console));
+  EXPECT_FALSE(server.has(stranger));
 }
 
 TEST_F(MusicServiceTest, TheCoverOfTheSongThatPlays) {

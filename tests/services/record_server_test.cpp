@@ -23,16 +23,28 @@ TEST(RecordSplitterTest, RecordsHoweverTheyAreCut) {
   for (qsizetype piece = 1; piece <= stream.size(); ++piece) {
     RecordSplitter splitter(20);
     QByteArrayList found;
-    for (qsizetype from = 0; from < stream.size(); from += piece)
-      EXPECT_TRUE(splitter.take(
-          QByteArrayView(stream).sliced(from).first(std::min(piece, stream.size() - from)),
-          [&](QByteArrayView record) {
-            found << record.toByteArray();
-            return true;
-          }));
+    for (qsizetype from = 0; from < stream.size(); from += piece) {
+      EXPECT_TRUE(splitter.put(
+          QByteArrayView(stream).sliced(from).first(std::min(piece, stream.size() - from))));
+      while (from % 3 > 0 && splitter.whole() > 0) found << *splitter.next();
+    }
+    while (const auto record = splitter.next()) found << *record;
     EXPECT_EQ(found, QByteArrayList({bytes("MUSIC|PLAY|a|b"), {}, bytes("MUSIC|STOP")})) << piece;
     EXPECT_TRUE(splitter.unfinished());
   }
+}
+
+TEST(ServiceLogTest, AFloodDoesNotHideWhatMatters) {
+  FakeClock clock;
+  HeardLog log(clock, "test");
+  for (int i = 0; i < 1000; ++i) log.warn(u"refused"_s);
+  log.warn(u"dropped"_s);
+  EXPECT_EQ(log.text, "test: refused\ntest: the last line 999 times more\ntest: dropped\n");
+  for (int i = 0; i < 1000; ++i) log.warn(QString::number(i));
+  EXPECT_LE(log.text.count('\n'), 110);
+  clock.advance(10'000);
+  log.warn(u"later"_s);
+  EXPECT_TRUE(log.text.endsWith("lines left out\ntest: later\n"));
 }
 
 struct RecordServerTest : ServiceWorld, RecordService {
@@ -40,15 +52,22 @@ struct RecordServerTest : ServiceWorld, RecordService {
 
   RecordServerTest() { limits.connections = 3; }
   void open() {
-    server.emplace(RecordServer::Uses{tcp, doorTicker, system.clock, log, allow, limits});
+    server.emplace(RecordServer::Uses{tcp, doorTicker, turns, system.clock, log, allow, limits});
     server->setService(this);
   }
-  void record(Peer peer, QByteArrayView bytes) override { got[peer] << bytes.toByteArray(); }
+  void record(Peer peer, QByteArrayView bytes) override {
+    got[peer] << bytes.toByteArray();
+    order << peer;
+    system.clock.advance(recordMs);
+    if (!answer.isEmpty()) server->send(peer, answer);
+  }
   void left(Peer peer) override { gone << peer; }
 
   std::optional<RecordServer> server;
   std::map<Peer, QByteArrayList> got;
-  QList<Peer> gone;
+  QList<Peer> gone, order;  // order: whose record was handled
+  QByteArray answer;        // to each record
+  int recordMs = 0;         // that one takes
 };
 
 TEST_F(RecordServerTest, OnlyTheAllowedAndNotTooMany) {
@@ -61,6 +80,80 @@ TEST_F(RecordServerTest, OnlyTheAllowedAndNotTooMany) {
   EXPECT_NE(tcp.join(), 0U);
   EXPECT_TRUE(log.text.contains("refused 10.0.0.9: not in the list"));
   EXPECT_TRUE(log.text.contains("all 3 connections are taken"));
+}
+
+TEST_F(RecordServerTest, OneMachineDoesNotShutTheOthersOut) {
+  limits.connections = 20;
+  QString error;
+  allow.add(u"10.0.0.0/8"_s, &error);
+  open();
+  QList<Peer> taken;
+  while (const Peer peer = tcp.join(u"10.0.0.9"_s)) taken << peer;
+  EXPECT_EQ(taken.size(), limits.connectionsPerAddress);
+  EXPECT_NE(tcp.join(u"10.0.0.8"_s), 0U);
+  tcp.leave(taken.first());
+  EXPECT_NE(tcp.join(u"10.0.0.9"_s), 0U);
+}
+
+TEST_F(RecordServerTest, StrangersAreDroppedAndWhoTakesPartIsNot) {
+  open();
+  const Peer mute = tcp.join(), asks = tcp.join(), kept = tcp.join();
+  server->keep(kept);
+  pass(limits.idleMs - 1000);
+  say(asks, "a$");
+  pass(1000);
+  EXPECT_EQ(gone, QList<Peer>{mute});
+  pass(limits.idleMs);
+  EXPECT_EQ(gone, QList<Peer>({mute, asks}));
+  EXPECT_FALSE(doorTicker.running()) << "nobody is to be looked at";
+}
+
+// Eight that ask for much and read nothing: what waits for them counts while it is queued.
+TEST_F(RecordServerTest, AnswersThatNobodyReadsDoNotPileUp) {
+  limits.connections = 9;
+  answer = QByteArray(30'000, 'n') + '\1';
+  open();
+  QList<Peer> deaf;
+  for (int i = 0; i < 8; ++i) deaf << tcp.join();
+  tcp.deaf = deaf;
+  for (const Peer peer : deaf) say(peer, QByteArray("a$").repeated(490));
+  qint64 most = server->queuedBytes();
+  for (; turns.running(); turns.fire()) most = std::max(most, server->queuedBytes());
+  EXPECT_LE(most, 8 * limits.unreadBytes);
+  pass(100);
+  EXPECT_EQ(server->count(), 0);
+  EXPECT_TRUE(log.text.contains("does not read what it is sent"));
+}
+
+TEST_F(RecordServerTest, EachHasItsTurn) {
+  limits.connections = 9;
+  open();
+  QList<Peer> busy;
+  for (int i = 0; i < 8; ++i) busy << tcp.join();
+  for (const Peer peer : busy) say(peer, QByteArray("a$").repeated(450));
+  EXPECT_LE(order.size(), RecordServer::kTurnRecords);
+  EXPECT_EQ(tcp.held, busy) << "none is read before what it sent is handled";
+
+  const Peer other = tcp.join();
+  say(other, "b$");
+  order.clear();
+  turns.fire();
+  EXPECT_LE(order.indexOf(other), busy.size());
+  EXPECT_NE(order.indexOf(other), -1);
+  for (const Peer peer : busy) EXPECT_LE(order.count(peer), 2);
+
+  recordMs = 2 * RecordServer::kTurnMs;
+  order.clear();
+  turns.fire();
+  EXPECT_EQ(order.size(), 1) << "one that takes long ends a turn";
+
+  recordMs = 0;
+  tcp.leave(busy[0]);
+  EXPECT_EQ(gone, QList<Peer>{}) << "what it sent counts";
+  takeTurns();
+  EXPECT_EQ(gone, QList<Peer>{busy[0]});
+  EXPECT_EQ(tcp.held, QList<Peer>{});
+  for (const Peer peer : busy) EXPECT_EQ(got[peer].size(), 450);
 }
 
 TEST_F(RecordServerTest, WhoMisbehavesIsDroppedAndTheOthersStay) {
@@ -104,6 +197,7 @@ TEST_F(RecordServerTest, WhoMisbehavesIsDroppedAndTheOthersStay) {
 TEST_F(RecordServerTest, SlowReadersAreNoMisbehaviour) {
   open();
   const Peer slow = tcp.join();
+  server->keep(slow);
   tcp.deaf << slow;
   for (int i = 0; i < 10; ++i) {
     server->send(slow, QByteArray(1000, 'n'));

@@ -31,6 +31,9 @@ struct ServiceWorld : testing::Test {
       doorTicker.fire();
     }
   }
+  void takeTurns() {  // until nobody waits for one
+    while (turns.running()) turns.fire();
+  }
   void say(Peer peer, const QByteArray& text) { tcp.arrive(peer, bytes(text)); }
   QByteArray heard(Peer peer) {  // since the last call, in the signs of bytes()
     return tcp.take(peer).replace('\0', '|').replace('\2', '~').replace('\1', '$');
@@ -38,7 +41,7 @@ struct ServiceWorld : testing::Test {
 
   FakeSystem system;
   FakeTcpServer tcp;
-  FakeTicker doorTicker;
+  FakeTicker doorTicker, turns;
   HeardLog log{system.clock, "test"};
   AllowList allow;
   ServerLimits limits;

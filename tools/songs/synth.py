@@ -1,6 +1,6 @@
 """A small synthesizer: notes of a few instruments, mixed into a stereo buffer, with a room around it.
 
-All signals are float arrays at RATE; a note is told by its frequency in Hz and its length in seconds.
+All signals are float arrays at RATE; a note is given by its frequency in Hz and its length in seconds.
 """
 import numpy as np
 
