@@ -27,6 +27,11 @@ ssize_t readStream(void* stream, unsigned char* to, size_t length) {
   return static_cast<SoundStream*>(stream)->read({reinterpret_cast<char*>(to), length});
 }
 
+// No stream can be sought. libVLC only asks when a position is set, which streams have no use for.
+int seekStream(void*, uint64_t) {
+  return -1;
+}
+
 // The first instance of the process is never released. With the last one libVLC unloads its
 // plug-ins, and the one for tags leaves objects of its own behind in the TagLib that this program
 // uses too.
@@ -136,10 +141,13 @@ void MediaPlayerVlc::Engine::open(int generation, const QString& path,
   generation_ = generation;
 }
 
-// libVLC would fill 16 MB, a minute and a half, before it sounds the first of it.
+// libVLC takes a stream without a call for seeking for a live one: it then reads as fast as it is
+// given, a whole disc into memory, keeps what comes during a pause in temporary files, and is at
+// the end at once where no sound device takes what was read. Without the options it would fill 16
+// MB, a minute and a half, before it sounds the first of it.
 libvlc_media_t* MediaPlayerVlc::Engine::mediaOf(SoundStream& stream) {
   libvlc_media_t* media = vlc_->libvlc_media_new_callbacks(instance_, openStream, readStream,
-                                                           nullptr, nullptr, &stream);
+                                                           seekStream, nullptr, &stream);
   for (const char* option : {":prefetch-read-size=17640", ":prefetch-buffer-size=512"})
     vlc_->libvlc_media_add_option(media, option);
   return media;
