@@ -56,7 +56,7 @@ DiscLook nothing(DiscLook::State state, const QString& trouble) {
   return look;
 }
 
-// What tells one state of an image's file from another.
+// What differs between two states of an image's file.
 QByteArray markOf(const struct stat& file) {
   return QByteArray::number(qint64{file.st_size}) + ' ' + QByteArray::number(quint64{file.st_ino}) +
          ' ' + QByteArray::number(qint64{file.st_mtim.tv_sec}) + '.' +
@@ -161,16 +161,17 @@ DiscLook lookAtDevice(const QByteArray& path, const DiscLook& before) {
   const int status = ioctl(drive, CDROM_DRIVE_STATUS, CDSL_CURRENT);
   const bool changed = ioctl(drive, CDROM_MEDIA_CHANGED, CDSL_CURRENT) > 0;
   ::close(drive);
+  const bool same = before.state == DiscLook::Ready && !changed;
   switch (status) {
     case CDS_TRAY_OPEN:
       return nothing(DiscLook::DoorOpen, {});
     case CDS_NO_DISC:
-    case CDS_DRIVE_NOT_READY:
       return nothing(DiscLook::NoDisc, {});
+    case CDS_DRIVE_NOT_READY:  // it spins up, with a new disc or the one that it knew
+      return same ? before : nothing(DiscLook::NoDisc, {});
     default:
       break;
   }
-  const bool same = before.state == DiscLook::Ready && !changed;
   DiscLook look = same ? before : openTable(path, name);
   if (look.state == DiscLook::Ready && !look.disc.tracks.front().audio) addSongs(look, path);
   return look;
