@@ -199,16 +199,16 @@ void MediaPlayerVlc::Engine::conclude(int generation) {
                 path_)});
 }
 
-void MediaPlayerVlc::Engine::report(Report told) {
+void MediaPlayerVlc::Engine::report(Report news) {
   const std::lock_guard lock(mutex_);
   if (!pump_) return;
-  pump_->later([weak = weak_from_this(), told = std::move(told)] {
+  pump_->later([weak = weak_from_this(), news = std::move(news)] {
     const std::shared_ptr<Engine> engine = weak.lock();
-    if (engine && engine->owner_) engine->owner_->heard(told);
+    if (engine && engine->owner_) engine->owner_->heard(news);
   });
 }
 
-void MediaPlayerVlc::Engine::lengthTold(qint64 milliseconds) {
+void MediaPlayerVlc::Engine::takeLength(qint64 milliseconds) {
   if (milliseconds <= 0) return;
   if (lengthMs_ > 0 && std::abs(milliseconds - lengthMs_) < kLengthStepMs) return;
   lengthMs_ = milliseconds;
@@ -228,7 +228,7 @@ void MediaPlayerVlc::Engine::event(const libvlc_event_t* event, void* self) {
       engine->positionMs = event->u.media_player_time_changed.new_time;
       break;
     case libvlc_MediaPlayerLengthChanged:
-      engine->lengthTold(event->u.media_player_length_changed.new_length);
+      engine->takeLength(event->u.media_player_length_changed.new_length);
       break;
     case libvlc_MediaPlayerEndReached:
     case libvlc_MediaPlayerEncounteredError:

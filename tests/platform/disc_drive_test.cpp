@@ -90,7 +90,7 @@ TEST_F(DriveTest, WhatIsNoDiscSaysWhy) {
   const struct {
     QString name;
     std::optional<QByteArray> cue, bin;
-    QString told;
+    QString reason;
     size_t tracks;
   } cases[] = {
       {u"absent"_s, {}, {}, u"There is no"_s, 0},
@@ -113,7 +113,7 @@ TEST_F(DriveTest, WhatIsNoDiscSaysWhy) {
     if (c.bin) home.put(c.name + u".bin"_s, *c.bin);
     open(home / (c.name + u".cue"_s));
     EXPECT_EQ(drive.disc() ? drive.disc()->tracks.size() : 0, c.tracks) << c.name.toStdString();
-    EXPECT_TRUE(drive.trouble().contains(c.told))
+    EXPECT_TRUE(drive.trouble().contains(c.reason))
         << c.name.toStdString() << ": " << drive.trouble().toStdString();
     EXPECT_TRUE(drive.trouble().contains(c.name)) << drive.trouble().toStdString();
   }
@@ -163,7 +163,7 @@ TEST_F(DriveTest, LooksAtADiscWhileItIsOpenedAndRead) {
   EXPECT_EQ(unread, 0);
 }
 
-// A drive that hangs where it is told to, until it is let go.
+// A drive that hangs where a test wants it, until it is let go.
 class HangingReader : public DiscReader {
  public:
   struct Sectors : SectorReader {
