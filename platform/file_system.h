@@ -1,5 +1,5 @@
 // gFso: the one file-system helper. Paths use '/'; '\' is accepted. Look-ups fold case, so a name
-// written "Music" finds "music".
+// written "Music" finds "music". The const members may be called from any thread.
 #pragma once
 
 #include <optional>
@@ -20,10 +20,17 @@ class FileSystem {
   virtual bool FolderExists(const QString& path) const = 0;
   virtual bool CreateFolder(const QString& path) = 0;  // with missing parents; true when it stands
   virtual bool DeleteFile(const QString& path) = 0;
-  virtual bool DeleteFolder(const QString& path) = 0;  // with all that it holds
+
+  // With all that it holds. After a failure some of it may be gone.
+  virtual bool DeleteFolder(const QString& path) = 0;
+
   // Gives a file another name; what has that name already is replaced.
   virtual bool MoveFile(const QString& from, const QString& to) = 0;
+
+  // `to` is the copy's path or the folder for it; what is there already is replaced. After a
+  // failure it stands as it was.
   virtual bool CopyFile(const QString& from, const QString& to) = 0;
+
   virtual QStringList SubFolders(const QString& path) const = 0;  // names, in the order of the disk
   virtual QStringList Files(const QString& path) const = 0;       // names, in the order of the disk
 
@@ -31,19 +38,20 @@ class FileSystem {
   virtual std::optional<QByteArray> read(const QString& path, qint64 limit = 64 << 20) const = 0;
 
   // Replaces the whole file: a temporary beside it, write, check, sync, rename, sync of the
-  // directory. After a failure or a crash at any point the old file stands whole. False with
-  // `error` in words.
+  // directory. After a failure or a crash at any point the old file stands whole. `error` gets the
+  // reason of a failure, in words.
   virtual bool replace(const QString& path, const QByteArray& bytes, QString* error = nullptr) = 0;
 
-  // Adds to the end of the file, making it when missing.
+  // Adds to the end of the file, making it when missing. A failure may leave a part of it behind.
   virtual bool append(const QString& path, const QByteArray& bytes) = 0;
 
   // Mount points of fixed and network volumes, for files whose volume has moved.
   virtual QStringList volumes() const = 0;
 
-  static QString BuildPath(const QString& folder, const QString& name);
-  static QString GetParentFolderName(const QString& path);
-  static QString slashed(QString path);  // '\' turned into '/'
+  // Text alone; nothing is looked up on the disk. The results have '/' for every '\'.
+  static QString BuildPath(const QString& folder, const QString& name);  // with a '/' between
+  static QString GetParentFolderName(const QString& path);               // all before the last '/'
+  static QString slashed(QString path);                                  // '\' turned into '/'
 };
 
 }  // namespace korvane

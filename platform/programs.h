@@ -15,7 +15,7 @@ class Programs {
   // directory, as a session of its own that outlives the console. Its task number; 0 with `error`
   // in words when it cannot be started. `ended` comes from the event loop when it has exited.
   virtual int start(const QString& path, std::function<void()> ended, QString* error) = 0;
-  virtual bool running(int task) const = 0;
+  virtual bool running(int task) const = 0;  // false for a number that start() never gave
 
   // Brings the window of the task to the front; false when it shows none or the display cannot.
   virtual bool activate(int task) = 0;

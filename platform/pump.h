@@ -1,4 +1,5 @@
-// The door to the event loop: yields and waits of the one user-interface thread.
+// The door to the event loop: yields and waits of the one user-interface thread. All but later()
+// are called from that thread.
 #pragma once
 
 #include <functional>

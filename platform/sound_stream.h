@@ -1,4 +1,4 @@
-// Sound that is made while it plays, as the bytes of one WAV file, front to back.
+// Sound that is made while it plays, as the bytes of one WAV file (RIFF WAVE), front to back, once.
 #pragma once
 
 #include <span>
@@ -10,7 +10,7 @@ namespace korvane {
 class SoundStream {
  public:
   virtual ~SoundStream() = default;
-  virtual qint64 size() const = 0;  // of the whole, in bytes
+  virtual qint64 size() const = 0;  // of the whole, in bytes; the sound may end before it
 
   // Fills the front of `to` and says how many bytes; 0 at the end. Waits for the sound to be made;
   // called on a thread of the player's.

@@ -1,4 +1,4 @@
-// All doors to the outside in one hand, as the console is given them. Not owned.
+// All doors to the outside in one hand, as the console is given them. Not owned; they outlive it.
 #pragma once
 
 #include "platform/clock.h"
@@ -28,7 +28,7 @@ struct System {
   Programs& programs;
   OneInstance& instance;
   Network& network;
-  std::function<std::unique_ptr<Winsock>()> makeWinsock;
+  std::function<std::unique_ptr<Winsock>()> makeWinsock;  // a connection of the caller's own
 };
 
 }  // namespace korvane

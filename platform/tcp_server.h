@@ -1,4 +1,5 @@
-// A listening TCP socket and the connections that others made to it.
+// A listening TCP socket and the connections that others made to it. Called from the thread of
+// the event loop only.
 #pragma once
 
 #include <cstdint>
@@ -15,8 +16,7 @@ class TcpServer {
   class Events {
    public:
     virtual ~Events() = default;
-    // A connection from that numeric address; false ends it at once and nothing more is heard of
-    // it.
+    // A connection from that numeric address; false ends it at once, and it is not heard of again.
     virtual bool joined(Peer peer, const QString& address) = 0;
     virtual void arrived(Peer peer, const QByteArray& bytes) = 0;
     virtual void took(Peer peer) = 0;  // the peer's machine has taken some of what was sent
@@ -29,7 +29,7 @@ class TcpServer {
   // At a numeric address of this machine ("0.0.0.0" and "::" are all of them) and a port; 0 takes
   // any free one. False with `error` in words.
   virtual bool listen(const QString& address, quint16 port, QString* error) = 0;
-  virtual quint16 port() const = 0;
+  virtual quint16 port() const = 0;  // the one taken; 0 while not listening
 
   virtual void send(Peer peer, const QByteArray& bytes) = 0;  // one write; nothing once it has gone
   virtual qint64 unsent(Peer peer) const = 0;  // bytes that the peer's machine has not taken yet

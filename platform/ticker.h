@@ -1,4 +1,4 @@
-// A timer of the event loop.
+// A timer of the event loop; called from its thread. Its end stops it.
 #pragma once
 
 #include <functional>

@@ -23,15 +23,15 @@ QString cueTrouble(const QByteArray& sheet) {
   for (const QByteArray& line : sheet.split('\n')) {
     ++number;
     if (line.size() > kLongestLine) return at(number, u"is too long"_s);
-    const QList<QByteArray> told = words(line);
-    if (told[0] == "TRACK") {
+    const QList<QByteArray> entry = words(line);
+    if (entry[0] == "TRACK") {
       if (++tracks > kMost) return at(number, u"is a track too many"_s);
       bool isNumber = false;
-      if (told.value(1).toInt(&isNumber) != tracks || !isNumber)
+      if (entry.value(1).toInt(&isNumber) != tracks || !isNumber)
         return at(number, u"is not track %1, which comes next"_s.arg(tracks));
       places = 0;
     }
-    if (told[0] == "INDEX" && (tracks == 0 || ++places > kMost))
+    if (entry[0] == "INDEX" && (tracks == 0 || ++places > kMost))
       return at(number, u"is a place without a track of its own"_s);
   }
   return tracks == 0 ? u"it has no tracks"_s : QString();

@@ -8,9 +8,8 @@
 
 namespace korvane {
 
-// Why a sheet is not read, for a message; empty for a good one. Its tracks are numbered 1, 2, 3...
-// up to 99, with at most 99 places each, which stand behind their track; a line has up to 1000
-// bytes.
+// Why a sheet is not read, for a message; empty for a good one: tracks numbered 1, 2, 3... up to
+// 99, with at most 99 places each, which stand behind their track, in lines of up to 1000 bytes.
 QString cueTrouble(const QByteArray& sheet);
 
 }  // namespace korvane

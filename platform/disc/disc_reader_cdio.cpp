@@ -9,6 +9,8 @@
 #include <QDirIterator>
 #include <QFile>
 
+#include <mutex>
+
 #include "platform/disc/cue_sheet.h"
 #include "platform/disc/disc_table.h"
 #include "platform/files/mount_table.h"
@@ -20,6 +22,10 @@ namespace {
 constexpr qint64 kLongestSheet = 1 << 20;
 constexpr qsizetype kMostSongs = 10'000;
 
+// Held for each call of libcdio. Its parser of CUE sheets (strtok) and its log keep state of the
+// process: two threads in the one break a good sheet, in the other they end the program.
+std::mutex cdio;
+
 struct Destroy {
   void operator()(CdIo_t* disc) const { cdio_destroy(disc); }
   void operator()(char* text) const { free(text); }
@@ -29,6 +35,7 @@ using OwnedText = std::unique_ptr<char, Destroy>;
 
 QByteArray pathOf(const QString& source) {
   if (!source.isEmpty()) return fromPath(source);
+  const std::lock_guard lock(cdio);
   const OwnedText found(cdio_get_default_device(nullptr));
   return found ? QByteArray(found.get()) : QByteArray();
 }
@@ -38,7 +45,7 @@ bool isDevice(const QByteArray& path) {
   return stat(path.constData(), &is) == 0 && S_ISBLK(is.st_mode);
 }
 
-OpenDisc openDisc(const QByteArray& path) {
+OpenDisc openDisc(const QByteArray& path) {  // under the lock
   return OpenDisc(cdio_open(path.constData(), isDevice(path) ? DRIVER_DEVICE : DRIVER_BINCUE));
 }
 
@@ -49,7 +56,7 @@ DiscLook nothing(DiscLook::State state, const QString& trouble) {
   return look;
 }
 
-// What tells one state of an image's file from another.
+// What differs between two states of an image's file.
 QByteArray markOf(const struct stat& file) {
   return QByteArray::number(qint64{file.st_size}) + ' ' + QByteArray::number(quint64{file.st_ino}) +
          ' ' + QByteArray::number(qint64{file.st_mtim.tv_sec}) + '.' +
@@ -58,12 +65,20 @@ QByteArray markOf(const struct stat& file) {
 
 DiscLook openTable(const QByteArray& path, const QString& name) {
   takeCdioComplaint();
+  const std::lock_guard lock(cdio);
   const OpenDisc disc = openDisc(path);
   if (disc) return tableOf(disc.get(), name);
   const QString why = takeCdioComplaint();
   return nothing(DiscLook::NoDisc,
                  why.isEmpty() ? u"Cannot read %1: it is no disc that can be played."_s.arg(name)
                                : u"Cannot read %1: %2."_s.arg(name, why));
+}
+
+// The path of the data beside a sheet; null for what libcdio does not take for one.
+OwnedText dataOf(const QByteArray& sheet) {
+  takeCdioComplaint();
+  const std::lock_guard lock(cdio);
+  return OwnedText(cdio_is_cuefile(sheet.constData()));
 }
 
 QString sheetTrouble(const QByteArray& path) {
@@ -86,8 +101,7 @@ DiscLook lookAtImage(const QByteArray& path, const DiscLook& before) {
   if (const QString trouble = sheetTrouble(path); !trouble.isEmpty())
     return nothing(DiscLook::NoDisc,
                    u"Cannot read %1: it is no CUE sheet (%2)."_s.arg(name, trouble));
-  takeCdioComplaint();
-  const OwnedText bin(cdio_is_cuefile(path.constData()));
+  const OwnedText bin = dataOf(path);
   if (!bin)
     return nothing(DiscLook::NoDisc,
                    u"Cannot read %1: it is no CUE sheet (%2)."_s.arg(name, takeCdioComplaint()));
@@ -147,16 +161,17 @@ DiscLook lookAtDevice(const QByteArray& path, const DiscLook& before) {
   const int status = ioctl(drive, CDROM_DRIVE_STATUS, CDSL_CURRENT);
   const bool changed = ioctl(drive, CDROM_MEDIA_CHANGED, CDSL_CURRENT) > 0;
   ::close(drive);
+  const bool same = before.state == DiscLook::Ready && !changed;
   switch (status) {
     case CDS_TRAY_OPEN:
       return nothing(DiscLook::DoorOpen, {});
     case CDS_NO_DISC:
-    case CDS_DRIVE_NOT_READY:
       return nothing(DiscLook::NoDisc, {});
+    case CDS_DRIVE_NOT_READY:  // it spins up, with a new disc or the one that it knew
+      return same ? before : nothing(DiscLook::NoDisc, {});
     default:
       break;
   }
-  const bool same = before.state == DiscLook::Ready && !changed;
   DiscLook look = same ? before : openTable(path, name);
   if (look.state == DiscLook::Ready && !look.disc.tracks.front().audio) addSongs(look, path);
   return look;
@@ -165,7 +180,12 @@ DiscLook lookAtDevice(const QByteArray& path, const DiscLook& before) {
 class CdioSectors final : public SectorReader {
  public:
   explicit CdioSectors(OpenDisc disc) : disc_(std::move(disc)) {}
+  ~CdioSectors() override {
+    const std::lock_guard lock(cdio);
+    disc_.reset();
+  }
   bool read(int first, int count, char* to) override {
+    const std::lock_guard lock(cdio);
     return cdio_read_audio_sectors(disc_.get(), to, first, static_cast<uint32_t>(count)) ==
            DRIVER_OP_SUCCESS;
   }
@@ -190,6 +210,7 @@ std::unique_ptr<SectorReader> DiscReaderCdio::sectors(const QString& source) {
   takeCdioComplaint();
   const QByteArray path = pathOf(source);
   if (!isDevice(path) && !sheetTrouble(path).isEmpty()) return nullptr;
+  const std::lock_guard lock(cdio);
   OpenDisc disc = openDisc(path);
   return disc ? std::make_unique<CdioSectors>(std::move(disc)) : nullptr;
 }
@@ -197,7 +218,9 @@ std::unique_ptr<SectorReader> DiscReaderCdio::sectors(const QString& source) {
 void DiscReaderCdio::eject(const QString& source) {
   takeCdioComplaint();
   const QByteArray path = pathOf(source);
-  if (isDevice(path)) cdio_eject_media_drive(path.constData());
+  if (!isDevice(path)) return;
+  const std::lock_guard lock(cdio);
+  cdio_eject_media_drive(path.constData());
 }
 
 }  // namespace korvane

@@ -1,4 +1,7 @@
 // Discs by libcdio: a drive of the machine, or a CUE sheet with the BIN of the same name beside it.
+//
+// libcdio keeps state of the process, so all readers of a program take turns: one waits while
+// another reads a chunk, and as long as a drive hangs.
 #pragma once
 
 #include "platform/disc/disc_reader.h"

@@ -16,7 +16,7 @@ namespace korvane {
 
 class DiscSound final : public SoundStream, public std::enable_shared_from_this<DiscSound> {
  public:
-  // Sectors `first` to `end` (exclusive) of what `source` names.
+  // Sectors `first` to `end` (exclusive) of what `source` names. Begins to read at once.
   static std::shared_ptr<DiscSound> make(std::shared_ptr<DiscReader> reader, const QString& source,
                                          int first, int end);
 
@@ -24,9 +24,10 @@ class DiscSound final : public SoundStream, public std::enable_shared_from_this<
   qsizetype read(std::span<char> to) override;
   void cancel() override;
 
+  // From any thread.
   int first() const { return first_; }
   bool begun() const { return begun_; }    // sound was read by the player
-  bool broken() const { return broken_; }  // ended before its end
+  bool broken() const { return broken_; }  // the disc could not be read to the end
 
  private:
   DiscSound(int first, int end) : first_(first), end_(end) {}

@@ -18,8 +18,8 @@ void keepComplaint(cdio_log_level_t level, const char* text) {
 }
 
 // libcdio reads the texts of a CUE sheet as Latin-1; many are UTF-8.
-QString textOf(const char* told) {
-  const QString text = QString::fromUtf8(told).trimmed();
+QString textOf(const char* bytes) {
+  const QString text = QString::fromUtf8(bytes).trimmed();
   for (const QChar c : text)
     if (c.unicode() > 0xff) return text;
   QStringDecoder utf8(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
@@ -28,8 +28,8 @@ QString textOf(const char* told) {
 }
 
 QString textOf(const cdtext_t* texts, cdtext_field_t field, int track) {
-  const char* told = texts ? cdtext_get_const(texts, field, static_cast<track_t>(track)) : nullptr;
-  return told ? textOf(told) : QString();
+  const char* text = texts ? cdtext_get_const(texts, field, static_cast<track_t>(track)) : nullptr;
+  return text ? textOf(text) : QString();
 }
 
 DiscLook noDisc(const QString& name, const QString& why) {

@@ -1,4 +1,5 @@
-// What is on a disc that libcdio has opened: tracks, their places and names.
+// What is on a disc that libcdio has opened: tracks, their places and names (the table of contents
+// and CD-TEXT, MMC-3). Calls of libcdio: not by two threads at once.
 #pragma once
 
 #include <cdio/cdio.h>
@@ -12,7 +13,7 @@ namespace korvane {
 DiscLook tableOf(CdIo_t* disc, const QString& name);
 
 // What libcdio last complained of on this thread, and forgets it. Its own log would end the
-// program on an error, so it is told to keep still at the first call.
+// program on an error, so the first call puts another in its place.
 QString takeCdioComplaint();
 
 }  // namespace korvane

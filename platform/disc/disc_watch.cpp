@@ -57,7 +57,7 @@ void DiscWatch::run() {
     if (looking) {
       if (watch != knownWatch) known = {};
       DiscLook look = reader_->look(source, known);
-      if (watch != knownWatch || look != known) tell(watch, look);
+      if (watch != knownWatch || look != known) report(watch, look);
       known = std::move(look);
       knownWatch = watch;
     }
@@ -69,7 +69,7 @@ void DiscWatch::run() {
   wake_.notify_all();
 }
 
-void DiscWatch::tell(int watch, const DiscLook& look) {
+void DiscWatch::report(int watch, const DiscLook& look) {
   const std::lock_guard lock(mutex_);
   if (!pump_) return;
   pump_->later([weak = weak_from_this(), watch, look] {

@@ -1,4 +1,5 @@
-// Looks at a drive again and again on a thread of its own, so that nobody waits for it.
+// Looks at a drive once a second on a thread of its own, so that nobody waits for it. Called from
+// the event loop's thread.
 #pragma once
 
 #include <condition_variable>
@@ -15,19 +16,21 @@ class DiscWatch : public std::enable_shared_from_this<DiscWatch> {
  public:
   using Heard = std::function<void(int watch, const DiscLook&)>;
   // `heard` is called from the event loop with the first look of a watch and with every one that
-  // differs. The pump is not owned.
+  // differs. The pump is not owned and must live until quit().
   DiscWatch(std::shared_ptr<DiscReader> reader, Pump& pump, Heard heard)
       : reader_(std::move(reader)), pump_(&pump), heard_(std::move(heard)) {}
 
-  void begin(int watch, const QString& source);  // from now on this one
-  void end();
-  void eject();
-  void quit();  // hears nothing any more; at most 1 s, even when the drive hangs
+  // Looks at `source` from now on, at once and then every second; `heard` gets the number `watch`,
+  // by which a late look of an earlier source is known.
+  void begin(int watch, const QString& source);
+  void end();    // looks no more; one that is at work may still be heard
+  void eject();  // of the source last begun, before the next look
+  void quit();   // `heard` is not called again; takes 1 s at most, even when the drive hangs
 
  private:
   void start();
   void run();
-  void tell(int watch, const DiscLook& look);
+  void report(int watch, const DiscLook& look);
 
   const std::shared_ptr<DiscReader> reader_;
   std::mutex mutex_;  // of the rest

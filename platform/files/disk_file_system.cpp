@@ -106,10 +106,10 @@ std::optional<QByteArray> DiskFileSystem::find(const QString& path) const {
 
 QByteArray DiskFileSystem::target(const QString& path) const {
   if (const auto there = find(path)) return *there;
-  const QString told = slashed(path);
-  const auto folder = find(GetParentFolderName(told));
-  if (!folder) return onDisk(told);
-  return below(*folder, fromPath(QStringView(told).sliced(told.lastIndexOf(u'/') + 1)));
+  const QString wanted = slashed(path);
+  const auto folder = find(GetParentFolderName(wanted));
+  if (!folder) return onDisk(wanted);
+  return below(*folder, fromPath(QStringView(wanted).sliced(wanted.lastIndexOf(u'/') + 1)));
 }
 
 std::optional<QString> DiskFileSystem::resolve(const QString& path) const {

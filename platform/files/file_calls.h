@@ -20,7 +20,7 @@ class FileCalls {
   virtual int rename(const char* from, const char* to);
   virtual int unlink(const char* path);
 
-  static FileCalls& posix();
+  static FileCalls& posix();  // the real ones, for the whole run
 };
 
 }  // namespace korvane

@@ -8,7 +8,7 @@ namespace korvane {
 
 class HomeLock : public OneInstance {
  public:
-  explicit HomeLock(const QString& home);
+  explicit HomeLock(const QString& home);  // takes nothing yet
   ~HomeLock() override;
   HomeLock(const HomeLock&) = delete;
 

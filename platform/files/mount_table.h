@@ -1,4 +1,5 @@
-// The mounted volumes out of /proc/self/mountinfo; proc(5) tells its format.
+// The mounted volumes out of /proc/self/mountinfo, in the format of proc(5). Any bytes are taken; a
+// line that is none is passed over.
 #pragma once
 
 #include "platform/text.h"

@@ -16,8 +16,10 @@ class NewFile {
   ~NewFile();  // removes what was not committed
   NewFile(const NewFile&) = delete;
 
+  // Both are false from the first failure on.
   bool write(QByteArrayView bytes);
   bool commit();  // checks the length, syncs, renames, syncs the directory
+
   int failure() const { return failure_; }  // the errno of what failed first, 0 when nothing did
 
  private:

@@ -1,11 +1,10 @@
 // Profile files: "[section]" lines and "key=value" lines, the format of GetPrivateProfileString.
 //
 // Section and key names fold case; blanks around names and before values are not part of them, and
-// one pair of quotes around a value is dropped. Blanks after a value belong to it. A line that
-// starts with
-// ';' or '#' is a comment. The first section and key of a name win. Writing changes only the line
-// of its key: every other byte stays as it was, line ends (LF or CRLF) and a byte order mark
-// included.
+// one pair of quotes around a value is dropped. Blanks after a value belong to it. A line is a
+// comment when ';' or '#' is its first character. The first section and key of a name win. Writing
+// changes only the line of its key: every other byte stays as it was, line ends (LF or CRLF) and a
+// byte order mark included.
 //
 // A name or value is read as UTF-8 when its bytes are valid UTF-8, else as Windows-1252. It is
 // written as UTF-8, but as Windows-1252 into a file that holds Windows-1252, where that loses

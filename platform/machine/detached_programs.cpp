@@ -80,7 +80,7 @@ bool DetachedPrograms::runnable(const QString& path) const {
          ::access(file.constData(), X_OK) == 0;
 }
 
-// What ended unseen, where the kernel tells no ends.
+// What ended unseen, where the kernel reports no ends.
 void DetachedPrograms::sweep() {
   std::vector<int> unseen;
   for (const auto& [process, task] : tasks_)

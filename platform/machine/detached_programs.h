@@ -13,7 +13,7 @@ namespace korvane {
 class DetachedPrograms : public Programs {
  public:
   DetachedPrograms();
-  ~DetachedPrograms() override;  // the programs run on; nothing is told any more
+  ~DetachedPrograms() override;  // the programs run on; their end is not heard any more
 
   int start(const QString& path, std::function<void()> ended, QString* error) override;
   bool running(int task) const override;

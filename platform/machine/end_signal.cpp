@@ -19,8 +19,8 @@ EndSignal::EndSignal(std::function<void()> end) {
   notifier_ = std::make_unique<QSocketNotifier>(file_, QSocketNotifier::Read);
   QObject::connect(notifier_.get(), &QSocketNotifier::activated,
                    [this, end = std::move(end)](QSocketDescriptor, QSocketNotifier::Type) {
-                     signalfd_siginfo told;
-                     if (::read(file_, &told, sizeof told) == sizeof told) end();
+                     signalfd_siginfo signal;
+                     if (::read(file_, &signal, sizeof signal) == sizeof signal) end();
                    });
 }
 

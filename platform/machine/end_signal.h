@@ -11,6 +11,7 @@ namespace korvane {
 class EndSignal {
  public:
   // One at a time, and before any thread is begun: a thread of before would still end the program.
+  // `end` is called for each signal that comes.
   explicit EndSignal(std::function<void()> end);
   ~EndSignal();
 

@@ -17,8 +17,7 @@ class ScreenSaverPower : public ScreenPower {
   explicit ScreenSaverPower(const QDBusConnection& bus);  // another bus
   ~ScreenSaverPower() override;                           // gives back what it holds
 
-  // The desktop does not tell its timeouts: the values last written, both powers active before
-  // that.
+  // The values last written, since the desktop answers none of its own; both active before that.
   Saved read() const override { return saved_; }
   void write(const Saved& values) override;  // both powers off keeps the screen on
   void setScreenSaverActive(bool on) override;

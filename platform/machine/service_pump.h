@@ -1,4 +1,4 @@
-// The event loop of a program without a window.
+// The event loop of a program without a window. No press comes, so wait() refuses none.
 #pragma once
 
 #include <QElapsedTimer>

@@ -64,7 +64,7 @@ class NetworkLinux::Echo {
       return InvalidAddress;
     socket_ = ::socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC | SOCK_NONBLOCK, IPPROTO_ICMP);
     if (socket_ < 0) return statusOf(errno);
-    // Connected, so that the replies of others are not heard and errors are told.
+    // Connected, so that the replies of others are not heard and errors are.
     if (::connect(socket_, reinterpret_cast<const sockaddr*>(&to), sizeof to) != 0)
       return statusOf(errno);
     struct {

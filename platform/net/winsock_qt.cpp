@@ -42,9 +42,9 @@ class WinsockQt::Body : public QObject {
 
   ~Body() override { socket_.disconnect(this); }
 
-  void open(const QString& host, quint16 port) {
+  void open(const QString& host, quint16 port, const QString& from) {
     close();
-    error_ = false;
+    if (!from.isEmpty() && !bindTo(from)) return;
     timeout_.start();
     socket_.connectToHost(host, port);
   }
@@ -101,6 +101,19 @@ class WinsockQt::Body : public QObject {
         Qt::QueuedConnection);
   }
 
+  // False, with the failure on its way, when this machine cannot connect from there.
+  bool bindTo(const QString& from) {
+    const QHostAddress address(from);
+    const bool bound = !address.isNull() && socket_.bind(address);
+    if (!bound)
+      fail(u"Cannot connect from %1: %2."_s.arg(
+          from,
+          address.isNull() || socket_.error() == QAbstractSocket::SocketAddressNotAvailableError
+              ? u"it is no address of this machine"_s
+              : socket_.errorString()));
+    return bound;
+  }
+
   void connected() {
     timeout_.stop();
     watchPeer(socket_);
@@ -154,7 +167,7 @@ void WinsockQt::setEvents(Events* events) {
   body_->events = events;
 }
 void WinsockQt::Connect() {
-  body_->open(RemoteHost, RemotePort);
+  body_->open(RemoteHost, RemotePort, LocalHost);
 }
 void WinsockQt::Close() {
   body_->close();

@@ -91,7 +91,7 @@ double MediaPlayerVlc::CurrentPosition() const {
 }
 
 void MediaPlayerVlc::setCurrentPosition(double seconds) {
-  if (state_ == Stopped) return;
+  if (state_ == Stopped || stream_) return;
   engine_->positionMs = static_cast<qint64>(seconds * 1000);
   engine_->post([engine = engine_.get(), seconds] { engine->seek(seconds); });
 }

@@ -19,8 +19,7 @@ class MediaPlayerVlc final : public MediaPlayer {
   using Clock = std::chrono::steady_clock;
 
   // `arguments` and then the words of $KORVANE_VLC_ARGS are added to libVLC's own, such as
-  // "--aout=adummy" for a machine without a sound device. The pump is not owned and must outlive
-  // this.
+  // "--aout=adummy" for a machine without a sound device. The pump must outlive this; not owned.
   explicit MediaPlayerVlc(Pump& pump, QStringList arguments = {});
   ~MediaPlayerVlc() override;  // at most 1 s, even when the sound device hangs
 
@@ -34,15 +33,14 @@ class MediaPlayerVlc final : public MediaPlayer {
   void Stop() override;
   PlayState playState() const override { return state_; }
   double Duration() const override { return duration_; }
-  double CurrentPosition()
-      const override;  // as libVLC last told, a quarter of a second old at most
-  void setCurrentPosition(double seconds) override;  // nothing while stopped
+  double CurrentPosition() const override;  // a quarter of a second old at most
+  void setCurrentPosition(double seconds) override;
   void setMute(bool on) override;
   void setVolume(int hundredthsOfDecibel) override;
   bool HasError() const override { return !error_.isEmpty(); }
   QString ErrorDescription() const override { return error_; }
 
-  // When libVLC last told the end of a file, and when it was last asked to play: for measurements.
+  // For measurements: when libVLC last reported the end of a file, and when it was last started.
   struct Marks {
     Clock::time_point endReached, playCalled;
   };
@@ -62,7 +60,7 @@ class MediaPlayerVlc final : public MediaPlayer {
   PlayState state_ = Stopped;
   double duration_ = 0;
   int generation_ = 0;  // of the file at hand
-  bool ended_ = false;  // its end or failure has been told
+  bool ended_ = false;  // its end or failure has been heard
 };
 
 // libVLC's volume, in percent of full with its cubic scale, for a level in hundredths of a decibel.

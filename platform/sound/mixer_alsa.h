@@ -1,5 +1,5 @@
-// The speakers' volume over the ALSA mixer: the element "Master" of the default device, else the
-// first with a playback volume.
+// The speakers' volume over the ALSA mixer (alsa-lib's "simple mixer interface"): the element
+// "Master" of the default device, else the first with a playback volume.
 #pragma once
 
 #include <QSocketNotifier>
@@ -18,7 +18,7 @@ class MixerAlsa final : public Mixer {
  public:
   // `device` is an ALSA control device, as "default" or "hw:0".
   explicit MixerAlsa(QString device = u"default"_s) : device_(std::move(device)) {}
-  ~MixerAlsa() override;
+  ~MixerAlsa() override;  // waits for a look that openLater() began
   bool open() override;
   void openLater(std::function<void(bool)> opened) override;
   int maximum() const override { return maximum_; }  // 0 while not open
@@ -34,7 +34,7 @@ class MixerAlsa final : public Mixer {
     int maximum = 0;  // 0 when there is no such device
   };
   static Opened find(const QByteArray& device);  // any thread may
-  bool take(const Opened& opened);
+  bool take(const Opened& opened);               // owns it from now on; false when there is none
   void close();
   void listen();
   void heard();

@@ -27,6 +27,11 @@ ssize_t readStream(void* stream, unsigned char* to, size_t length) {
   return static_cast<SoundStream*>(stream)->read({reinterpret_cast<char*>(to), length});
 }
 
+// No stream can be sought. libVLC only asks when a position is set, which streams have no use for.
+int seekStream(void*, uint64_t) {
+  return -1;
+}
+
 // The first instance of the process is never released. With the last one libVLC unloads its
 // plug-ins, and the one for tags leaves objects of its own behind in the TagLib that this program
 // uses too.
@@ -136,10 +141,13 @@ void MediaPlayerVlc::Engine::open(int generation, const QString& path,
   generation_ = generation;
 }
 
-// libVLC would fill 16 MB, a minute and a half, before it sounds the first of it.
+// libVLC takes a stream without a call for seeking for a live one: it then reads as fast as it is
+// given, a whole disc into memory, keeps what comes during a pause in temporary files, and is at
+// the end at once where no sound device takes what was read. Without the options it would fill 16
+// MB, a minute and a half, before it sounds the first of it.
 libvlc_media_t* MediaPlayerVlc::Engine::mediaOf(SoundStream& stream) {
   libvlc_media_t* media = vlc_->libvlc_media_new_callbacks(instance_, openStream, readStream,
-                                                           nullptr, nullptr, &stream);
+                                                           seekStream, nullptr, &stream);
   for (const char* option : {":prefetch-read-size=17640", ":prefetch-buffer-size=512"})
     vlc_->libvlc_media_add_option(media, option);
   return media;
@@ -191,16 +199,16 @@ void MediaPlayerVlc::Engine::conclude(int generation) {
                 path_)});
 }
 
-void MediaPlayerVlc::Engine::report(Report told) {
+void MediaPlayerVlc::Engine::report(Report news) {
   const std::lock_guard lock(mutex_);
   if (!pump_) return;
-  pump_->later([weak = weak_from_this(), told = std::move(told)] {
+  pump_->later([weak = weak_from_this(), news = std::move(news)] {
     const std::shared_ptr<Engine> engine = weak.lock();
-    if (engine && engine->owner_) engine->owner_->heard(told);
+    if (engine && engine->owner_) engine->owner_->heard(news);
   });
 }
 
-void MediaPlayerVlc::Engine::lengthTold(qint64 milliseconds) {
+void MediaPlayerVlc::Engine::takeLength(qint64 milliseconds) {
   if (milliseconds <= 0) return;
   if (lengthMs_ > 0 && std::abs(milliseconds - lengthMs_) < kLengthStepMs) return;
   lengthMs_ = milliseconds;
@@ -220,7 +228,7 @@ void MediaPlayerVlc::Engine::event(const libvlc_event_t* event, void* self) {
       engine->positionMs = event->u.media_player_time_changed.new_time;
       break;
     case libvlc_MediaPlayerLengthChanged:
-      engine->lengthTold(event->u.media_player_length_changed.new_length);
+      engine->takeLength(event->u.media_player_length_changed.new_length);
       break;
     case libvlc_MediaPlayerEndReached:
     case libvlc_MediaPlayerEncounteredError:

@@ -28,6 +28,7 @@ namespace korvane {
   F(libvlc_audio_set_volume)           \
   F(libvlc_audio_set_mute)
 
+// Its members are the functions above under their own names, never null.
 struct VlcLibrary {
 #define KORVANE_VLC_MEMBER(name) decltype(&::name) name = nullptr;
   KORVANE_VLC_FUNCTIONS(KORVANE_VLC_MEMBER)

@@ -1,4 +1,5 @@
-// A drive in a test's hand: it answers when told to, holds what it is given and plays to a place.
+// A drive in a test's hand: it answers when the test says so, holds what it is given and plays to a
+// place.
 #pragma once
 
 #include <optional>

@@ -6,10 +6,10 @@ namespace korvane {
 namespace {
 
 QString clean(const QString& path) {
-  QString told = FileSystem::slashed(path);
-  while (told.contains("//"_L1)) told.replace("//"_L1, "/"_L1);
-  while (told.size() > 1 && told.endsWith(u'/')) told.chop(1);
-  return told;
+  QString plain = FileSystem::slashed(path);
+  while (plain.contains("//"_L1)) plain.replace("//"_L1, "/"_L1);
+  while (plain.size() > 1 && plain.endsWith(u'/')) plain.chop(1);
+  return plain;
 }
 
 }  // namespace

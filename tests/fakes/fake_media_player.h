@@ -1,4 +1,5 @@
-// A player that keeps what it was told and ends, fails or learns its length when the test says so.
+// A player that keeps what was asked of it and ends, fails or learns its length when the test says
+// so.
 #pragma once
 
 #include <map>

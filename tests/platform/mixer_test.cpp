@@ -52,9 +52,9 @@ class SoundServer {
     return client.readAllStandardOutput();
   }
   int percent() {
-    const QByteArray told = pactl({u"get-sink-volume"_s, u"none"_s});
-    const qsizetype sign = told.indexOf('%');
-    return told.mid(sign - 4, 4).trimmed().toInt();
+    const QByteArray answer = pactl({u"get-sink-volume"_s, u"none"_s});
+    const qsizetype sign = answer.indexOf('%');
+    return answer.mid(sign - 4, 4).trimmed().toInt();
   }
   QString socket() const { return folder_.filePath(u"native"_s); }
   QString folder() const { return folder_.path(); }

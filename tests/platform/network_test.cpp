@@ -1,4 +1,5 @@
-// Echoes of the real kernel, in a network of the test's own with nothing but a loopback.
+// Echoes of the real kernel, in a network of the test's own with nothing but a loopback, and the
+// address that a connection is made from.
 #include <gtest/gtest.h>
 #include <net/if.h>
 #include <sched.h>
@@ -11,6 +12,8 @@
 #include <cstring>
 
 #include "platform/net/network_linux.h"
+#include "platform/net/tcp_server_qt.h"
+#include "platform/net/winsock_qt.h"
 #include "tests/fakes/loop_pump.h"
 #include "tests/fakes/print.h"
 
@@ -86,6 +89,58 @@ TEST_F(NetworkTest, ASecondPingOrAnEndDropsTheAnswer) {
   network.cancelPing();
   pump.wait(30, [] { return false; });
   EXPECT_EQ(heard.size(), 2);
+}
+
+struct ConnectionTest : testing::Test, TcpServer::Events, Winsock::Events {
+  bool joined(TcpServer::Peer, const QString& address) override {
+    heard << u"from "_s + address;
+    return true;
+  }
+  void arrived(TcpServer::Peer, const QByteArray&) override {}
+  void took(TcpServer::Peer) override {}
+  void left(TcpServer::Peer) override {}
+  void Connect() override { stands = true; }
+  void Close() override {}
+  void DataArrival(qint64) override {}
+  void Error(const QString& description) override { heard << description; }
+
+  QStringList heard;
+  bool stands = false;
+  LoopPump pump;
+  TcpServerQt server;
+  WinsockQt socket;
+};
+
+// The loopback network is this machine's own from 127.0.0.1 to 127.255.255.254.
+TEST_F(ConnectionTest, IsMadeFromTheAddressThatIsAskedFor) {
+  QString error;
+  server.setEvents(this);
+  socket.setEvents(this);
+  ASSERT_TRUE(server.listen(u"127.0.0.1"_s, 0, &error)) << error.toStdString();
+  socket.RemoteHost = u"127.0.0.1"_s;
+  socket.RemotePort = server.port();
+  const struct {
+    const char *from, *heard;
+  } cases[] = {
+      {"", "from 127.0.0.1"},
+      {"127.0.0.2", "from 127.0.0.2"},
+      {"203.0.113.9", "Cannot connect from 203.0.113.9: it is no address of this machine."},
+      {"cabin", "Cannot connect from cabin: it is no address of this machine."},
+      {"127.0.0.3", "from 127.0.0.3"},
+      {"", "from 127.0.0.1"},
+  };
+  for (const auto& c : cases) {
+    const bool good = std::string_view(c.heard).starts_with("from");
+    heard.clear();
+    stands = false;
+    socket.LocalHost = QString::fromLatin1(c.from);
+    socket.Connect();
+    EXPECT_TRUE(heard.isEmpty()) << "an event inside the call";
+    EXPECT_TRUE(pump.wait(3000, [&] { return !heard.isEmpty() && stands == good; })) << c.from;
+    EXPECT_EQ(heard, QStringList(QString::fromLatin1(c.heard)));
+    EXPECT_EQ(socket.state(), good ? Winsock::Connected : Winsock::Error) << c.from;
+    EXPECT_TRUE(!good || socket.LocalIP().startsWith(socket.LocalHost)) << c.from;
+  }
 }
 
 }  // namespace

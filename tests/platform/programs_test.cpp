@@ -35,18 +35,18 @@ class ProgramsTest : public testing::Test {
 TEST_F(ProgramsTest, RunsInASessionOfItsOwnWithoutArgumentsAndIsNoticedAtItsEnd) {
   const QString path = script(u"a folder; x/it's $HOME.sh"_s,
                               "#!/bin/sh\n"
-                              "echo $# $(pwd) >told\n"
-                              "cut -d' ' -f6 /proc/$$/stat >>told\n"
-                              "ls /proc/$$/fd | wc -l >>told\n"
-                              "mv told whole\n"
+                              "echo $# $(pwd) >seen\n"
+                              "cut -d' ' -f6 /proc/$$/stat >>seen\n"
+                              "ls /proc/$$/fd | wc -l >>seen\n"
+                              "mv seen whole\n"
                               "while [ ! -e go ]; do sleep 0.02; done\n");
   const int task = start(path);
   ASSERT_GT(task, 0) << error.toStdString();
   ASSERT_TRUE(comes([&] { return !home.get(u"a folder; x/whole"_s).isEmpty(); }));
-  const QByteArrayList told = home.get(u"a folder; x/whole"_s).trimmed().split('\n');
-  EXPECT_EQ(told.value(0), "0 " + (home / u"a folder; x"_s).toUtf8());
-  EXPECT_EQ(told.value(1).toInt(), task) << "the session";
-  EXPECT_LE(told.value(2).toInt(), 5) << "no descriptor of ours";
+  const QByteArrayList seen = home.get(u"a folder; x/whole"_s).trimmed().split('\n');
+  EXPECT_EQ(seen.value(0), "0 " + (home / u"a folder; x"_s).toUtf8());
+  EXPECT_EQ(seen.value(1).toInt(), task) << "the session";
+  EXPECT_LE(seen.value(2).toInt(), 5) << "no descriptor of ours";
   EXPECT_TRUE(programs.running(task));
   EXPECT_EQ(ends, 0);
   home.put(u"a folder; x/go"_s, "");
@@ -66,9 +66,9 @@ TEST_F(ProgramsTest, WhatCannotBeStartedIsTold) {
       {u"sh"_s, "No such file or directory"},
       {home.path(), "Permission denied"},
   };
-  for (const auto& [path, told] : table) {
+  for (const auto& [path, reason] : table) {
     EXPECT_EQ(start(path), 0) << path.toStdString();
-    EXPECT_EQ(error, QString::fromLatin1(told)) << path.toStdString();
+    EXPECT_EQ(error, QString::fromLatin1(reason)) << path.toStdString();
   }
   EXPECT_EQ(home.get(u"shell_was_here"_s), "");
   EXPECT_FALSE(programs.runnable(home / u"plain"_s));

@@ -111,7 +111,7 @@ TEST_F(Replace, aDiskThatRefusesIsTold) {
   const struct {
     qint64 room;  // or the first call fails with `error`
     int error;
-    QString told;
+    QString reason;
   } cases[] = {
       {1, 0, u"The disk is full. Free some room on it and try again."_s},
       {999, 0, u"The disk is full. Free some room on it and try again."_s},
@@ -119,14 +119,14 @@ TEST_F(Replace, aDiskThatRefusesIsTold) {
       {-1, EROFS, u"The disk is read only"_s},
       {-1, EACCES, u"Permission is refused"_s},
   };
-  for (const auto& [room, fault, told] : cases) {
+  for (const auto& [room, fault, reason] : cases) {
     BadCalls calls;
     calls.room = room;
     calls.error = fault;
     if (fault != 0) calls.failAt = 0;
     QString error;
     EXPECT_FALSE(DiskFileSystem(calls).replace(path, kNew, &error));
-    EXPECT_TRUE(error.startsWith(u"Could not save %1. %2"_s.arg(path, told)))
+    EXPECT_TRUE(error.startsWith(u"Could not save %1. %2"_s.arg(path, reason)))
         << error.toStdString();
     EXPECT_EQ(now(), kOld);
   }
