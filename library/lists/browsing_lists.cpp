@@ -31,7 +31,8 @@ Columns columnsOf(int grid) {
     case 6:
       return {shown, hidden, hidden, hidden};
     case 8:
-      return {{QString(), 84}, hidden, hidden, hidden, hidden, {QString(), 16, false, true}};
+      return {{QString(), 84}, hidden, hidden,
+              hidden,          hidden, {QString(), 16, false, Grid::CellKind::Button}};
     default:
       return {shown, hidden};
   }
