@@ -61,8 +61,8 @@ class SystemBox {
 class OneInstance {
  public:
   virtual ~OneInstance() = default;
-  virtual bool
-  taken() = 0;  // true when another process runs this console; otherwise takes the mark
+  // True when another process runs this console; otherwise takes the mark.
+  virtual bool taken() = 0;
 };
 
 }  // namespace korvane
