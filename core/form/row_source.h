@@ -1,4 +1,5 @@
-// Where a list reads its rows from, hidden cells included. Rows and columns count from 1.
+// Where a list reads its rows from, hidden cells included. Rows and columns count from 1. A list
+// asks while it is painted: nothing here throws, and a cell that cannot be read is empty.
 #pragma once
 
 #include <optional>
