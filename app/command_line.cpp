@@ -22,7 +22,7 @@ QString CommandLine::usage() {
          "        [--check-theme] [--scan DIR] [--list artists|albums|songs] [--version] "
          "[--help]\n\n"
          "  --home DIR        the program directory: settings, database, themes and log\n"
-         "  --windowed[=WxH]  a window in place of the full screen, 1280x800 unless told;\n"
+         "  --windowed[=WxH]  a window in place of the full screen, 1280x800 without one;\n"
          "                    +X+Y is its place on the screen\n"
          "  --control SOCKET  answers korvanectl on that local socket\n"
          "  --check-theme     lists what the theme lacks, and what is too small or too faint\n"

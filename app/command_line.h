@@ -14,7 +14,7 @@ struct CommandLine {
   QString home;           // --home; empty for the usual places
   bool windowed = false;  // --windowed[=WxH[+X+Y]]
   QSize size{1280, 800};
-  std::optional<QPoint> place;  // of the window; the desktop's choice unless told
+  std::optional<QPoint> place;  // of the window; the desktop's choice without one
   QString control;              // --control SOCKET
   bool checkTheme = false;
   QString scan;  // --scan DIR

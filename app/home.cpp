@@ -27,9 +27,9 @@ bool copyTree(FileSystem& files, const QString& from, const QString& to) {
 
 }  // namespace
 
-QString chooseHome(const QString& told, const QString& executableDirectory,
+QString chooseHome(const QString& asked, const QString& executableDirectory,
                    const FileSystem& files) {
-  if (!told.isEmpty()) return QDir(told).absolutePath();
+  if (!asked.isEmpty()) return QDir(asked).absolutePath();
   if (const QString set = qEnvironmentVariable("KORVANE_HOME"); !set.isEmpty())
     return QDir(set).absolutePath();
   if (files.FileExists(FileSystem::BuildPath(executableDirectory, QString::fromLatin1(kSettings))))

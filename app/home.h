@@ -7,7 +7,7 @@ namespace korvane {
 
 // --home, else $KORVANE_HOME, else the executable's directory if it holds Morvanta.INI, else
 // $XDG_DATA_HOME/korvane. Absolute.
-QString chooseHome(const QString& told, const QString& executableDirectory,
+QString chooseHome(const QString& asked, const QString& executableDirectory,
                    const FileSystem& files);
 
 // Makes what a first start lacks from the starter files (settings, database, songs and a link to

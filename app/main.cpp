@@ -58,7 +58,7 @@ int show(const CommandLine& line, const QString& home, DiskFileSystem& files, Qt
   ScreenSaverPower screenPower;
   LoginSession session;
   MixerAlsa mixer;
-  TrayIcon tray(QIcon(home + u"/krvgraphics/MERIDIAN/logo.svg"_s));
+  TrayIcon tray(pump, QIcon(home + u"/krvgraphics/MERIDIAN/logo.svg"_s));
   MessageBox box;
   DetachedPrograms programs;
   HomeLock lock(home);
@@ -83,6 +83,9 @@ int show(const CommandLine& line, const QString& home, DiskFileSystem& files, Qt
         return made;
       },
       home, end);
+  pump.wall.failed = window->wall.failed = [&](const std::exception& failure) {
+    console.desk.failed(QString::fromUtf8(failure.what()), "doEvents", "Module Pump");
+  };
   window->closeAsked = [&] { pump.later([&] { console.desk.window.imgExit_Click(); }); };
   window->setMovable(console.desk.settings.flag(key::MOVEMAIN));
   window->setSinglePress(console.desk.settings.flag(key::SinglePress));

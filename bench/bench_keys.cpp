@@ -61,7 +61,7 @@ int benchKeys(const QStringList&) {
     const auto widget = [&](int index) -> ControlWidget& {
       return *host.view(form)->widget(*form.find(u"KEY", index));
     };
-    const auto& text = dynamic_cast<TextBox&>(*form.find(u"txtInput"));
+    auto& text = dynamic_cast<TextBox&>(*form.find(u"txtInput"));
     ControlWidget& field = *host.view(form)->widget(text);
     ControlWidget& a = widget(kA);
     ours = median(5, [&] {

@@ -62,8 +62,8 @@ class Ear {
 
  private:
   off_t size() const {
-    struct stat told {};
-    return stat(path_.constData(), &told) == 0 ? told.st_size : 0;
+    struct stat status {};
+    return stat(path_.constData(), &status) == 0 ? status.st_size : 0;
   }
 
   QByteArray path_;
@@ -117,11 +117,11 @@ class Listener {
     process_.start(program, {u"--as-root"_s, u"--port"_s, u"0"_s, u"--root"_s, root,
                              u"--connections-per-address"_s, u"128"_s});
     process_.setReadChannel(QProcess::StandardError);
-    QByteArray told;
+    QByteArray said;
     while (port_ == 0 && process_.waitForReadyRead(10'000)) {
-      told += process_.readAllStandardError();
+      said += process_.readAllStandardError();
       static const QRegularExpression line(u" port (\\d+)\n"_s);
-      port_ = line.match(QString::fromUtf8(told)).captured(1).toUShort();
+      port_ = line.match(QString::fromUtf8(said)).captured(1).toUShort();
     }
   }
   ~Listener() {

@@ -16,9 +16,9 @@ constexpr int kRounds = 3;
 
 class Status : public ScanEvents {
  public:
-  void scanStatus(const ScanProgress&) override { ++told; }
+  void scanStatus(const ScanProgress&) override { ++reports; }
   void scanError(const QString& text) override { std::fprintf(stderr, "%s\n", qPrintable(text)); }
-  int told = 0;
+  int reports = 0;
 };
 
 bool isWhole(Database& database) {
@@ -33,7 +33,7 @@ struct Round {
 
   Cost first, bareFirst;
   double second = 0, bareSecond = 0, gap = 0;
-  int files = 0, added = 0, bareAdded = 0, told = 0;
+  int files = 0, added = 0, bareAdded = 0, reports = 0;
   bool right = false;
 };
 
@@ -55,7 +55,7 @@ Round::Round(const QString& tree, const QString& home) {
   bareSecond = fastest(1, [&] { bareFiles = bareStat(bareTree); });
   files = found.files;
   added = found.added;
-  told = status.told;
+  reports = status.reports;
   right = files == bareFiles && again.files == bareFiles && again.added == 0 && found.failed == 0 &&
           isWhole(database);
 }
@@ -86,7 +86,7 @@ int benchScan(const QStringList& arguments) {
       .add("cpu_s", least([](const Round& round) { return round.first.cpuSeconds; }))
       .add("peak_mib", rounds[0].first.peakMib)
       .add("max_gap_ms", std::ranges::max(rounds, {}, &Round::gap).gap)
-      .add("status", rounds[0].told)
+      .add("status", rounds[0].reports)
       .add("bare_seconds", bare)
       .add("ratio", first / bare)
       .add("second_seconds", second)

@@ -10,8 +10,8 @@ Desk::Desk(System& doors, const MakeHost& makeHost, QString home, std::function<
       ownHost_(makeHost(graphics)),
       host(*ownHost_),
       palette(settings),
-      frmMain(u"frmMain"_s, mainInventory()),
-      frmSplash(u"frmSplash"_s, splashInventory()),
+      frmMain(u"frmMain"_s, mainInventory(), kSurface, FormRole::Main),
+      frmSplash(u"frmSplash"_s, splashInventory(), kSurface, FormRole::Splash),
       messages(host, palette),
       dialogs{host, palette, messages},
       main(frmMain, state),
@@ -24,7 +24,9 @@ Desk::Desk(System& doors, const MakeHost& makeHost, QString home, std::function<
       window({frmMain, state, host, messages, startup, system.tray, system.session},
              std::move(end)) {
   tabs.closeAlwaysOnTop = [this] { window.closeAlwaysOnTop(); };
-  raiseWall();
+  Form::failed = [this](const Form& form, const QString& handler, const QString& what) {
+    failed(what, handler.toLatin1(), "Form " + form.name.toLatin1());
+  };
   connectWindow();
   connectPaging();
   connectPlayers();
@@ -35,12 +37,9 @@ Desk::~Desk() {
   Form::failed = nullptr;
 }
 
-// What a handler throws ends here: a line of the log and a box.
-void Desk::raiseWall() {
-  Form::failed = [this](const Form& form, const QString& handler, const QString& what) {
-    log.error(5, what, handler.toLatin1(), ("Form " + form.name.toLatin1()).constData());
-    messages.say(what);
-  };
+void Desk::failed(const QString& what, const QByteArray& procedure, const QByteArray& module) {
+  log.error(5, what, procedure.constData(), module.constData());
+  messages.say(what);
 }
 
 void Desk::on(QStringView control, Event::Type type, std::function<void(int)> handler) {

@@ -66,13 +66,15 @@ class Desk {
   void guard(Form& form, QStringView control, Event::Type type, std::vector<int> members = {});
   std::function<void()> guarded(std::function<void()> act);  // the same for a word
 
+  // What failed, and where: a line of the log and a box. Yields.
+  void failed(const QString& what, const QByteArray& procedure, const QByteArray& module);
+
   // Opens a tab unless it is open. Yields.
   void openTab(TabIndex tab);
   // The word of an owner's button that opens a tab.
   void addTabWord(TabIndex tab, const QString& word, const QString& icon, const QString& meaning);
 
  private:
-  void raiseWall();
   void connectWindow();
   void connectPaging();
   void connectPlayers();

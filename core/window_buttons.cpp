@@ -13,7 +13,9 @@ enum ExitFlags { kShutDown = 1, kRestart = 2, kForce = 4, kPowerOff = 8 };
 }  // namespace
 
 WindowButtons::WindowButtons(Uses uses, std::function<void()> end)
-    : uses_(uses), end_(std::move(end)), strip_(u"frmAlwaysOnTop"_s, kStripRows, kStrip) {
+    : uses_(uses),
+      end_(std::move(end)),
+      strip_(u"frmAlwaysOnTop"_s, kStripRows, kStrip, FormRole::Strip) {
   strip_.find(u"imgRestore")->setPicture(u"root"_s, u"logo"_s);
   for (const Event::Type type : {Event::Click, Event::DblClick})
     strip_.on(u"imgRestore", type, [this](Control&, const Event&) { closeAlwaysOnTop(); });

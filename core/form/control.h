@@ -5,6 +5,7 @@
 #include <optional>
 #include <vector>
 
+#include "core/form/picture.h"
 #include "core/form/row_source.h"
 #include "core/form/watched.h"
 #include "platform/text.h"
@@ -35,13 +36,8 @@ struct Rect {
   int bottom() const { return top + height; }
 };
 
-// A themed picture by group and name, or the bytes of an image file.
-struct Picture {
-  QString group, name;
-  std::shared_ptr<const QByteArray> bytes;
-  bool operator==(const Picture&) const = default;
-  bool empty() const { return name.isEmpty() && !bytes; }
-};
+// The design surface.
+inline constexpr Rect kSurface{0, 0, 1280, 768};
 
 using Colour = quint32;  // 0x00BBGGRR
 
@@ -183,11 +179,16 @@ class Timer : public Control {
 // A list. Rows and columns count from 1; row 0 is the header.
 class Grid : public Control {
  public:
+  enum class CellKind {
+    Text,
+    Button,   // a press fires ButtonClicked
+    Picture,  // the picture of the row source, the cell's text below it or, in a wide cell, beside
+  };
   struct Column {
     QString title;
     int width = 0;  // share of the list's width; 0 for an equal share
     bool hidden = false;
-    bool button = false;  // each cell is a button: ButtonClicked
+    CellKind kind = CellKind::Text;
     bool operator==(const Column&) const = default;
   };
 
@@ -207,6 +208,7 @@ class Grid : public Control {
   const RowSource& rows() const { return *source_; }
   RowTable* table() { return own_.get(); }  // the rows kept in the list itself; null for others
   void rowsChanged() { changed(Aspect::Rows); }
+  void picturesCame() { changed(Aspect::Picture); }  // the rows have some that they lacked
 
   int maxRows() const { return source_->rowCount(); }
   QString cell(int column, int ofRow) const { return source_->cell(column, ofRow); }

@@ -66,9 +66,11 @@ Rect grown(Rect rect, unsigned anchors, int dx, int dy) {
 
 }  // namespace
 
-Form::Form(QString formName, std::span<const InventoryRow> inventory, Rect designRect)
+Form::Form(QString formName, std::span<const InventoryRow> inventory, Rect designRect,
+           FormRole formRole)
     : name(std::move(formName)),
       design(designRect),
+      role(formRole),
       width_(designRect.width),
       height_(designRect.height) {
   controls_.reserve(inventory.size());

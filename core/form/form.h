@@ -47,23 +47,34 @@ struct ControlRect {
   int Height = 0, Left = 0, Top = 0, Width = 0;
 };
 
+// How the screen shows a form.
+enum class FormRole {
+  Main,      // over the whole window, below all others
+  Splash,    // above all others while the program starts
+  Strip,     // in a small window of its own that stays above those of other programs
+  Modal,     // above the main form, whose presses it keeps until it is hidden
+  Floating,  // on the lower edge of the screen, above all others; leaves them their presses and
+             // goes with the modal form below it
+};
+
 class Form : public Noticing {
  public:
   using Handler = std::function<void(Control&, const Event&)>;
 
-  Form(QString name, std::span<const InventoryRow> inventory, Rect design = {0, 0, 1280, 768});
+  // `inventory` is read here alone.
+  Form(QString name, std::span<const InventoryRow> inventory, Rect design = kSurface,
+       FormRole role = FormRole::Modal);
   Form(const Form&) = delete;
 
   const QString name;
   const Rect design;
+  const FormRole role;
   Watched<Picture> picture{*this, Aspect::Picture};
   Watched<QString> caption{*this, Aspect::Caption};
   Watched<Colours> colours{*this, Aspect::Colours};
   Watched<bool> shown{*this, Aspect::Shown, false};
   Watched<bool> minimised{*this, Aspect::Shown, false};
-  // Lies on the lower edge of the screen and leaves the other forms their presses; it goes with the
-  // modal form below it. `lift` form units higher when somebody has moved it.
-  bool floating = false;
+  // Of a floating form: form units above the lower edge, when somebody has moved it.
   Watched<int> lift{*this, Aspect::Rect, 0};
 
   // The control of that name and index, in any case; null when there is none.

@@ -67,13 +67,12 @@ KeyboardForm::KeyboardForm(FormHost& host, const Palette& palette)
       form_(u"frmKeyboard"_s, kKeyboard),
       panel_(form_),
       keys_(form_, palette, place()),
-      bare_(u"frmKeyboard"_s, kBare, {0, 0, 1280, kBareHeight}),
+      bare_(u"frmKeyboard"_s, kBare, {0, 0, 1280, kBareHeight}, FormRole::Floating),
       bareKeys_(bare_, palette, barePlace()) {
   panel_.cmdCancel->caption = u"Cancel"_s;
   panel_.lblMsg->fontUnits = 36;
   setLayout(usKeyboard());
   keys_.accepted = [this] { accept(); };
-  bare_.floating = true;
   bare_.observe(this);
   bareKeys_.hideAsked = [this] { host_.hide(bare_); };
   bare_.on(u"framKeyBoard", Event::Press, [this](Control&, const Event&) { heldAt_.reset(); });

@@ -61,7 +61,7 @@ SetupForm::SetupForm(Uses uses) : uses_(uses), form_(u"frmSetup"_s, kSetup), pan
   panel_.cmdErase->caption = u"Erase all settings"_s;
   panel_.cmdOK->caption = u"Exit"_s;
   panel_.cmdOK->look.accent = true;
-  panel_.LstThemes->columns = {{u"Theme"_s, 0, false, false}};
+  panel_.LstThemes->columns = {{u"Theme"_s}};
 
   for (Control* door : panel_.doors())
     if (door->index <= 0)

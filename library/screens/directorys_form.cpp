@@ -59,9 +59,7 @@ DirectorysForm::DirectorysForm(Uses uses)
   panel_.File1->columns = {{u"File"_s}};
   panel_.frameCustomButton->caption = u"What the button does"_s;
   // The entry as it is stored, and the two halves of it that are read.
-  panel_.customSelect->columns = {{u"Entry"_s, 0, true, false},
-                                  {u"Action"_s, 39, false, false},
-                                  {u"Meaning"_s, 61, false, false}};
+  panel_.customSelect->columns = {{u"Entry"_s, 0, true}, {u"Action"_s, 39}, {u"Meaning"_s, 61}};
 
   form_.on(u"Drive1", Event::Click,
            [this](Control&, const Event& event) { Drive1_Change(event.row); });

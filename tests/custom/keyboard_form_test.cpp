@@ -105,7 +105,7 @@ TEST_F(Keyboard, TheBareOneTypesIntoAnotherForm) {
   auto& server = dynamic_cast<TextBox&>(*other.find(u"txtServer"));
   Form& bare = keyboard.bareForm();
   keyboard.typeInto(server);
-  EXPECT_TRUE(bare.shown() && bare.floating);
+  EXPECT_TRUE(bare.shown() && bare.role == FormRole::Floating);
   key(bare, scan::Shift);
   for (const int code : {30, 30, scan::Enter}) key(bare, code);
   EXPECT_EQ(server.text(), u"Aa"_s);

@@ -22,9 +22,15 @@ class Socket : public SmallConsole {
     form.on(u"cmdTop", Event::Click, [this](Control& pressed, const Event&) {
       if (pressed.index == 1) host.showModal(box);
     });
-    box.on(u"cmdControls", Event::Click, [this](Control&, const Event&) { host.hide(box); });
+    box.on(u"cmdControls", Event::Click, [this](Control&, const Event&) {
+      host.showModal(question);
+      host.hide(box);
+    });
+    question.on(u"cmdControls", Event::Click,
+                [this](Control&, const Event&) { host.hide(question); });
     box.find(u"msg")->caption = u"Sure?"_s;
-    box.find(u"cmdControls", 0)->caption = u"yes"_s;
+    question.find(u"msg")->caption = u"Really?"_s;
+    for (Form* each : {&box, &question}) each->find(u"cmdControls", 0)->caption = u"yes"_s;
     QString error;
     EXPECT_TRUE(server.listen(path, &error)) << error.toStdString();
     client.connectToServer(path);
@@ -58,6 +64,7 @@ class Socket : public SmallConsole {
     return answers;
   }
 
+  Form question{u"frmMsgBox"_s, kBoxForm, {0, 0, 300, 200}};  // above a box of the same name
   QTemporaryDir directory;
   QString path = directory.filePath(u"control"_s);
   ControlServer server{host};
@@ -136,13 +143,15 @@ TEST_F(Socket, TellsAllOfAControl) {
   EXPECT_EQ(ask(R"({"command":"get","name":"txtName"})")["text"_L1], QJsonValue(u"******"_s));
 }
 
-TEST_F(Socket, APressThatOpensABoxIsAnsweredAndTheBoxToo) {
+TEST_F(Socket, APressThatOpensABoxIsAnsweredAndTheTopmostBoxToo) {
   const std::vector<QJsonObject> answers = fromOutside({
       R"({"command":"press","name":"cmdTop","index":1})",
       R"({"command":"messages"})",
       R"({"command":"press","name":"cmdTop","index":0})",
       R"({"command":"press","form":"frmMain","name":"cmdTop","index":0})",
       R"({"command":"messages","answer":"maybe"})",
+      R"({"command":"messages","answer":"yes"})",
+      R"({"command":"messages"})",
       R"({"command":"messages","answer":"yes"})",
       R"({"command":"messages"})",
   });
@@ -153,8 +162,12 @@ TEST_F(Socket, APressThatOpensABoxIsAnsweredAndTheBoxToo) {
   EXPECT_EQ(error(3), u"cmdTop: the form frmMsgBox is above it"_s);
   EXPECT_EQ(error(4), u"the box has no answer \"maybe\""_s);
   EXPECT_TRUE(answers[5]["ok"_L1].toBool());
-  EXPECT_EQ(answers[6]["messages"_L1].toArray().size(), 0);
-  EXPECT_FALSE(box.shown());
+  EXPECT_EQ(answers[6]["messages"_L1].toArray().size(), 2);
+  EXPECT_EQ(answers[6]["messages"_L1][1]["text"_L1], QJsonValue(u"Really?"_s))
+      << "the topmost last";
+  EXPECT_TRUE(answers[7]["ok"_L1].toBool());
+  EXPECT_EQ(answers[8]["messages"_L1].toArray().size(), 0);
+  EXPECT_FALSE(box.shown() || question.shown());
 }
 
 TEST_F(Socket, WaitsWithoutHoldingTheConsoleUp) {

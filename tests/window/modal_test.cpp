@@ -43,21 +43,33 @@ TEST_F(Modal, HoldsTheCallerTakesThePressesAndReturnsWhenHidden) {
   EXPECT_TRUE(heard.contains(u"cmdTop click"_s));
 }
 
-TEST_F(Modal, OneInsideTheOtherReturnInTheirOrder) {
-  Form inner{u"frmInner"_s, kBoxForm, {0, 0, 300, 200}};
-  QStringList order;
-  later(10, [&] {
+// A question may lie above a message: two forms of one name.
+TEST_F(Modal, TwoBoxesLieAboveEachOtherAndCloseInAnyOrder) {
+  for (const bool lowerFirst : {true, false}) {
+    SCOPED_TRACE(lowerFirst);
+    Form upper{u"frmMsgBox"_s, kBoxForm, {0, 0, 300, 200}};
+    QStringList order;
     later(10, [&] {
-      host.hide(box);
-      order << u"outer hidden"_s;
-      later(10, [&] { host.hide(inner); });
+      later(10, [&] {
+        EXPECT_EQ(host.topForm(), &upper);
+        EXPECT_EQ(finger.obstacle(yes(), QPoint(20, 20)), u"the form frmMsgBox is above it"_s);
+        EXPECT_EQ(finger.obstacle(widgetOf(upper, u"cmdControls", 0), QPoint(20, 20)), QString());
+        Form &first = lowerFirst ? box : upper, &last = lowerFirst ? upper : box;
+        host.hide(first);
+        EXPECT_EQ(host.view(first), nullptr);
+        EXPECT_EQ(host.topForm(), &last);
+        EXPECT_EQ(finger.obstacle(widgetOf(last, u"cmdControls", 0), QPoint(20, 20)), QString());
+        order << u"hidden"_s;
+        later(10, [&] { host.hide(last); });
+      });
+      host.showModal(upper);
+      order << u"upper returned"_s;
     });
-    host.showModal(inner);
-    order << u"inner returned"_s;
-  });
-  host.showModal(box);
-  order << u"outer returned"_s;
-  EXPECT_EQ(order, (QStringList{u"outer hidden"_s, u"inner returned"_s, u"outer returned"_s}));
+    host.showModal(box);
+    order << u"lower returned"_s;
+    EXPECT_EQ(order, (QStringList{u"hidden"_s, u"upper returned"_s, u"lower returned"_s}));
+    EXPECT_EQ(host.topForm(), &form);
+  }
 }
 
 constexpr InventoryRow kKeysForm[] = {
@@ -69,9 +81,8 @@ constexpr InventoryRow kLoginForm[] = {
 };
 
 TEST_F(Modal, AFloatingFormLeavesTheOthersTheirPressesAndGoesWithTheModalOne) {
-  Form keys{u"frmKeyboard"_s, kKeysForm, {0, 0, 1280, 200}};
+  Form keys{u"frmKeyboard"_s, kKeysForm, {0, 0, 1280, 200}, FormRole::Floating};
   Form login{u"frmLogin"_s, kLoginForm, {0, 0, 400, 220}};
-  keys.floating = true;
   int pressed = 0;
   keys.on(u"KEY", Event::Click, [&](Control&, const Event&) { ++pressed; });
   TextBox* touched = nullptr;
@@ -171,8 +182,31 @@ TEST_F(Modal, WorkInTheBackgroundEndsOnTheWindowsThread) {
   EXPECT_EQ(ended, here);
 }
 
+TEST_F(Modal, AnExceptionOfWhatComesFromTheLoopGoesToTheWall) {
+  QStringList failures;
+  pump.wall.failed = host.wall.failed = [&](const std::exception& failure) {
+    failures << QString::fromUtf8(failure.what());
+  };
+  const auto fail = [](const char* what) { throw std::runtime_error(what); };
+  bool ended = false;
+  pump.later([&] { fail("later"); });
+  EXPECT_TRUE(pump.wait(3000, [&] { return !failures.isEmpty(); }));
+  pump.inBackground([&] { fail("work"); },
+                    [&] {
+                      ended = true;
+                      fail("done");
+                    });
+  EXPECT_TRUE(pump.wait(3000, [&] { return ended; }));
+  host.textTouched = [&](TextBox&) { fail("touched"); };
+  Form login{u"frmLogin"_s, kLoginForm, {0, 0, 400, 220}};
+  host.show(login);
+  finger.tap(widgetOf(login, u"txtUser"), QPoint(20, 20));
+  host.hide(login);
+  EXPECT_EQ(failures, (QStringList{u"later"_s, u"work"_s, u"done"_s, u"touched"_s}));
+}
+
 TEST_F(Modal, TheStripMovesWithTheFingerAndATapClicks) {
-  Form strip{u"frmAlwaysOnTop"_s, kBoxForm, {0, 0, 400, 200}};
+  Form strip{u"frmAlwaysOnTop"_s, kBoxForm, {0, 0, 400, 200}, FormRole::Strip};
   int clicks = 0;
   strip.on(u"cmdControls", Event::Click, [&](Control&, const Event&) { ++clicks; });
   host.show(strip);
@@ -192,7 +226,7 @@ TEST_F(Modal, TheStripMovesWithTheFingerAndATapClicks) {
 }
 
 TEST_F(Modal, TheFormAnswersWhileTheSplashFadesAboveIt) {
-  Form splash{u"frmSplash"_s, kBoxForm, {0, 0, 400, 200}};
+  Form splash{u"frmSplash"_s, kBoxForm, {0, 0, 400, 200}, FormRole::Splash};
   host.show(splash);
   EXPECT_EQ(host.topForm(), &form);
   later(40, [&] { tap("cmdTop", 0); });

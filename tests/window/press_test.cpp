@@ -52,7 +52,10 @@ TEST_F(Press, TheSecondTapOnWhatAppearedMeanwhileIsMeantForNobody) {
 
 TEST_F(Press, RowsAreSelectedByOneTapAndActivatedByTwo) {
   Grid& grid = control<Grid>("Grid", 0);
-  grid.columns = {{u"Title"_s}, {u"Path"_s, 0, true}, {u"Artist"_s}, {u"DEL"_s, 0, false, true}};
+  grid.columns = {{u"Title"_s},
+                  {u"Path"_s, 0, true},
+                  {u"Artist"_s},
+                  {u"DEL"_s, 0, false, Grid::CellKind::Button}};
   grid.setRows(std::make_shared<CountedRows>(100));
   tapRow(3);
   EXPECT_EQ(grid.row(), 3);

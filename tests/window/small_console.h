@@ -126,7 +126,7 @@ class SmallConsole : public testing::Test {
   FakeFileSystem files;
   AppState state;
   Graphics graphics{files, state, u"/home"_s};
-  Form form{u"frmMain"_s, kSmallForm};
+  Form form{u"frmMain"_s, kSmallForm, kSurface, FormRole::Main};
   Form box{u"frmMsgBox"_s, kBoxForm, {0, 0, 400, 200}};
   PressGate gate;
   QtPump pump{gate};

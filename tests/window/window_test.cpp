@@ -128,6 +128,114 @@ TEST_F(Mirrored, AListAsksForNoMoreThanItShows) {
   EXPECT_TRUE(gridWidget().rect().contains(gridWidget().rowRect(999'999)));
 }
 
+// A sheet of pictures: files of the rows, a picture of the theme, one that has yet to come.
+class PictureRows : public CountedRows {
+ public:
+  using CountedRows::CountedRows;
+  std::optional<Picture> picture(int column, int row) const override {
+    ++pictures;
+    if (late.contains(row)) return std::nullopt;
+    if (row == 4) return Picture();
+    if (row == 5) return Picture{u"MUSIC"_s, u"solo"_s, nullptr};
+    auto& file = files[{column, row}];
+    if (!file) file = std::make_shared<QByteArray>(row == 6 ? "\xff\xd8 torn" : square("#ff00ff"));
+    return Picture{{}, {}, file};
+  }
+  mutable std::map<std::pair<int, int>, std::shared_ptr<const QByteArray>> files;
+  std::set<int> late;
+  mutable int pictures = 0;
+};
+
+class Sheet : public SmallConsole {
+ protected:
+  explicit Sheet(int columns = 3, int ofRows = 9) {
+    grid.rowHeight = 75;
+    show(columns, ofRows);
+  }
+  void show(int columns, int ofRows) {
+    rows = std::make_shared<PictureRows>(ofRows);
+    grid.columns = std::vector<Grid::Column>(static_cast<size_t>(columns),
+                                             {{}, 0, false, Grid::CellKind::Picture});
+    grid.setRows(rows);
+    grid.row = 0;
+  }
+  // In the cell, by shares of its width and height.
+  QColor at(int column, int row, double x, double y) {
+    const QRect cell = gridWidget().cellRect(column, row);
+    return gridWidget().grab().toImage().pixelColor(
+        cell.left() + static_cast<int>(x * cell.width()),
+        cell.top() + static_cast<int>(y * cell.height()));
+  }
+  bool comes(int column, int row, double x = 0.5) {
+    QElapsedTimer waited;
+    waited.start();
+    while (at(column, row, x, 0.4) != file && waited.elapsed() < 3000) settle(1);
+    return at(column, row, x, 0.4) == file;
+  }
+  // Without a paint that somebody asks for.
+  bool paintsAgain() {
+    const int before = rows->pictures;
+    QElapsedTimer waited;
+    waited.start();
+    while (rows->pictures == before && waited.elapsed() < 3000) settle(1);
+    return rows->pictures > before;
+  }
+
+  const QColor file = QColor(255, 0, 255), theme = QColor(0, 255, 0);
+  Grid& grid = control<Grid>("Grid", 0);
+  std::shared_ptr<PictureRows> rows;
+};
+
+TEST_F(Sheet, ACellIsQuietUntilItsPictureIsDrawnOrHasCome) {
+  rows->late = {2};
+  const QColor quiet = at(1, 1, 0.5, 0.4);
+  EXPECT_NE(quiet, file) << "nothing is decoded while the list is painted";
+  EXPECT_TRUE(paintsAgain());
+  EXPECT_TRUE(comes(1, 1) && comes(3, 1));
+  EXPECT_NE(at(1, 1, 0.5, 0.95), file) << "the text stands below";
+  EXPECT_EQ(at(1, 2, 0.5, 0.4), quiet);
+  rows->late.clear();
+  grid.picturesCame();
+  EXPECT_TRUE(paintsAgain());
+  EXPECT_TRUE(comes(1, 2));
+
+  grid.topRow = 4;
+  const QColor ground = at(1, 4, 0.5, 0.2);
+  EXPECT_NE(ground, quiet) << "a cell without a picture is a text";
+  EXPECT_EQ(at(2, 5, 0.5, 0.4), theme);
+  grid.topRow = 6;
+  EXPECT_TRUE(comes(2, 7)) << "asked for before the one above";
+  settle(20);
+  EXPECT_EQ(at(2, 6, 0.5, 0.4), quiet) << "a torn file";
+}
+
+TEST_F(Sheet, AWideCellHasItsTextBesideThePictureAndAPressSaysWhichCell) {
+  show(1, 9);
+  EXPECT_TRUE(comes(1, 1, 0.17));
+  EXPECT_EQ(at(1, 1, 0.17, 0.8), file);
+  EXPECT_NE(at(1, 1, 0.7, 0.5), file);
+  show(3, 9);
+  finger.tap(gridWidget(), gridWidget().cellRect(2, 2).center());
+  EXPECT_EQ(take(), QStringList{u"Grid click 2,2"_s});
+}
+
+TEST_F(Sheet, ALongOneAsksForAndDrawsWhatIsInViewAlone) {
+  show(3, 100'000);
+  gridWidget().grab();
+  EXPECT_LE(rows->pictures, 3 * 4);
+  for (int top = 1000; top <= 90'000; top += 1000) {
+    grid.topRow = top;
+    gridWidget().grab();
+  }
+  grid.topRow = 99'000;
+  EXPECT_TRUE(comes(1, 99'000));
+  EXPECT_LT(rows->files.size(), 91 * 12U);
+  rows->pictures = 0;
+  grid.topRow = 99'500;
+  gridWidget().grab();
+  EXPECT_LE(rows->pictures, 3 * 4);
+}
+
 TEST_F(Mirrored, AListFollowsItsActiveAndTopRow) {
   Grid& grid = control<Grid>("Grid", 0);
   grid.setRows(std::make_shared<CountedRows>(500));

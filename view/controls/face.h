@@ -12,7 +12,7 @@ namespace korvane {
 
 class Bubble;
 
-// Of the whole window.
+// What the widgets of all forms of the window share.
 struct Touch {
   bool singlePress = false;                   // one tap in a list activates its row
   const QWidget* lastPressed = nullptr;       // a double press counts only where the first one fell

@@ -5,17 +5,17 @@ namespace korvane {
 std::vector<ShownColumn> shownColumns(const std::vector<Grid::Column>& columns, int width) {
   std::vector<ShownColumn> shown;
   std::vector<double> shares;
-  double told = 0;
-  int tellers = 0;
+  double given = 0;
+  int givers = 0;
   for (size_t i = 0; i < columns.size(); ++i) {
     if (columns[i].hidden) continue;
-    shown.push_back({static_cast<int>(i) + 1, 0, 0, columns[i].button, columns[i].title});
+    shown.push_back({static_cast<int>(i) + 1, 0, 0, columns[i].kind, columns[i].title});
     shares.push_back(std::max(0, columns[i].width));
-    told += shares.back();
-    tellers += shares.back() > 0;
+    given += shares.back();
+    givers += shares.back() > 0;
   }
-  if (shown.empty()) return {{1, 0, width, false, {}}};
-  const double average = tellers > 0 ? told / tellers : 1;
+  if (shown.empty()) return {{1, 0, width, Grid::CellKind::Text, {}}};
+  const double average = givers > 0 ? given / givers : 1;
   double all = 0;
   for (double& share : shares) all += share = share > 0 ? share : average;
   double left = 0;

@@ -10,7 +10,7 @@ namespace korvane {
 struct ShownColumn {
   int number = 1;  // of the row source
   int left = 0, width = 0;
-  bool button = false;
+  Grid::CellKind kind = Grid::CellKind::Text;
   QString title;
 };
 

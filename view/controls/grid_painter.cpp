@@ -1,5 +1,7 @@
 #include "view/controls/grid_painter.h"
 
+#include <ranges>
+
 #include "view/drawing/style.h"
 
 namespace korvane {
@@ -8,6 +10,7 @@ namespace {
 constexpr double kFontStep = 2.4;  // form units of one unit of fontSize
 constexpr double kLeastFont = 28;
 constexpr double kInset = 22;
+constexpr double kPictureShape = 4.0 / 3;  // of the place of a picture with its text beside it
 
 }  // namespace
 
@@ -35,12 +38,12 @@ void GridPainter::paint(const QRect& dirty) {
   painter_.setClipRect(view_.list.adjusted(0, 1, 0, -1));
   const double top = view_.list.top() - view_.offset;
   const int first = std::max(1, static_cast<int>((dirty.top() - top) / view_.rowHeight) + 1);
-  for (int row = first; row <= count; ++row) {
-    const QRectF at(view_.list.left(), top + (row - 1) * view_.rowHeight, view_.list.width(),
-                    view_.rowHeight);
-    if (at.top() > std::min(dirty.bottom(), view_.list.bottom())) break;
-    paintRow(row, at);
-  }
+  const double bottom = std::min(dirty.bottom(), view_.list.bottom());
+  const int last = std::min(count, static_cast<int>((bottom - top) / view_.rowHeight) + 1);
+  // Upwards, since of the pictures that are still to be drawn the last one asked for comes first.
+  for (int row = last; row >= first; --row)
+    paintRow(row, {view_.list.left() + 0.0, top + (row - 1) * view_.rowHeight,
+                   view_.list.width() + 0.0, view_.rowHeight});
   painter_.setClipping(false);
   if (view_.indicator > 0) paintIndicator();
 }
@@ -74,7 +77,7 @@ void GridPainter::paintRow(int row, const QRectF& at) {
     }
   }
   painter_.setFont(rowFont(row));
-  for (const ShownColumn& column : columns_) {
+  for (const ShownColumn& column : std::views::reverse(columns_)) {
     QColor of = ink;
     if (column.number != columns_.front().number && !active) of = style::mixed(ground_, ink, 0.72);
     paintCell(column, row, at, of);
@@ -87,22 +90,67 @@ void GridPainter::paintCell(const ShownColumn& column, int row, const QRectF& at
   const QRectF cell(at.left() + column.left + inset, at.top(), column.width - inset * 1.4,
                     at.height());
   const QString text = grid_.cell(column.number, row);
-  painter_.setPen(ink);
-  if (column.button) {
-    const QRectF key = cell.adjusted(-inset / 2, face_.px(4), 0, -face_.px(4));
-    const bool down = row == view_.pressedRow && column.number == view_.pressedColumn;
-    const QColor body = style::mixed(ground_, Qt::white, 0.1);
-    if (down)
-      style::pressedCard(painter_, key, face_.px(10), body);
-    else
-      style::card(painter_, key, face_.px(10), body);
-    painter_.setPen(ink_);
-    painter_.drawText(key, int(Qt::AlignCenter) | Qt::TextSingleLine, text);
-    return;
+  const bool down = row == view_.pressedRow && column.number == view_.pressedColumn;
+  if (column.kind == Grid::CellKind::Button)
+    return paintButton(text, cell.adjusted(-inset / 2, face_.px(4), 0, -face_.px(4)), down);
+  const bool pictured = column.kind == Grid::CellKind::Picture;
+  const std::optional<Picture> picture =
+      pictured ? grid_.rows().picture(column.number, row) : Picture();
+  if (picture && picture->empty())
+    return paintText(text, cell, Qt::AlignLeft | Qt::AlignVCenter, ink);
+
+  const double edge = face_.px(6);
+  QRectF place = cell.adjusted(-inset / 2, edge, 0, -edge), says = place;
+  const bool beside = place.width() > 2 * place.height();
+  if (!text.isEmpty() && beside) {
+    place.setWidth(place.height() * kPictureShape);
+    says.setLeft(place.right() + inset);
+  } else if (!text.isEmpty()) {
+    place.setHeight(place.height() - painter_.fontMetrics().height());
+    says.setTop(place.bottom());
   }
+  paintPicture(picture ? &*picture : nullptr, place, row, down);
+  paintText(text, says, Qt::AlignVCenter | (beside ? Qt::AlignLeft : Qt::AlignHCenter), ink);
+}
+
+void GridPainter::paintText(const QString& text, const QRectF& cell, Qt::Alignment align,
+                            const QColor& ink) {
+  painter_.setPen(ink);
   painter_.drawText(
-      cell, int(Qt::AlignLeft | Qt::AlignVCenter) | Qt::TextSingleLine,
+      cell, int(align) | Qt::TextSingleLine,
       painter_.fontMetrics().elidedText(text, Qt::ElideRight, static_cast<int>(cell.width())));
+}
+
+void GridPainter::paintButton(const QString& text, const QRectF& key, bool down) {
+  const QColor body = style::mixed(ground_, Qt::white, 0.1);
+  if (down)
+    style::pressedCard(painter_, key, face_.px(10), body);
+  else
+    style::card(painter_, key, face_.px(10), body);
+  painter_.setPen(ink_);
+  painter_.drawText(key, int(Qt::AlignCenter) | Qt::TextSingleLine, text);
+}
+
+void GridPainter::paintPicture(const Picture* picture, const QRectF& place, int row, bool down) {
+  // The same size wherever the list is scrolled to, since each size is a drawing of its own.
+  const QSize size(static_cast<int>(place.width() + 0.01), static_cast<int>(place.height() + 0.01));
+  std::optional<QPixmap> drawn;
+  if (picture && picture->bytes) {
+    drawn = face_.pictures.drawnPixmap(*picture, size);
+    if (!drawn) undrawn_.push_back(row);
+  } else if (picture) {
+    drawn = face_.pictures.pixmap(*picture, size);
+  }
+  if (drawn && !drawn->isNull()) {
+    const QPointF corner = place.center() - QPointF(drawn->width(), drawn->height()) / 2;
+    painter_.drawPixmap(corner.toPoint(), *drawn);
+  }
+  if (drawn && !drawn->isNull() && !down) return;
+  painter_.setPen(Qt::NoPen);
+  QColor quiet = ink_;
+  quiet.setAlphaF(down ? 0.2F : 0.07F);
+  painter_.setBrush(quiet);
+  painter_.drawRoundedRect(place, face_.px(10), face_.px(10));
 }
 
 void GridPainter::paintHeader() {

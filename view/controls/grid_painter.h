@@ -19,13 +19,19 @@ struct GridView {
 
 class GridPainter {
  public:
+  // Keeps references to all four.
   GridPainter(const Grid& grid, const Face& face, const GridView& view, QPainter& painter);
   void paint(const QRect& dirty);
+  // Rows of which a picture shows a quiet ground, since it is still being drawn elsewhere.
+  const std::vector<int>& undrawn() const { return undrawn_; }
 
  private:
   void paintHeader();
   void paintRow(int row, const QRectF& at);
   void paintCell(const ShownColumn& column, int row, const QRectF& at, const QColor& ink);
+  void paintText(const QString& text, const QRectF& cell, Qt::Alignment align, const QColor& ink);
+  void paintButton(const QString& text, const QRectF& key, bool down);
+  void paintPicture(const Picture* picture, const QRectF& place, int row, bool down);
   void paintEmpty();
   void paintIndicator();
   QFont rowFont(int row) const;
@@ -36,6 +42,7 @@ class GridPainter {
   QPainter& painter_;
   std::vector<ShownColumn> columns_;
   QColor ground_, ink_;
+  std::vector<int> undrawn_;
 };
 
 }  // namespace korvane

@@ -200,7 +200,7 @@ void GridWidget::activate(int column, int row, bool second) {
   const auto at = static_cast<size_t>(column - 1);
   grid_.row = row;
   lastTapRow_ = row;
-  if (at < columns.size() && columns[at].button) {
+  if (at < columns.size() && columns[at].kind == Grid::CellKind::Button) {
     fire({Event::ButtonClicked, column, row});
     return;
   }
@@ -263,7 +263,15 @@ void GridWidget::paintEvent(QPaintEvent* event) {
   view.pressedColumn = pressedColumn_;
   view.indicator = indicator_;
   QPainter painter(this);
-  GridPainter(grid_, face(), view, painter).paint(event->rect());
+  GridPainter drawing(grid_, face(), view, painter);
+  drawing.paint(event->rect());
+  if (drawing.undrawn().empty()) return;
+  undrawn_.insert(drawing.undrawn().begin(), drawing.undrawn().end());
+  face().pictures.whenDrawn(this, [this] { picturesDrawn(); });
+}
+
+void GridWidget::picturesDrawn() {
+  for (const int row : std::exchange(undrawn_, {})) update(rowRect(row));
 }
 
 }  // namespace korvane

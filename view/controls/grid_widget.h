@@ -4,6 +4,7 @@
 
 #include <QBasicTimer>
 #include <QElapsedTimer>
+#include <set>
 
 #include "view/controls/control_widget.h"
 #include "view/controls/grid_painter.h"
@@ -21,7 +22,7 @@ class GridWidget : public ControlWidget {
 
   QRect rowRect(int row) const;  // in the widget's pixels, also of a row out of view; 0 the header
   QRect cellRect(int column, int row) const;
-  void bringIntoView(int row);
+  void bringIntoView(int row);  // leaves the active row as it is
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -41,8 +42,9 @@ class GridWidget : public ControlWidget {
   void measure();  // the range of the scroll from the rows and the size
   void rowsChanged();
   void activeChanged();
-  void scrolled();  // tells topRow, repaints
+  void scrolled();  // sets topRow, repaints
   void showIndicator();
+  void picturesDrawn();
   int rowAt(int y) const;  // 0 the header, -1 nothing
   bool hasHeader() const;
   double rowHeight() const;
@@ -57,6 +59,7 @@ class GridWidget : public ControlWidget {
   QPoint pressedAt_;
   int pressedRow_ = 0, pressedColumn_ = 0, lastTapRow_ = 0;
   double indicator_ = 0;
+  std::set<int> undrawn_;  // rows that were painted without a picture
 };
 
 }  // namespace korvane

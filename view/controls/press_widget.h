@@ -18,6 +18,7 @@ class PressWidget : public ControlWidget {
   // True while the pressed look is to be shown: as long as the finger is down, and long enough to
   // be seen after a short tap.
   bool looksPressed() const { return looksPressed_; }
+  // A tap has ended on it; `second` for the second of two. Fires Click or DblClick. Yields.
   virtual void clicked(bool second);
 
   void mousePressEvent(QMouseEvent* event) override;

@@ -10,7 +10,7 @@ namespace korvane {
 class FadeLayer : public QWidget {
  public:
   FadeLayer(QPixmap picture, QRect place, QWidget* parent);
-  void run(int milliseconds);  // Yields.
+  void run(int milliseconds);  // returns when it is clear. Yields.
 
  protected:
   void paintEvent(QPaintEvent* event) override;

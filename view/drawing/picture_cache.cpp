@@ -4,10 +4,16 @@ namespace korvane {
 namespace {
 
 constexpr int kLimitKiB = 24 << 10;
+constexpr int kMostOfOne = kLimitKiB / 2;    // what does not fit is kept all the same
+constexpr int kMostOfFile = kLimitKiB / 32;  // so that a screen of large files has room
 
 }  // namespace
 
-PictureCache::PictureCache(Graphics& graphics) : graphics_(graphics), kept_(kLimitKiB) {}
+PictureCache::PictureCache(Graphics& graphics)
+    : graphics_(graphics), kept_(kLimitKiB), ahead_([this] {
+        QMetaObject::invokeMethod(
+            &here_, [this] { takeDrawn(); }, Qt::QueuedConnection);
+      }) {}
 
 PictureSource PictureCache::source(const Picture& picture) const {
   if (picture.bytes) return {picture.bytes, *picture.bytes, picture.bytes->startsWith("<svg")};
@@ -27,10 +33,38 @@ QPixmap PictureCache::pixmap(const Picture& picture, QSize size, Fit fit) {
   if (!from.owner || size.isEmpty()) return {};
   const PictureKey key{from.owner.get(), size.width(), size.height(), fit};
   if (const Kept* found = kept_.object(key)) return found->pixmap;
-  QPixmap pixmap = QPixmap::fromImage(drawn(from, size, fit), Qt::NoOpaqueDetection);
-  const int cost = 1 + pixmap.width() * pixmap.height() / 256;
-  kept_.insert(key, new Kept{from.owner, pixmap}, cost);
+  return keep(key, from, drawn(from, size, fit));
+}
+
+QPixmap PictureCache::keep(const PictureKey& key, const PictureSource& from, QImage image) {
+  QPixmap pixmap = QPixmap::fromImage(std::move(image), Qt::NoOpaqueDetection);
+  const qsizetype file = std::min<qsizetype>(from.bytes.size() >> 10, kMostOfFile);
+  const int cost = 1 + pixmap.width() * pixmap.height() / 256 + static_cast<int>(file);
+  kept_.insert(key, new Kept{from.owner, pixmap}, std::min(cost, kMostOfOne));
   return pixmap;
+}
+
+std::optional<QPixmap> PictureCache::drawnPixmap(const Picture& picture, QSize size) {
+  const PictureSource from = source(picture);
+  if (!from.owner || size.isEmpty()) return QPixmap();
+  const PictureKey key{from.owner.get(), size.width(), size.height(), Fit::Inside};
+  if (const Kept* found = kept_.object(key)) return found->pixmap;
+  ahead_.askNow(key, from);
+  return std::nullopt;
+}
+
+void PictureCache::whenDrawn(QObject* who, std::function<void()> again) {
+  const auto same = [who](const auto& each) { return each.first == who; };
+  if (std::ranges::none_of(waiting_, same)) waiting_.emplace_back(who, std::move(again));
+}
+
+void PictureCache::takeDrawn() {
+  const QHash<PictureKey, DrawAhead::Drawn> drawn = ahead_.takeNow();
+  if (drawn.isEmpty()) return;
+  for (auto each = drawn.cbegin(); each != drawn.cend(); ++each)
+    keep(each.key(), each->source, each->image);
+  for (const auto& [who, again] : std::exchange(waiting_, {}))
+    if (who) again();
 }
 
 void PictureCache::prepare(const Picture& picture, QSize size, Fit fit) {

@@ -1,9 +1,10 @@
 // Pictures at the exact size of the screen: each decoded or drawn once per size and kept up to a
-// limit of memory, the ones not used for longest leaving first.
+// limit of memory, the ones not used for longest leaving first. Of the user-interface thread.
 #pragma once
 
 #include <QCache>
 #include <QPixmap>
+#include <QPointer>
 
 #include "core/graphics.h"
 #include "view/drawing/draw_ahead.h"
@@ -12,11 +13,18 @@ namespace korvane {
 
 class PictureCache {
  public:
-  explicit PictureCache(Graphics& graphics);
+  explicit PictureCache(Graphics& graphics);  // which must outlive it
 
   // The picture at `size` device pixels; for Fit::Inside at the largest size inside it. Null for an
   // empty, missing or broken picture.
   QPixmap pixmap(const Picture& picture, QSize size, Fit fit = Fit::Inside);
+
+  // The same without drawing here: nothing while a thread draws it. whenDrawn() tells when to ask
+  // again.
+  std::optional<QPixmap> drawnPixmap(const Picture& picture, QSize size);
+  // Runs `again` once, from the event loop, when a picture that drawnPixmap() did not have is
+  // there; never when `who` has gone. One for each `who`.
+  void whenDrawn(QObject* who, std::function<void()> again);
 
   // Begins to draw what pixmap() or render() will soon be asked for.
   void prepare(const Picture& picture, QSize size, Fit fit = Fit::Inside);
@@ -34,10 +42,14 @@ class PictureCache {
   };
 
   PictureSource source(const Picture& picture) const;
+  QPixmap keep(const PictureKey& key, const PictureSource& source, QImage image);
+  void takeDrawn();
   QImage drawn(const PictureSource& source, QSize size, Fit fit);
 
   Graphics& graphics_;
   QCache<PictureKey, Kept> kept_;
+  std::vector<std::pair<QPointer<QObject>, std::function<void()>>> waiting_;
+  QObject here_;  // of the thread that paints
   DrawAhead ahead_;
 };
 

@@ -38,8 +38,8 @@ QStringList themeFaults(Graphics& graphics, const Palette& palette) {
         graphics.loadGraphic(QString::fromLatin1(wanted.group), QString::fromLatin1(wanted.name));
     if (const QString fault = pictureFault(file.get(), wanted); !fault.isEmpty()) faults << fault;
   }
-  for (const char* told : themeColours()) {
-    const QString element = QString::fromLatin1(told);
+  for (const char* name : themeColours()) {
+    const QString element = QString::fromLatin1(name);
     if (!palette.has(QString(element + u"BACK"_s))) {
       faults << u"COLORS.INI has no %1BACK"_s.arg(element);
       continue;

@@ -340,7 +340,11 @@ void ControlCommands::messages(const QJsonObject& command, const Answer& answer)
   const QString wanted = command["answer"_L1].toString();
   if (!wanted.isEmpty()) {
     if (open.empty()) return answer(failed(u"no box is open"_s));
-    for (const auto& [name, choice] : open.back().answers)
+    const OpenBox& box = open.back();
+    const Form* top = host_.topForm();
+    if (!box.system && top && box.form != top->name)
+      return answer(failed(u"the form %1 is above it"_s.arg(top->name)));
+    for (const auto& [name, choice] : box.answers)
       if (name.compare(wanted, Qt::CaseInsensitive) == 0)
         return acted([this, &choose = choice] { choose(finger_); }, answer);
     return answer(failed(u"the box has no answer \"%1\""_s.arg(wanted)));

@@ -1,14 +1,20 @@
 // The commands of the control socket. One JSON object in, one out: {"ok":true,...} or
 // {"ok":false,"error":"..."}.
 //
-//   press, doublepress  {name, index?, row?, col?, form?}
-//   hold, release       {name, index?} and {dx?, dy?}, a slide before it lets go
-//   drag                {name, index?, from:[x,y]?, to:[x,y]? or dx, dy, ms?}, form units within
-//   the control type {text}         key {key: "Return", "Ctrl+A"...} set                 {name,
-//   index?, value}: a slider by its thumb, a text, a check, a list's row get                 {name,
-//   index?, form?} rows                {name, index?, from?, count?} wait                {name,
-//   index?, property, value or not or contains or at_least, timeout_ms?} messages {answer?}: the
-//   boxes open; answers the topmost one screenshot {file}   tree {form?}   quit
+//   - press, doublepress {name, index?, row?, col?, form?}
+//   - hold {name, index?}
+//   - release {dx?, dy?}: a slide before it lets go
+//   - drag {name, index?, from:[x,y]?, to:[x,y]? or dx, dy, ms?}: form units within the control
+//   - type {text}
+//   - key {key}: "Return", "Ctrl+A"...
+//   - set {name, index?, value}: a slider by its thumb, a text, a check, a list's row
+//   - get {name, index?, form?}
+//   - rows {name, index?, from?, count?}
+//   - wait {name, index?, property, value or not or contains or at_least, timeout_ms?}
+//   - messages {answer?}: the boxes open, the topmost last; answers the topmost one
+//   - screenshot {file}
+//   - tree {form?}
+//   - quit
 //
 // The form is the topmost one unless it is named; what is only read is then looked for in the
 // others.
@@ -25,13 +31,14 @@ class ControlCommands {
  public:
   using Answer = std::function<void(QJsonObject)>;
 
+  // The host must outlive it; there is one for a host, since it hears of the modal forms.
   explicit ControlCommands(WindowHost& host);
   ~ControlCommands();
 
   // Runs one command; `answer` is called once, at once or later. Yields.
   void run(const QJsonObject& command, Answer answer);
 
-  std::function<void()> quit;
+  std::function<void()> quit;  // of the command; ends the event loop unless set
 
  private:
   struct Target {

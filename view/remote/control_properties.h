@@ -15,6 +15,6 @@ QJsonObject describe(const Control& control, const ControlWidget* widget);
 // `count` rows from `from` on, at most 1000: their cells, hidden ones included.
 QJsonArray describeRows(const Grid& grid, int from, int count);
 
-const char* kindName(Kind kind);
+const char* kindName(Kind kind);  // its word in the JSON
 
 }  // namespace korvane

@@ -11,7 +11,8 @@ QString Finger::obstacle(const ControlWidget& target, QPoint at) const {
   const Control& control = target.control();
   const Form* top = host_.topForm();
   if (host_.gate().refusing()) return u"presses are refused while a wait runs"_s;
-  if (top && top != &control.form && !control.form.floating && target.window() == &host_.stage())
+  const bool covered = top && top != &control.form && control.form.role != FormRole::Floating;
+  if (covered && target.window() == &host_.stage())
     return u"the form %1 is above it"_s.arg(top->name);
   if (!target.isVisible()) return u"it is hidden"_s;
   if (!target.isEnabled()) return u"it is not enabled"_s;

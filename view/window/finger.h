@@ -24,6 +24,7 @@ class Finger {
   void doubleTap(const ControlWidget& target, QPoint at);
   bool down() const { return down_; }
 
+  // Pressed and released on the console's window; `text` is what it types.
   void key(int qtKey, Qt::KeyboardModifiers modifiers, const QString& text);
 
  private:

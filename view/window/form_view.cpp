@@ -42,7 +42,7 @@ void FormView::add(Control& control) {
   widgets_.insert(&control, makeWidget(control, face_, box ? box : this));
 }
 
-// It stands where its array stands: behind what the inventory tells after member 0.
+// It stands where its array stands: behind what the inventory has after member 0.
 void FormView::controlAdded(Control& control) {
   add(control);
   ControlWidget* made = widget(control);

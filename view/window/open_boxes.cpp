@@ -9,7 +9,7 @@ namespace {
 
 OpenBox ofForm(FormView& view) {
   const Form& form = view.form();
-  OpenBox box{form.name, {}, {}};
+  OpenBox box{form.name, {}, {}, false};
   for (const auto& control : form.controls()) {
     const bool says = control->kind == Kind::Label && control->visible();
     if (says && box.text.isEmpty()) box.text = control->caption();
@@ -26,7 +26,7 @@ OpenBox ofForm(FormView& view) {
 }
 
 OpenBox ofSystem(QMessageBox& from) {
-  OpenBox box{u"system"_s, from.text(), {}};
+  OpenBox box{u"system"_s, from.text(), {}, true};
   for (QAbstractButton* button : from.buttons()) {
     box.answers.emplace_back(button->text().remove(u'&'), [button](Finger&) { button->click(); });
   }

@@ -10,9 +10,12 @@ namespace korvane {
 
 struct OpenBox {
   QString form, text;
-  std::vector<std::pair<QString, std::function<void(Finger&)>>> answers;  // by what they say
+  // By what they say; each is pressed by a finger. They hold while the box is open.
+  std::vector<std::pair<QString, std::function<void(Finger&)>>> answers;
+  bool system = false;  // the desktop's own, above all forms
 };
 
-std::vector<OpenBox> openBoxes(WindowHost& host);  // the topmost last
+// The topmost last: a question may lie above a message.
+std::vector<OpenBox> openBoxes(WindowHost& host);
 
 }  // namespace korvane

@@ -1,4 +1,5 @@
-// Refuses presses and keys while a wait runs: they are dropped, not kept for later.
+// Refuses presses and keys of the whole program while a wait runs: they are dropped, not kept for
+// later. A slider that is held may still be let go.
 #pragma once
 
 #include <QObject>

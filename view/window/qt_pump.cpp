@@ -45,12 +45,17 @@ bool QtPump::wait(int milliseconds, const std::function<bool()>& done) {
 }
 
 void QtPump::later(std::function<void()> work) {
-  QMetaObject::invokeMethod(&here_, std::move(work), Qt::QueuedConnection);
+  QMetaObject::invokeMethod(
+      &here_, [this, work = std::move(work)] { wall.run(work); }, Qt::QueuedConnection);
 }
 
 void QtPump::inBackground(std::function<void()> work, std::function<void()> done) {
   QThreadPool::globalInstance()->start([this, work = std::move(work), done = std::move(done)] {
-    work();
+    try {
+      work();
+    } catch (...) {
+      later([failure = std::current_exception()] { std::rethrow_exception(failure); });
+    }
     if (done) later(done);
   });
 }

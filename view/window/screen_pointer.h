@@ -7,6 +7,7 @@ namespace korvane {
 
 class ScreenPointer : public Screen::Observer {
  public:
+  // The screen must outlive it and tells nobody else meanwhile.
   explicit ScreenPointer(Screen& screen);
   ~ScreenPointer() override;
   void pointerChanged(int pointer) override;

@@ -10,10 +10,11 @@ class Stage : public QWidget {
  public:
   Stage();
 
-  std::function<void()> resized;
-  std::function<void()> closed;  // the desktop asks to close the window
-  std::function<void(QKeyEvent&)> pressedKey;
-  std::function<void(bool)> minimised;
+  // What its owner hears; each may be unset.
+  std::function<void()> resized;               // before the first paint of the new size
+  std::function<void()> closed;                // the desktop asks to close it; it stays
+  std::function<void(QKeyEvent&)> pressedKey;  // one that no field in it has taken
+  std::function<void(bool)> minimised;         // by the desktop; false when it is back
 
  protected:
   void paintEvent(QPaintEvent* event) override;

@@ -7,8 +7,8 @@ namespace korvane {
 
 class MessageBox : public SystemBox {
  public:
-  Answer show(const QString& text,
-              bool yesNo) override;  // Yields. Closed without a choice: No, or Ok.
+  // Closed without a choice: No, or Ok. Yields.
+  Answer show(const QString& text, bool yesNo) override;
 };
 
 }  // namespace korvane

@@ -17,7 +17,6 @@
 namespace korvane {
 namespace {
 
-constexpr int kDesignWidth = 1280, kDesignHeight = 768;
 constexpr int kExposeMs = 250;
 constexpr int kFrameMs = 16;
 
@@ -31,24 +30,17 @@ WindowHost::WindowHost(Graphics& graphics, PressGate& gate, QSize windowed)
   };
   stage_->pressedKey = [this](QKeyEvent& event) { keyPressed(event); };
   touch_.textTouched = [this](TextBox& box) {
-    if (textTouched) textTouched(box);
+    if (textTouched) wall.run([&] { textTouched(box); });
   };
   stage_->minimised = [this](bool minimised) {
     for (const Layer& each : layers_)
-      if (each.role == Role::Main) each.view->form().minimised = minimised;
+      if (each.role == FormRole::Main) each.view->form().minimised = minimised;
   };
 }
 
 WindowHost::~WindowHost() {
   for (const Layer& each : layers_)
-    if (each.role == Role::Strip) delete each.view;
-}
-
-WindowHost::Role WindowHost::roleOf(const Form& form) {
-  if (form.name == "frmMain"_L1) return Role::Main;
-  if (form.name == "frmSplash"_L1) return Role::Splash;
-  if (form.name == "frmAlwaysOnTop"_L1) return Role::Strip;
-  return form.floating ? Role::Floating : Role::Modal;
+    if (each.role == FormRole::Strip) delete each.view;
 }
 
 WindowHost::Layer* WindowHost::layer(const Form& form) {
@@ -63,12 +55,6 @@ FormView* WindowHost::view(const Form& form) const {
   return nullptr;
 }
 
-FormView* WindowHost::view(QStringView formName) const {
-  for (const Layer& each : layers_)
-    if (formName.compare(each.view->form().name, Qt::CaseInsensitive) == 0) return each.view;
-  return nullptr;
-}
-
 std::vector<FormView*> WindowHost::views() const {
   std::vector<FormView*> all;
   for (const Layer& each : layers_) all.push_back(each.view);
@@ -78,31 +64,30 @@ std::vector<FormView*> WindowHost::views() const {
 Form* WindowHost::topForm() const {
   Form* top = nullptr;
   for (const Layer& each : layers_) {
-    const bool hides = each.role == Role::Modal || (each.role == Role::Main && !top);
+    const bool hides = each.role == FormRole::Modal || (each.role == FormRole::Main && !top);
     if (hides && each.view->form().shown()) top = &each.view->form();
   }
   return top;
 }
 
-WindowHost::Layer& WindowHost::open(Form& form, Role role) {
-  const bool modal = role == Role::Modal;
+WindowHost::Layer& WindowHost::open(Form& form) {
+  const FormRole role = form.role;
+  const bool modal = role == FormRole::Modal;
   QWidget* dim = modal ? new DimLayer(stage_.get()) : nullptr;
-  QWidget* parent = role == Role::Strip ? nullptr : dim ? dim : stage_.get();
+  QWidget* parent = role == FormRole::Strip ? nullptr : dim ? dim : stage_.get();
   auto* made = new FormView(form, pictures_, touch_, parent);
   made->shownChanged = [this](Form& changed) { shownChanged(changed); };
   made->lifted = [this](Form& moved) {
     if (Layer* lifted = layer(moved)) fit(*lifted);
   };
-  if (role == Role::Strip)
+  if (role == FormRole::Strip)
     made->setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
   made->setRounded(modal &&
-                   (form.design.width < kDesignWidth || form.design.height < kDesignHeight));
-  if (role == Role::Splash) made->setCaptionDelay(kFrameMs);
-  if (role == Role::Strip || (role == Role::Main && movable_))
-    new DragMover(made, role == Role::Strip);
-  Layer layer{made, role, dim};
-  if (modal) layer.focusBefore = stage_->focusWidget();
-  layers_.push_back(layer);
+                   (form.design.width < kSurface.width || form.design.height < kSurface.height));
+  if (role == FormRole::Splash) made->setCaptionDelay(kFrameMs);
+  if (role == FormRole::Strip || (role == FormRole::Main && movable_))
+    new DragMover(made, role == FormRole::Strip);
+  layers_.push_back({made, role, dim});
   return layers_.back();
 }
 
@@ -120,14 +105,14 @@ void WindowHost::present(const Layer& first) {
 
 void WindowHost::fit(const Layer& layer) {
   const Rect& design = layer.view->form().design;
-  if (layer.role == Role::Strip) {
+  if (layer.role == FormRole::Strip) {
     layer.view->fit(QRect(1, 1, design.width, design.height), 1);
     return;
   }
   const QRect all = stage_->rect();
   const double scale =
-      std::min(all.width() / double(kDesignWidth), all.height() / double(kDesignHeight));
-  if (layer.role == Role::Floating) {
+      std::min(all.width() / double(kSurface.width), all.height() / double(kSurface.height));
+  if (layer.role == FormRole::Floating) {
     const int height = static_cast<int>(std::lround(design.height * scale));
     const int lift = static_cast<int>(std::lround(layer.view->form().lift() * scale));
     const int top = std::clamp(all.height() - height - lift, 0, all.height() - height);
@@ -135,7 +120,7 @@ void WindowHost::fit(const Layer& layer) {
     return;
   }
   if (layer.dim) layer.dim->setGeometry(all);
-  if (design.width >= kDesignWidth && design.height >= kDesignHeight) {
+  if (design.width >= kSurface.width && design.height >= kSurface.height) {
     layer.view->fit(all, scale);
     return;
   }
@@ -148,28 +133,28 @@ void WindowHost::fit(const Layer& layer) {
 
 void WindowHost::layOut() {
   for (const Layer& each : layers_)
-    if (each.role != Role::Strip) fit(each);
+    if (each.role != FormRole::Strip) fit(each);
 }
 
 void WindowHost::show(Form& form) {
-  const Role role = roleOf(form);
+  const FormRole role = form.role;
   Layer* known = layer(form);
-  Layer& shown = known ? *known : open(form, role);
+  Layer& shown = known ? *known : open(form);
   form.shown = true;
-  if (role == Role::Main) {
+  if (role == FormRole::Main) {
     form.minimised = false;
     shown.view->lower();
   }
   FormView* view = shown.view;
-  if (role != Role::Strip) present(shown);
+  if (role != FormRole::Strip) present(shown);
   fit(shown);
   if (shown.dim) {
     shown.dim->raise();
     shown.dim->show();
   }
   view->show();
-  if (role == Role::Floating) view->raise();
-  if (role != Role::Splash) return;
+  if (role == FormRole::Floating) view->raise();
+  if (role != FormRole::Splash) return;
   view->raise();
   QElapsedTimer waited;
   waited.start();
@@ -197,7 +182,7 @@ void WindowHost::hide(Form& form) {
 void WindowHost::shownChanged(Form& form) {
   Layer* changed = layer(form);
   if (!changed) return;
-  if (changed->role == Role::Main && form.shown()) {
+  if (changed->role == FormRole::Main && form.shown()) {
     if (form.minimised() && !stage_->isMinimized()) stage_->showMinimized();
     return;
   }
@@ -208,7 +193,7 @@ void WindowHost::shownChanged(Form& form) {
 void WindowHost::close(Form& form) {
   Layer* found = layer(form);
   if (!found) return;
-  if (found->role == Role::Main) {
+  if (found->role == FormRole::Main) {
     stage_->hide();
     return;
   }
@@ -222,26 +207,26 @@ void WindowHost::close(Form& form) {
     gone.dim->deleteLater();
   }
   if (gone.loop) gone.loop->quit();
-  if (gone.role != Role::Modal) return;
+  if (gone.role != FormRole::Modal) return;
   const std::vector<FormView*> left = views();
   for (FormView* each : left)
-    if (roleOf(each->form()) == Role::Floating) each->form().shown = false;
+    if (each->form().role == FormRole::Floating) each->form().shown = false;
 }
 
 void WindowHost::fadeOut(Form& form, int milliseconds) {
   Layer* fading = layer(form);
-  if (fading && milliseconds > 0 && stage_->isVisible() && fading->role != Role::Strip) {
+  if (fading && milliseconds > 0 && stage_->isVisible() && fading->role != FormRole::Strip) {
     QImage seen = freshImage(fading->view->size(), QImage::Format_RGB32);
     fading->view->render(&seen);
     FadeLayer layer(QPixmap::fromImage(std::move(seen)), fading->view->geometry(), stage_.get());
     fading->view->hide();
     layer.run(milliseconds);
   }
-  const bool starts = fading && fading->role == Role::Splash;
+  const bool starts = fading && fading->role == FormRole::Splash;
   form.shown = false;
   if (!starts) return;
   for (const Layer& each : layers_)
-    if (each.role == Role::Main) each.view->prepareControls();
+    if (each.role == FormRole::Main) each.view->prepareControls();
 }
 
 void WindowHost::close() {
@@ -250,7 +235,7 @@ void WindowHost::close() {
 }
 
 WId WindowHost::nativeWindow(Control& surface) {
-  const FormView* of = view(surface.form);
+  FormView* of = view(surface.form);
   auto* found = of ? dynamic_cast<SurfaceWidget*>(of->widget(surface)) : nullptr;
   return found ? found->nativeWindow() : 0;
 }
@@ -270,7 +255,7 @@ bool WindowHost::sendKey(Form& form, int key, const QString& text) {
   return true;
 }
 
-// Tab has moved on, which a window that is not the desktop's active one tells nobody.
+// Tab has moved on, of which a window that is not the desktop's active one gives no notice.
 void WindowHost::followFocus(Form& form) {
   for (QWidget* at = stage_->focusWidget(); at; at = at->parentWidget()) {
     auto* of = dynamic_cast<ControlWidget*>(at);

@@ -9,6 +9,7 @@
 
 #include "core/form/form.h"
 #include "core/graphics.h"
+#include "view/window/event_wall.h"
 #include "view/window/form_view.h"
 #include "view/window/press_gate.h"
 #include "view/window/stage.h"
@@ -30,34 +31,31 @@ class WindowHost : public FormHost {
   void close();  // takes the window down; no form is mirrored any more
 
   void setSinglePress(bool on) { touch_.singlePress = on; }
-  void setMovable(bool on) {
-    movable_ = on;
-  }  // the window, by the ground of a main form shown later
+  // Whether the window follows a finger on the ground of the main form; for one shown later.
+  void setMovable(bool on) { movable_ = on; }
   // Native area of a Surface for players and browsers; 0 when its form is not shown.
   WId nativeWindow(Control& surface);
 
   Form* topForm() const;  // the one that gets presses; null when none is shown
   FormView* view(const Form& form) const;
-  FormView* view(QStringView formName) const;
   std::vector<FormView*> views() const;  // from the back to the front
   Stage& stage() { return *stage_; }
   PressGate& gate() { return gate_; }
+
+  EventWall wall;  // around textTouched
 
   std::function<void()> closeAsked;        // the desktop asks to close the window
   std::function<void(Form&)> modalOpened;  // a modal form has come up and takes the presses
 
  private:
-  enum class Role { Main, Splash, Strip, Modal, Floating };
   struct Layer {
     FormView* view;
-    Role role;
+    FormRole role;
     QWidget* dim = nullptr;
     QEventLoop* loop = nullptr;
-    QWidget* focusBefore = nullptr;
   };
-  static Role roleOf(const Form& form);
   Layer* layer(const Form& form);
-  Layer& open(Form& form, Role role);
+  Layer& open(Form& form);
   void close(Form& form);
   void shownChanged(Form& form);
   void present(const Layer& first);
