@@ -6,10 +6,10 @@ namespace korvane {
 namespace {
 
 QString clean(const QString& path) {
-  QString told = FileSystem::slashed(path);
-  while (told.contains("//"_L1)) told.replace("//"_L1, "/"_L1);
-  while (told.size() > 1 && told.endsWith(u'/')) told.chop(1);
-  return told;
+  QString plain = FileSystem::slashed(path);
+  while (plain.contains("//"_L1)) plain.replace("//"_L1, "/"_L1);
+  while (plain.size() > 1 && plain.endsWith(u'/')) plain.chop(1);
+  return plain;
 }
 
 }  // namespace
@@ -68,10 +68,17 @@ bool FakeFileSystem::MoveFile(const QString& from, const QString& to) {
   return bytes && DeleteFile(from) && replace(to, *bytes);
 }
 
-bool FakeFileSystem::CopyFile(const QString& from, const QString& to) {
+bool FakeFileSystem::copyInPieces(const QString& from, const QString& to, const CopyWatch& watch,
+                                  QString* error) {
   const auto bytes = read(from);
   const QString name = clean(from).mid(clean(from).lastIndexOf(u'/') + 1);
-  return bytes && replace(FolderExists(to) ? BuildPath(to, name) : to, *bytes);
+  if (!bytes || !watch(bytes->size())) return false;
+  return replace(FolderExists(to) ? BuildPath(to, name) : to, *bytes, error);
+}
+
+qint64 FakeFileSystem::size(const QString& path) const {
+  const Node* found = node(path);
+  return found && !found->folder ? found->bytes.size() : -1;
 }
 
 QStringList FakeFileSystem::names(const QString& path, bool folders) const {
