@@ -3,7 +3,7 @@
 #pragma once
 
 #include "core/button_words.h"
-#include "core/dialog.h"
+#include "core/chooser.h"
 #include "core/screen_doors.h"
 #include "core/startup.h"
 #include "core/tab_parts.h"
@@ -33,6 +33,7 @@ class Desk {
   Form frmMain, frmSplash;
   ThemedMessages messages;
   const DialogUses dialogs;  // what every modal form is given
+  Chooser chooser;
   MainForm main;
   TabController tabs;
   TabParts parts;
