@@ -14,6 +14,7 @@ Desk::Desk(System& doors, const MakeHost& makeHost, QString home, std::function<
       frmSplash(u"frmSplash"_s, splashInventory(), kSurface, FormRole::Splash),
       messages(host, palette),
       dialogs{host, palette, messages},
+      chooser(dialogs, doors.files),
       main(frmMain, state),
       tabs({frmMain, state, screen, messages, log}),
       paging(frmMain, tabs),

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "core/button_words.h"
+#include "core/chooser.h"
 #include "core/dialog.h"
 #include "core/paging.h"
 #include "core/players.h"
@@ -36,6 +37,7 @@ class Desk {
   Form frmMain, frmSplash;
   ThemedMessages messages;
   const DialogUses dialogs;  // what every modal form is given
+  Chooser chooser;
   MainForm main;
   TabController tabs;
   Paging paging;

@@ -56,7 +56,7 @@ bool Startup::SubMain() {
   uses_.host.show(uses_.splash);
   // The picture alone comes first: the first text of a program takes as long as all of it.
   splash_.lblVersion->caption = QStringLiteral(KORVANE_VERSION);
-  if (!readSettings()) return false;
+  if (!readSettings() || !requirementsHold()) return false;
 
   uses_.host.show(uses_.main.form());
   Form_Load();
@@ -66,6 +66,18 @@ bool Startup::SubMain() {
   if (state.gAddsOn) run(Step::Ads);
   uses_.host.fadeOut(uses_.splash, 1000);
   return true;
+}
+
+bool Startup::requirementsHold() {
+  try {
+    for (const auto& work : uses_.steps.works(Step::Requirements)) work();
+    return true;
+  } catch (const std::exception& failure) {
+    const QString why = QString::fromUtf8(failure.what());
+    uses_.log.error(5, why, "Main", "Module Main");
+    uses_.system.box.show(why);
+    return false;
+  }
 }
 
 bool Startup::readSettings() {

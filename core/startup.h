@@ -33,7 +33,8 @@ class Startup {
   };
   explicit Startup(Uses uses);
 
-  // False when the program must end: no theme, or another console runs here. Yields.
+  // False when the program must end: no theme, another console runs here, or a side cannot do
+  // without what it lacks (Step::Requirements). The last is said in the system's box. Yields.
   bool SubMain();
   // Repeatable: setup runs it again. Yields.
   void Form_Load();
@@ -44,6 +45,7 @@ class Startup {
   void status(const QString& text);
   void takeMixer(bool opened);
   void run(Step step);  // a failure is logged and ends only the work that failed
+  bool requirementsHold();
   bool readSettings();  // false when another console runs here
   void readNetworkSettings();
   void applyColours();

@@ -9,6 +9,8 @@
 namespace korvane {
 
 enum class Step {
+  // Before anything of a start: what throws here is said and ends the program
+  Requirements,
   // Of Form_Load, which a reload runs again
   Map,
   MasterListener,  // Yields.

@@ -163,14 +163,23 @@ void CustomSide::editButtons() {
 }
 
 std::optional<QString> CustomSide::chooseAction() {
-  DirectoryRequest request;
-  request.caption = u"Select Action File"_s;
-  request.mode = u"SINGLE"_s;
+  ChooserRequest request;
+  request.title = u"Select Action File"_s;
+  request.kind = ChooserRequest::File;
   request.pattern = u"*.exe;*.com;*.bat"_s;
-  request.path = u"/usr/bin"_s;
-  request.customEntries = customSelectEntries(desk_.words);
+  request.places = {u"/usr/bin"_s};
+  request.entries = customSelectEntries(desk_.words);
   request.alsoShown = [this](const QString& path) { return desk_.system.programs.runnable(path); };
-  return library_.directorys.open(request);
+  return desk_.chooser.open(request);
+}
+
+// Setup opens without a library too: there it can be erased and scanned again.
+QString CustomSide::getLibraryCounts() {
+  try {
+    return library_.database.getLibraryCounts();
+  } catch (const DatabaseError& failure) {
+    return failure.text();
+  }
 }
 
 void CustomSide::useKeyboard() {

@@ -73,7 +73,7 @@ class CustomSide : private SetupParts {
   void closeAlwaysOnTop() override { desk_.window.closeAlwaysOnTop(); }
   void reloadMainForm() override;
   void showMainPage() override;
-  QString getLibraryCounts() override { return library_.database.getLibraryCounts(); }
+  QString getLibraryCounts() override;
   void eraseLibrary() override { library_.erase(); }
   void restartMasterListener() override;
   void closeMovieConnection() override { listener_.connectionMovie->Close(); }

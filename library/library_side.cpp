@@ -13,12 +13,14 @@ LibrarySide::LibrarySide(Desk& d)
       favourites(d.frmMain, {d.state, d.settings, d.system.files, d.system.pump, d.screen,
                              d.messages, database, playlists, browsing}),
       import(database, d.system.pump, d.settings, d.log),
-      directorys({d.host, d.palette, d.state, d.settings, d.system.files, d.screen, d.messages,
-                  import, *this}),
-      singleSong({d.host, d.palette, d.system.files, d.system.pump, d.screen, d.messages, import,
-                  *this, directorys}),
-      mp3Setup({d.host, d.palette, d.settings, d.messages, import, *this, directorys, singleSong}),
-      playList({d.host, d.palette, d.state, d.log, d.messages, playlists, *this}) {
+      scan({d.chooser, d.settings, d.system.files, d.screen, d.messages, import, *this}),
+      singleSong({d.dialogs, d.chooser, d.settings, d.system.files, d.system.pump, d.screen, import,
+                  *this}),
+      mp3Setup({d.dialogs, d.chooser, d.settings, d.system.files, import, *this, scan, singleSong}),
+      playList({d.dialogs, d.state, d.log, playlists, *this}) {
+  database.onUnreadable = [this](const QString& why) {
+    desk_.system.pump.later([this, why] { desk_.messages.say(why); });
+  };
   browsing.setEditor(editor);
   addSteps();
   connectLists();
@@ -27,8 +29,11 @@ LibrarySide::LibrarySide(Desk& d)
 }
 
 void LibrarySide::addSteps() {
+  // Reads the whole library unless a list file stands for it.
+  desk_.steps.at(Step::Requirements, [this] { database.getAllSongs(); });
   desk_.steps.at(Step::SetUpLists, [this] { browsing.setUpGrids(); });
-  desk_.steps.at(Step::FillArtists, [this] { browsing.fillArtists(); });
+  // A reload that finds no library: said once, for the three lists stand as they were.
+  desk_.steps.at(Step::FillArtists, [this] { saying([this] { browsing.fillArtists(); }); });
   desk_.steps.at(Step::FillAlbums, [this] { browsing.fillAlbums(); });
   desk_.steps.at(Step::FillSongs, [this] { browsing.fillSongs(); });
 }
@@ -81,12 +86,8 @@ void LibrarySide::connectPlaylists() {
 
 void LibrarySide::openDoors() {
   ScreenDoors& setup = desk_.setupDoors;
-  setup.add({"cmdAddDir", 0,
-             [this] { chooseDirectory(u"Select Photos Directory"_s, DirectoryRequest::Photos); }});
   setup.add({"cmdAddDir", 2, [this] { mp3Setup.open(); }});
-  setup.add({"cmdAddDir", 3, [this] {
-               chooseDirectory(u"Select Playlist Directory"_s, DirectoryRequest::Playlist);
-             }});
+  setup.add({"cmdAddDir", 3, [this] { choosePlaylistDirectory(); }});
   setup.add({"cmdPlayLists", -1, [this] {
                if (playList.open()) desk_.leaveSetup();
              }});
@@ -94,18 +95,36 @@ void LibrarySide::openDoors() {
   desk_.advancedDoors.add({"cmdExportFavoriates", 1, [this] { favourites.importFavorites(); }});
 }
 
-void LibrarySide::chooseDirectory(const QString& caption, DirectoryRequest::Store store) {
-  DirectoryRequest request;
-  request.caption = caption;
-  request.store = store;
-  directorys.open(request);
+void LibrarySide::choosePlaylistDirectory() {
+  ChooserRequest request;
+  request.title = u"Select Playlist Directory"_s;
+  request.pattern = u"*.m3u"_s;
+  request.places = {desk_.settings.str(key::PLDirectory)};
+  const auto chosen = desk_.chooser.open(request);
+  if (!chosen) return;
+  desk_.settings.write(key::PLDirectory, *chosen);
+  desk_.state.gPlaylistDir = *chosen;
+}
+
+void LibrarySide::saying(const std::function<void()>& work) {
+  try {
+    work();
+  } catch (const std::exception& failure) {
+    desk_.messages.say(QString::fromUtf8(failure.what()));
+    throw;
+  }
 }
 
 void LibrarySide::songsChanged() {
+  // From the event loop, where nobody else would catch.
   const auto fill = [this] {
-    browsing.fillArtists();
-    browsing.fillAlbums();
-    browsing.fillSongs();
+    desk_.log.guard("songsChanged", "Class Module LibrarySide", [this] {
+      saying([this] {
+        browsing.fillArtists();
+        browsing.fillAlbums();
+        browsing.fillSongs();
+      });
+    });
   };
   desk_.state.gFavoritesLoaded = false;
   database.refreshLists(desk_.system.pump, fill);

@@ -24,13 +24,14 @@ class LibrarySide : private ImportNews, private PlayListViews {
   PlaylistEditor editor;
   Favourites favourites;
   ScannerImport import;
-  DirectorysForm directorys;
+  DirectoryScan scan;
   SingleSongForm singleSong;
   Mp3SetupForm mp3Setup;
   PlayListForm playList;
 
-  // The lists of the whole library filled anew, at once from the database and, when the list file
-  // is made, from that.
+  // The lists of the whole library are filled anew as soon as the list file is made, from the event
+  // loop. Throws DatabaseError, with the lists as they were, when the database cannot be opened;
+  // what fails later is said.
   void songsChanged() override;
   void erase();  // the database empty again, its views reset. Yields.
 
@@ -39,16 +40,13 @@ class LibrarySide : private ImportNews, private PlayListViews {
   void connectLists();
   void connectPlaylists();
   void openDoors();
-  void chooseDirectory(const QString& caption, DirectoryRequest::Store store);
+  void choosePlaylistDirectory();
+  void saying(const std::function<void()>& work);  // what it throws is said, and thrown on
 
   // PlayListViews
   void usePlayList(const QString& name, const QString& path) override;
   void editPlayList(const QString& name, const QString& path) override;
   void createPlayList() override;
-
-  // ImportNews
-  void movieDirectoryChanged() override { desk_.tabs.imgTabs_Click(kMoviesTab); }
-  void photoDirectoryChanged() override { desk_.tabs.imgTabs_Click(kPhotosTab); }
 };
 
 }  // namespace korvane

@@ -12,6 +12,18 @@ PhotosSide::PhotosSide(Desk& desk)
                     if (!desk.frmMain.fire(cmdPhotoSetup_, {Event::Click}))
                       desk.messages.say(u"This console cannot change pictures yet."_s);
                   }});
+  desk.setupDoors.add({"cmdAddDir", 0, [&desk] { chooseDirectory(desk); }});
+}
+
+void PhotosSide::chooseDirectory(Desk& desk) {
+  ChooserRequest request;
+  request.title = u"Select Photos Directory"_s;
+  request.pattern = u"*.jpg;*.jpeg;*.png;*.gif;*.bmp"_s;
+  request.places = {desk.settings.str(key::PDirectory)};
+  const auto chosen = desk.chooser.open(request);
+  if (!chosen) return;
+  desk.settings.write(key::PDirectory, *chosen);
+  desk.tabs.imgTabs_Click(kPhotosTab);
 }
 
 }  // namespace korvane

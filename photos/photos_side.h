@@ -13,6 +13,8 @@ class PhotosSide {
   PhotosTab tab;
 
  private:
+  static void chooseDirectory(Desk& desk);  // Yields.
+
   Image& cmdPhotoSetup_;
 };
 

@@ -2,6 +2,7 @@
 // written "Music" finds "music". The const members may be called from any thread.
 #pragma once
 
+#include <functional>
 #include <optional>
 
 #include "platform/text.h"
@@ -26,11 +27,18 @@ class FileSystem {
 
   // Gives a file another name; what has that name already is replaced.
   virtual bool MoveFile(const QString& from, const QString& to) = 0;
-
-  // `to` is the copy's path or the folder for it; what is there already is replaced. After a
-  // failure it stands as it was.
-  virtual bool CopyFile(const QString& from, const QString& to) = 0;
-
+  // Hears how many bytes of a copy are written, piece by piece; false ends the copy.
+  using CopyWatch = std::function<bool(qint64 bytes)>;
+  // Copies a file, into `to` where that is a folder. The copy takes its name when it is whole: one
+  // that failed or was ended leaves nothing (false, with `error` in words). From any thread, on
+  // which `watch` is called.
+  virtual bool copyInPieces(const QString& from, const QString& to, const CopyWatch& watch,
+                            QString* error) = 0;
+  bool CopyFile(const QString& from, const QString& to) {
+    return copyInPieces(
+        from, to, [](qint64) { return true; }, nullptr);
+  }
+  virtual qint64 size(const QString& path) const = 0;             // bytes; -1 for what is no file
   virtual QStringList SubFolders(const QString& path) const = 0;  // names, in the order of the disk
   virtual QStringList Files(const QString& path) const = 0;       // names, in the order of the disk
 

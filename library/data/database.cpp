@@ -104,10 +104,13 @@ std::shared_ptr<AllSongs> Database::getAllSongs() {
   auto image = index_.valid(*db);
   if (!image) image = db->inTransaction() ? index_.passing(*db) : index_.rebuild();
   if (!rsMain_ || rsMain_->image() != image)
-    rsMain_ = std::make_shared<AllSongs>(image, [this]() -> sql::Connection& {
-      DbOpen();
-      return connection();
-    });
+    rsMain_ = std::make_shared<AllSongs>(
+        image,
+        [this]() -> sql::Connection& {
+          DbOpen();
+          return connection();
+        },
+        [this](const QString& why) { onUnreadable(why); });
   return rsMain_;
 }
 
@@ -242,8 +245,17 @@ void Database::insertSong(const Song& song) {
 }
 
 void Database::erase() {
-  OpenedDatabase db(*this);
-  eraseLibrary(*db);
+  try {
+    OpenedDatabase db(*this);
+    eraseLibrary(*db);
+  } catch (const DatabaseError& failure) {
+    const bool beyondRepair = failure.kind() == DatabaseError::Missing ||
+                              failure.kind() == DatabaseError::NotADatabase ||
+                              failure.kind() == DatabaseError::Damaged;
+    if (!beyondRepair || held_ > 0) throw;
+    connection_.reset();
+    createEmptyDatabase(path_);
+  }
 }
 
 }  // namespace korvane

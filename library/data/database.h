@@ -2,7 +2,8 @@
 // statements and the running play list.
 //
 // Every operation opens and closes the database by itself. What cannot be done is thrown as
-// DatabaseError, whose text is made for the user.
+// DatabaseError, whose text is made for the user; the file then holds what it held before, and the
+// next operation tries anew. One thread, the user interface's.
 #pragma once
 
 #include <future>
@@ -27,8 +28,10 @@ class Database : public PlaySongs {
 
   const QString& path() const { return path_; }
 
-  // Opens the file; it must exist (schema.h makes one). Cheap when it is the one opened before: the
-  // handle is kept behind DbClose, and a file that was replaced or removed is noticed here.
+  // Opens the file; it must exist (schema.h makes one). Waits up to two seconds for another program
+  // that has it locked. Throws DatabaseError; what was open before is closed then. Cheap when it is
+  // the one opened before: the handle is kept behind DbClose, and a file that was replaced or
+  // removed is noticed here.
   void DbOpen();
   void DbClose() noexcept;  // harmless when closed
   // The connection, between DbOpen and DbClose.
@@ -41,11 +44,12 @@ class Database : public PlaySongs {
   std::shared_ptr<const RowSource> getAllAlbums();  // album, artist
   std::shared_ptr<AllSongs> getAllSongs();          // rsMain; the same until songs change
 
-  // The first `most` whose name is like "%<text>%", in their order.
+  // The first `most` artists or albums whose name is like "%<text>%", in their order.
   QStringList findArtists(const QString& text, int most);
   QList<std::pair<QString, QString>> findAlbums(const QString& text, int most);  // album, artist
 
-  QStringList getArtistAlbums(const QString& artist);
+  QStringList getArtistAlbums(const QString& artist);  // in the order of texts
+  // In the order of their stored titles.
   QList<Song> getArtistOrAlbumSongs(const QString& artist, const QString& album);
   QList<Song> getFavorites();
   std::optional<Song> getSongAtPath(const QString& path);  // exactly that path, as play lists ask
@@ -57,13 +61,20 @@ class Database : public PlaySongs {
                   const QString& path);
   int markAtPath(const QString& path);  // the song of exactly that path
   int clearFavorite(const QString& artist, const QString& album, const QString& title);
-  int importFavorite(const QString& line);  // a line of Favorites.m3u
+  // A line of Favorites.m3u, whose first character stands for any. The rows marked.
+  int importFavorite(const QString& line);
 
   // The writers' two statements. insertSong does not look for a duplicate.
   bool hasSong(const QString& artist, const QString& album, const QString& title);
   void insertSong(const Song& song);
 
-  void erase();  // every row of songs, movies and scans; the play list stays
+  // Every row of songs, movies and scans; the play list stays. A file that is missing or damaged
+  // beyond reading is replaced by an empty one.
+  void erase();
+
+  // Hears, in words for the user, that rows of an open list of songs cannot be read: they show
+  // empty cells. Once, until rows can be read again. May be called while a list is painted.
+  std::function<void(const QString& why)> onUnreadable = [](const QString&) {};
 
   // Another thread uses the connection until `writing` is ready: whoever opens the database waits
   // for it. An empty one ends that.

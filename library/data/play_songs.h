@@ -18,7 +18,8 @@ class PlaySongs {
   Recordset<PlaySong> rsPlaySongs;
   Recordset<int> rsRandomPool;  // record numbers of rsPlaySongs that were not drawn yet
 
-  void resetPlaySongs();
+  void resetPlaySongs();  // both empty
+  // Appends a song, cut to its fields, and its number to the pool.
   void addPlaySong(const PlaySong& song);
   // The whole play list at once, of songs that are fitted(); as addPlaySong() for each.
   void setPlaySongs(const QList<PlaySong>& songs);

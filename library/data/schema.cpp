@@ -59,6 +59,10 @@ void setNumber(sql::Connection& connection) {
 void createEmptyDatabase(const QString& path) {
   const QByteArray target = fromPath(path), fresh = target + ".new";
   ::unlink(fresh.constData());
+  struct Litter {  // of an attempt that failed
+    const QByteArray& path;
+    ~Litter() { ::unlink(path.constData()); }
+  } const litter{fresh};
   {
     sql::Connection connection(toPath(fresh), sql::Connection::Create);
     sql::Transaction whole(connection);
@@ -68,6 +72,8 @@ void createEmptyDatabase(const QString& path) {
     setNumber(connection);
     whole.commit();
   }
+  // What a crash left of the old file would be played into the new one.
+  ::unlink((target + "-journal").constData());
   if (::rename(fresh.constData(), target.constData()) != 0)
     throw DatabaseError(DatabaseError::NoAccess, path, QString::fromUtf8(strerror(errno)));
 }

@@ -15,7 +15,6 @@ void clsSearch::SetupPlaySongs() {
   grid_.columns = {{}, {QString(), 0, true}, {QString(), 0, true}};
   grid_.colours = palette_.grid(u"PlayListGrid", u"PlayListGridSelected", u"MUSICGridTopLine");
   grid_.fontSize = state_.gGridFontSize;
-  grid_.emptyText = u"Nothing found"_s;
 }
 
 void clsSearch::Setup(const QString& kind) {
@@ -27,30 +26,30 @@ void clsSearch::Setup(const QString& kind) {
   grid_.clear();
 }
 
-void clsSearch::fill(std::vector<RowTable::Row> rows) {
+void clsSearch::show(const QString& kind, std::vector<RowTable::Row> rows) {
+  const bool nothingYet = rows.empty() && database_.findArtists(QString(), 1).isEmpty();
+  Setup(kind);
+  grid_.emptyText = nothingYet ? u"Go to setup and set the MP3 directory"_s : u"Nothing found"_s;
   if (rows.size() > kMost) rows.resize(kMost);
   grid_.setRows(std::move(rows));
 }
 
 void clsSearch::SearchArtist(const QString& artist) {
-  Setup(u"ALBUM"_s);
   std::vector<RowTable::Row> rows;
   for (const QString& album : database_.getArtistAlbums(fixDoubleQuote(artist)))
     rows.push_back(albumRow(album, artist));
-  fill(std::move(rows));
+  show(u"ALBUM"_s, std::move(rows));
 }
 
 void clsSearch::SearchAlbum(const QString& album, const QString& artist) {
-  Setup(u"SONG"_s);
   std::vector<RowTable::Row> rows;
   for (const Song& song :
        database_.getArtistOrAlbumSongs(fixDoubleQuote(artist), fixDoubleQuote(album)))
     rows.push_back({{songTitleShown(song.SongTitle), song.SongPath}});
-  fill(std::move(rows));
+  show(u"SONG"_s, std::move(rows));
 }
 
 void clsSearch::Search(const QString& kind, const QString& text) {
-  Setup(kind);
   std::vector<RowTable::Row> rows;
   if (kind == "ARTIST"_L1) {
     for (const QString& artist : database_.findArtists(fixDoubleQuote(text), kMost))
@@ -64,7 +63,7 @@ void clsSearch::Search(const QString& kind, const QString& text) {
     for (int row = first; row <= songs->rowCount() && row < first + kMost; ++row)
       rows.push_back({{songs->cell(1, row), songs->cell(3, row)}});
   }
-  fill(std::move(rows));
+  show(kind, std::move(rows));
 }
 
 }  // namespace korvane

@@ -15,11 +15,14 @@ class clsSearch {
  public:
   static constexpr int kMost = 10;  // rows of a result
 
+  // Refers to them all, which must outlive it.
   clsSearch(Grid& grid, Database& database, const Palette& palette, const AppState& state)
       : grid_(grid), database_(database), palette_(palette), state_(state) {}
 
   void SetupPlaySongs();            // the look of the list
   void Setup(const QString& kind);  // header of "ARTIST", "ALBUM" or "SONG"; empties the list
+
+  // Each throws DatabaseError and leaves the list and its kind as they were then.
   void SearchArtist(const QString& artist);                       // the artist's albums
   void SearchAlbum(const QString& album, const QString& artist);  // the album's songs
   // '%' in the text stands for any text. An empty one finds the first ten.
@@ -30,7 +33,7 @@ class clsSearch {
   const QString& kind() const { return kind_; }  // of the rows at hand
 
  private:
-  void fill(std::vector<RowTable::Row> rows);
+  void show(const QString& kind, std::vector<RowTable::Row> rows);
 
   Grid& grid_;
   Database& database_;

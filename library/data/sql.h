@@ -19,23 +19,27 @@ namespace korvane::sql {
 
 class Connection;
 
-// One run of a prepared statement; gives the statement back when it ends.
+// One run of a prepared statement; gives the statement back when it ends. Its connection must
+// outlive it.
 class Run {
  public:
+  // `owned`: the statement is finalized at the end, in place of being kept.
   Run(Connection& connection, sqlite3_stmt* statement, bool owned);
   ~Run();
   Run(Run&& other) noexcept;
 
+  // The value of parameter `index`, from 1; null where none is bound. Throw DatabaseError.
   Run& bind(int index, const QString& text);
-  Run& bind(int index, QByteArrayView utf8);  // the bytes must outlive the run
-  Run& bindBlob(int index, QByteArrayView bytes);
+  Run& bind(int index, QByteArrayView utf8);       // the bytes must outlive the run
+  Run& bindBlob(int index, QByteArrayView bytes);  // as above
   Run& bind(int index, qint64 number);
   Run& bind(int index, std::nullptr_t);
 
-  bool step();  // true while there is a row
-  QString text(int column) const;
+  // The next row; false behind the last. Throws DatabaseError. Columns count from 0.
+  bool step();
+  QString text(int column) const;          // empty for null
   QByteArrayView bytes(int column) const;  // until the next step
-  qint64 number(int column) const;
+  qint64 number(int column) const;         // 0 for null and for what is no number
   int columns() const { return sqlite3_column_count(statement_); }
 
  private:
@@ -50,6 +54,8 @@ class Connection {
  public:
   enum Mode { ReadOnly, ReadWrite, Create };
 
+  // Create makes a missing file; the others throw, as everything here does: DatabaseError. A lock
+  // of another connection is waited for, at most two seconds a statement.
   Connection(const QString& path, Mode mode);
   ~Connection();
   Connection(const Connection&) = delete;
@@ -63,7 +69,8 @@ class Connection {
   // The first column of the first row, as a number; 0 without a row.
   template <class... Values>
   qint64 number(std::string_view sql, const Values&... values);
-  void script(const char* sql);  // several statements, none kept
+  // Several statements, none kept. Those before one that fails have been done.
+  void script(const char* sql);
 
   // Asked now and then while a statement runs; an answer other than 0 ends it with an error.
   void onProgress(int (*asked)(void*), void* data) {
@@ -80,7 +87,7 @@ class Connection {
   std::optional<QByteArray> header() const;
 
   const QString& path() const { return path_; }
-  [[noreturn]] void fail(int code) const;
+  [[noreturn]] void fail(int code) const;  // throws what the engine says of it last
 
  private:
   friend class Run;
@@ -100,11 +107,11 @@ class Connection {
 // undone alone.
 class Transaction {
  public:
-  enum Purpose { Writing, Reading };
+  enum Purpose { Writing, Reading };  // writing takes the file's lock at once
   explicit Transaction(Connection& connection, Purpose purpose = Writing);
   ~Transaction();
   Transaction(const Transaction&) = delete;
-  void commit();
+  void commit();  // throws DatabaseError and is open still when the engine refuses
 
  private:
   Connection& connection_;

@@ -11,26 +11,31 @@ constexpr char kRow[] =
     "FROM Songs WHERE SongID = ?1";
 }
 
-AllSongs::AllSongs(std::shared_ptr<const IndexImage> image, OpenDatabase open)
-    : image_(std::move(image)), open_(std::move(open)), position_(image_->songs() > 0 ? 1 : 0) {}
+AllSongs::AllSongs(std::shared_ptr<const IndexImage> image, OpenDatabase open,
+                   Unreadable unreadable)
+    : image_(std::move(image)),
+      open_(std::move(open)),
+      unreadable_(std::move(unreadable)),
+      position_(image_->songs() > 0 ? 1 : 0) {}
 
 QString AllSongs::cell(int column, int row) const {
-  if (row < 1 || row > rowCount() || column < 1 || column > kColumns) return {};
-  const int at = row - 1;
-  try {
-    return block(at / kBlock)
-        .rows[static_cast<size_t>(at % kBlock)][static_cast<size_t>(column - 1)];
-  } catch (const DatabaseError&) {
-    return {};
-  }
+  const Block* found = column < 1 || column > kColumns ? nullptr : find(row);
+  if (!found) return {};
+  return found->rows[static_cast<size_t>((row - 1) % kBlock)][static_cast<size_t>(column - 1)];
 }
 
 bool AllSongs::emphasised(int row) const {
-  if (row < 1 || row > rowCount()) return false;
+  const Block* found = find(row);
+  return found && found->favourite[static_cast<size_t>((row - 1) % kBlock)];
+}
+
+const AllSongs::Block* AllSongs::find(int row) const {
+  if (row < 1 || row > rowCount()) return nullptr;
   try {
-    return block((row - 1) / kBlock).favourite[static_cast<size_t>((row - 1) % kBlock)];
-  } catch (const DatabaseError&) {
-    return false;
+    return &block((row - 1) / kBlock);
+  } catch (const DatabaseError& failure) {
+    if (!std::exchange(failing_, true)) unreadable_(failure.text());
+    return nullptr;
   }
 }
 
@@ -52,6 +57,7 @@ const AllSongs::Block& AllSongs::block(int number) const {
     fresh.favourite[static_cast<size_t>(i)] = run.bytes(kColumns) == "-1";
   }
   locked.commit();
+  failing_ = false;
   fresh.number = number;
   if (blocks_.size() == kBlocks) blocks_.pop_back();
   blocks_.push_front(std::move(fresh));

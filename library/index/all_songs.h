@@ -15,10 +15,12 @@ namespace korvane {
 using OpenDatabase = std::function<sql::Connection&()>;
 
 // Columns: 1 tsongTitle, 2 artist, 3 songpath, 4 album. The rows and their order stand as they were
-// when the list was opened; a song deleted since shows empty cells.
+// when the list was opened; a song deleted since, or one that cannot be read, shows empty cells.
 class AllSongs : public RowSource {
  public:
-  AllSongs(std::shared_ptr<const IndexImage> image, OpenDatabase open);
+  // `unreadable` hears why rows cannot be read, once until they can be again.
+  using Unreadable = std::function<void(const QString& why)>;
+  AllSongs(std::shared_ptr<const IndexImage> image, OpenDatabase open, Unreadable unreadable);
 
   int rowCount() const override { return image_->songs(); }
   QString cell(int column, int row) const override;
@@ -43,11 +45,14 @@ class AllSongs : public RowSource {
     std::array<std::array<QString, kColumns>, kBlock> rows;
     std::array<bool, kBlock> favourite{};
   };
+  const Block* find(int row) const;  // null when it cannot be read
   const Block& block(int number) const;
   int resolve(int first, int last, const QByteArray& text);
 
   std::shared_ptr<const IndexImage> image_;
   OpenDatabase open_;
+  Unreadable unreadable_;
+  mutable bool failing_ = false;
   mutable std::list<Block> blocks_;  // the one used last in front
   int position_ = 0;
 };

@@ -29,6 +29,7 @@ struct DatabaseStamp {
   uint32_t library = 0;  // the library's number
   bool operator==(const DatabaseStamp&) const = default;
 
+  // Of a file's first 100 bytes; nothing of fewer.
   static std::optional<DatabaseStamp> of(const std::optional<QByteArray>& header);
 };
 

@@ -13,20 +13,23 @@ namespace korvane {
 
 class LibraryIndex {
  public:
-  explicit LibraryIndex(const QString& databasePath);
-  ~LibraryIndex();
+  explicit LibraryIndex(const QString& databasePath);  // nothing is opened yet
+  ~LibraryIndex();  // a build under way ends by itself and installs nothing
 
+  // The connections below are to that database.
+  //
   // The image that stands for the database as it is now; null when there is none.
   std::shared_ptr<const IndexImage> valid(sql::Connection& connection);
 
   // Builds it now. Null when the database is being changed by others. Throws DatabaseError.
   std::shared_ptr<const IndexImage> rebuild();
 
-  // Builds one of what the connection sees inside its transaction; it stands for no file.
+  // Builds one of what the connection sees inside its transaction; it stands for no file. Throws
+  // DatabaseError.
   std::shared_ptr<const IndexImage> passing(sql::Connection& connection);
 
-  // Builds it in the background unless it is valid or being built; `done` comes from the event
-  // loop.
+  // Builds it in the background unless it is valid or being built. `done` comes from the event
+  // loop, also after a build that failed; not from a build that was under way already.
   void refresh(sql::Connection& connection, Pump& pump, std::function<void()> done);
 
   // A writer waits: a build under way gives up the database (and begins again by itself).

@@ -74,10 +74,14 @@ QString Playlists::nameOf(const QString& fileName) {
   return fileName.left(fileName.indexOf(".M3U"_L1, 0, Qt::CaseInsensitive));
 }
 
-bool Playlists::goodName(QStringView name) {
-  return std::none_of(name.begin(), name.end(),
-                      [](QChar c) { return c < u' ' || QStringView(u"\\/:*?<>|").contains(c); }) &&
-         name.toUtf8().size() <= kLongestName;
+QString Playlists::nameFault(QStringView name) {
+  const auto unfit = [](QChar c) { return c < u' ' || QStringView(u"\\/:*?<>|").contains(c); };
+  if (std::ranges::any_of(name, unfit)) return u"File name cannot contain \\/:*?\"<>|"_s;
+  if (name.startsWith(u'.'))
+    return u"The name of a playlist cannot begin with a dot: the list would be hidden."_s;
+  if (name.toUtf8().size() > kLongestName)
+    return u"That name is too long for a file. Choose a shorter one."_s;
+  return {};
 }
 
 void Playlists::PlayListSetupFiles(Grid& grid) {

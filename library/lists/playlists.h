@@ -65,7 +65,10 @@ class Playlists {
   bool taken(const QString& path) const { return uses_.files.FileExists(path); }
   QString pathOf(const QString& name) { return directory() + u'/' + name + u".m3u"_s; }
 
-  static bool goodName(QStringView name);  // holds none of \ / : * ? < > | and no line's end
+  // Why a list cannot have that name, in words for the user; empty when it can. The double quote is
+  // allowed, whatever the words say.
+  static QString nameFault(QStringView name);
+  static bool goodName(QStringView name) { return nameFault(name).isEmpty(); }
   static QString nameOf(const QString& fileName);  // up to ".m3u" in any case
 
  private:

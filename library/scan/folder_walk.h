@@ -26,7 +26,7 @@ class FolderWalk {
   // Gives the folders from `shallowest` to `deepest` levels below the root, each before those in
   // it.
   FolderWalk(int shallowest, int deepest, Found found, Failed failed);
-  void run(const QByteArray& root);
+  void run(const QByteArray& root);  // calls both from within; once at a time
 
  private:
   struct Id {

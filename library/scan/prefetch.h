@@ -41,15 +41,16 @@ struct ScanPlan {
 // volume.
 class Prefetch {
  public:
+  // Begins to walk and read at once.
   Prefetch(ScanPlan plan, ScanMemory memory);
   ~Prefetch();
   Prefetch(const Prefetch&) = delete;
 
   enum Answer { Ready, NotYet, End };
-  // The next batches of the walk; waits at most `milliseconds` for them.
+  // The next batches of the walk, in its order; waits at most `milliseconds` for them.
   Answer next(std::vector<Batch>& batches, int milliseconds);
 
-  const ScanMemory& memory() const;
+  const ScanMemory& memory() const;  // what it was given; any thread
 
  private:
   struct Shared;

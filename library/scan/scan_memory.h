@@ -14,7 +14,8 @@ using Stamps = std::vector<quint64>;  // in ascending order
 
 class ScanMemory {
  public:
-  // What is remembered of `root` and all below it. Directories are bytes, as on disk.
+  // What is remembered of `root` and all below it. Directories are bytes, as on disk. Throws
+  // DatabaseError, as write() does.
   static ScanMemory load(sql::Connection& connection, const QByteArray& root);
 
   // Null when nothing is remembered. Stays as loaded: may be read from any thread.

@@ -7,7 +7,7 @@
 namespace korvane {
 namespace {
 
-constexpr QLatin1StringView kToldKinds[] = {".MP3"_L1, ".WMA"_L1, ".WAV"_L1};
+constexpr QLatin1StringView kAlways[] = {".MP3"_L1, ".WMA"_L1, ".WAV"_L1};
 
 bool endsWithKind(QStringView name, QStringView kind) {
   return name.size() > kind.size() && name[name.size() - kind.size() - 1] == u'.' &&
@@ -17,7 +17,7 @@ bool endsWithKind(QStringView name, QStringView kind) {
 }  // namespace
 
 bool ScanRules::isSong(QStringView fileName) const {
-  for (const auto& kind : kToldKinds)
+  for (const auto& kind : kAlways)
     if (fileName.endsWith(kind, Qt::CaseInsensitive)) return true;
   return std::any_of(kinds.begin(), kinds.end(),
                      [&](const QString& kind) { return endsWithKind(fileName, kind); });
@@ -26,7 +26,7 @@ bool ScanRules::isSong(QStringView fileName) const {
 QString ScanRules::withoutKind(const QString& fileName) const {
   QString name = fileName;
   // One test after the other on what the one before left: "a.wav.mp3" loses both.
-  for (const auto& kind : kToldKinds)
+  for (const auto& kind : kAlways)
     if (name.endsWith(kind, Qt::CaseInsensitive)) name.chop(kind.size());
   for (const QString& kind : kinds)
     if (endsWithKind(name, kind)) name.chop(kind.size() + 1);

@@ -31,7 +31,10 @@ class Scanner::Pass {
   }
   ~Pass() {
     transaction_.reset();
-    db_->script("PRAGMA cache_size = -2000; PRAGMA cache_spill = ON; PRAGMA shrink_memory");
+    try {
+      db_->script("PRAGMA cache_size = -2000; PRAGMA cache_spill = ON; PRAGMA shrink_memory");
+    } catch (const DatabaseError&) {  // its file is gone: the next opening makes another connection
+    }
   }
 
   ScanResult run() {

@@ -33,6 +33,9 @@ class Scanner {
  public:
   Scanner(Database& database, Pump& pump, ScanEvents& events);  // none owned
 
+  // A scan that is begun while one runs does nothing and says that it was stopped. One that throws
+  // keeps the rows of its transactions before, of up to a second each.
+  //
   // By folder names: root/artist/album/song. With `listenerDrive` not empty, it takes the place of
   // the first character of each path. Throws DatabaseError. Yields.
   ScanResult dofiles(const QString& root, const ScanRules& rules,
@@ -40,6 +43,7 @@ class Scanner {
   // By tags: the root, its folders and theirs, three levels. Throws DatabaseError. Yields.
   ScanResult scanTagged(const QString& root, const ScanRules& rules);
 
+  // From the pump that a scan yields to.
   void stop() { stopped_ = true; }  // heard at the next file; what was found until then stays
   bool running() const { return running_; }
 
@@ -57,7 +61,8 @@ class Scanner {
   bool stopped_ = false, running_ = false;
 };
 
-// Enters each text between "[" and "]" of a directory listing as an artist. The rows added.
+// Enters each text between "[" and "]" of a directory listing as an artist, all of them or none.
+// The rows added. Throws DatabaseError.
 int addArtistsFromListing(Database& database, QByteArrayView listing);
 
 }  // namespace korvane

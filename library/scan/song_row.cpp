@@ -10,6 +10,12 @@ QString written(const QString& text, int width) {
   return cut(QString(text).replace(u'"', u'\''), width);
 }
 
+// Of title, artist and album, by which songs are found again: no blank at an end, also where the
+// field's width has cut.
+QString trimmed(const QString& text, int width) {
+  return trimBlanks(written(trimBlanks(text), width));
+}
+
 QString orUnknown(const QString& text) {
   return text.isEmpty() ? u"unknown"_s : text;
 }
@@ -30,9 +36,9 @@ Song songByTags(const std::optional<AudioTags>& tags, const QString& fileName, c
   if (title.isEmpty())
     title = rules.fullTags ? rules.withoutKind(fileName) : QString(fileName).remove(u".mp3"_s);
   Song song;
-  song.SongTitle = written(title, wide);
-  song.Artist = written(orUnknown(trimBlanks(found.Artist)), wide);
-  song.album = written(orUnknown(trimBlanks(found.Album)), wide);
+  song.SongTitle = trimmed(title, wide);
+  song.Artist = trimmed(orUnknown(trimBlanks(found.Artist)), wide);
+  song.album = trimmed(orUnknown(trimBlanks(found.Album)), wide);
   song.Comment = written(found.Comment, width::Comment);
   song.year = written(found.Year, width::year);
   song.SongPath = path;
@@ -42,9 +48,9 @@ Song songByTags(const std::optional<AudioTags>& tags, const QString& fileName, c
 Song songByFolders(const QString& artist, const QString& album, const QString& fileName,
                    const QString& path, const ScanRules& rules) {
   Song song;
-  song.Artist = written(trimBlanks(artist), width::Artist);
-  song.album = written(trimBlanks(album), width::album);
-  song.SongTitle = written(rules.withoutKind(fileName), width::SongTitle);
+  song.Artist = trimmed(artist, width::Artist);
+  song.album = trimmed(album, width::album);
+  song.SongTitle = trimmed(rules.withoutKind(fileName), width::SongTitle);
   song.SongPath = path;
   return song;
 }

@@ -1,4 +1,5 @@
 // Which row a file becomes: the writers' rules for texts, apart from any reading and writing.
+// Title, artist and album are stored without blanks at their ends, comment and year as they are.
 #pragma once
 
 #include "library/data/song.h"

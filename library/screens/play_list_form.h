@@ -1,15 +1,14 @@
 // frmPlayList: the playlists as a dialog, to use, rename, delete, change or make one.
 #pragma once
 
+#include "core/dialog.h"
 #include "core/form/panel.h"
 #include "core/log.h"
-#include "core/palette.h"
-#include "core/prompt.h"
 #include "library/lists/playlists.h"
 
 namespace korvane {
 
-// Where a chosen list goes: the Music tab.
+// Where a chosen list goes: the Music tab. Called when the dialog has gone.
 class PlayListViews {
  public:
   virtual ~PlayListViews() = default;
@@ -18,14 +17,12 @@ class PlayListViews {
   virtual void createPlayList() = 0;                                        // Yields.
 };
 
-class PlayListForm {
+class PlayListForm : public Dialog {
  public:
   struct Uses {
-    FormHost& host;
-    const Palette& palette;
+    DialogUses dialog;
     const AppState& state;
     const Log& log;
-    Messages& messages;
     Playlists& playlists;
     PlayListViews& views;
   };
@@ -34,7 +31,6 @@ class PlayListForm {
   // True when a list was handed to the Music tab. Yields.
   bool open();
 
-  Form& form() { return form_; }
   // The choices that change what runs or is kept: not for a guest of a locked jukebox.
   static std::vector<int> guardedChoices() { return {Use, Rename, Delete, Edit}; }
 
@@ -42,7 +38,6 @@ class PlayListForm {
   enum Choice { Use, Done, Rename, Delete, Edit, Create };
   struct Panel : FormPanel {
     using FormPanel::FormPanel;
-    Label* lblTitle = bind("lblTitle");
     Grid* gridPlayList = bind("gridPlayList");
     Slider* VscrollAllSongs = bind("VscrollAllSongs");
     std::array<Image*, 6> cmdPlayListChoices = bind("cmdPlayListChoices");
@@ -52,11 +47,10 @@ class PlayListForm {
   void rename();
   void remove();
   void fill();
-  void leave(Choice choice);
+  void leaveWith(Choice choice);
   void select(int row);
 
   Uses uses_;
-  Form form_;
   Panel panel_;
   Choice left_ = Done;
 };

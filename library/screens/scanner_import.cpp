@@ -5,7 +5,7 @@
 namespace korvane {
 namespace {
 
-ImportResult told(const ScanResult& result) {
+ImportResult resultOf(const ScanResult& result) {
   return {result.files, result.added, result.failed, result.seconds, result.stopped};
 }
 
@@ -18,12 +18,12 @@ ScannerImport::ScannerImport(Database& database, Pump& pump, const Settings& set
 ImportResult ScannerImport::dofiles(const QString& root, const QString& listenerDrive,
                                     ImportWatch& watch) {
   watch_ = &watch;
-  return told(scanner_.dofiles(root, scanRules(settings_), listenerDrive));
+  return resultOf(scanner_.dofiles(root, scanRules(settings_), listenerDrive));
 }
 
 ImportResult ScannerImport::scanTagged(const QString& root, ImportWatch& watch) {
   watch_ = &watch;
-  return told(scanner_.scanTagged(root, scanRules(settings_)));
+  return resultOf(scanner_.scanTagged(root, scanRules(settings_)));
 }
 
 bool ScannerImport::AddOneSong(const QString& path, const QString& fileName) {
@@ -36,6 +36,10 @@ bool ScannerImport::addSong(const QString& artist, const QString& album, const Q
   if (database_.hasSong(song.Artist, song.album, song.SongTitle)) return false;
   database_.insertSong(song);
   return true;
+}
+
+int ScannerImport::addArtistsFromListing(QByteArrayView listing) {
+  return korvane::addArtistsFromListing(database_, listing);
 }
 
 QString ScannerImport::musicPattern() const {

@@ -10,6 +10,7 @@ namespace korvane {
 
 class ScannerImport : public SongImport, private ScanEvents {
  public:
+  // None owned; all must outlive it. What a file keeps from being read goes into the log.
   ScannerImport(Database& database, Pump& pump, const Settings& settings, const Log& log);
 
   ImportResult dofiles(const QString& root, const QString& listenerDrive,
@@ -19,9 +20,11 @@ class ScannerImport : public SongImport, private ScanEvents {
   bool AddOneSong(const QString& path, const QString& fileName) override;
   bool addSong(const QString& artist, const QString& album, const QString& fileName,
                const QString& path) override;
+  int addArtistsFromListing(QByteArrayView listing) override;
   QString musicPattern() const override;
   qint64 freeSpace(const QString& folder) const override;
 
+  // The scanner that the calls above drive: one scan at a time.
   Scanner& scanner() { return scanner_; }
 
  private:

@@ -54,7 +54,7 @@ TagLib::ByteVector pictureIn(TagLib::File* file) {
 }  // namespace
 
 std::optional<QByteArray> anyCoverArtBytes(const QString& path) {
-  if (auto told = coverArtBytes(path)) return told;
+  if (auto attached = coverArtBytes(path)) return attached;
   const TagLib::FileRef file(fromPath(path).constData(), false);
   if (file.isNull()) return {};
   const TagLib::ByteVector found = pictureIn(file.file());

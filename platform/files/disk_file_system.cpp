@@ -161,22 +161,39 @@ bool DiskFileSystem::MoveFile(const QString& from, const QString& to) {
   return calls_.rename(source->constData(), target.constData()) == 0;
 }
 
-bool DiskFileSystem::CopyFile(const QString& from, const QString& to) {
+bool DiskFileSystem::copyInPieces(const QString& from, const QString& to, const CopyWatch& watch,
+                                  QString* error) {
+  const auto failed = [&](const QString& words) {
+    if (error) *error = words;
+    return false;
+  };
   const auto source = find(from);
-  if (!source) return false;
+  if (!source) return failed(u"%1 is not there any more."_s.arg(from));
   QByteArray copy = target(to);
   if (isFolder(copy)) copy = below(copy, source->sliced(source->lastIndexOf('/') + 1));
-  std::error_code failure;
-  if (std::filesystem::equivalent(source->toStdString(), copy.toStdString(), failure)) return true;
+  std::error_code same;
+  if (std::filesystem::equivalent(source->toStdString(), copy.toStdString(), same)) return true;
 
   const OpenFile old(calls_, *source, O_RDONLY);
-  if (old.size() < 0) return false;
+  if (old.size() < 0) return failed(fileFailure("read"_L1, from, errno));
   NewFile made(calls_, copy);
   QByteArray bytes(256 << 10, Qt::Uninitialized);
+  qint64 done = 0;
   ssize_t got;
-  while ((got = old.read(bytes.data(), bytes.size())) > 0)
-    if (!made.write(QByteArrayView(bytes).first(got))) return false;
-  return got == 0 && made.commit();
+  while ((got = old.read(bytes.data(), bytes.size())) > 0) {
+    if (!made.write(QByteArrayView(bytes).first(got)))
+      return failed(fileFailure("copy"_L1, from, made.failure()));
+    if (!watch(done += got)) return failed(u"The copy of %1 was stopped."_s.arg(from));
+  }
+  if (got < 0) return failed(fileFailure("read"_L1, from, errno));
+  return made.commit() || failed(fileFailure("copy"_L1, from, made.failure()));
+}
+
+qint64 DiskFileSystem::size(const QString& path) const {
+  const auto found = find(path);
+  struct stat status;
+  const bool file = found && ::stat(found->constData(), &status) == 0 && S_ISREG(status.st_mode);
+  return file ? status.st_size : -1;
 }
 
 QStringList DiskFileSystem::names(const QString& path, bool folders) const {

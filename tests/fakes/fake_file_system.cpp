@@ -68,10 +68,17 @@ bool FakeFileSystem::MoveFile(const QString& from, const QString& to) {
   return bytes && DeleteFile(from) && replace(to, *bytes);
 }
 
-bool FakeFileSystem::CopyFile(const QString& from, const QString& to) {
+bool FakeFileSystem::copyInPieces(const QString& from, const QString& to, const CopyWatch& watch,
+                                  QString* error) {
   const auto bytes = read(from);
   const QString name = clean(from).mid(clean(from).lastIndexOf(u'/') + 1);
-  return bytes && replace(FolderExists(to) ? BuildPath(to, name) : to, *bytes);
+  if (!bytes || !watch(bytes->size())) return false;
+  return replace(FolderExists(to) ? BuildPath(to, name) : to, *bytes, error);
+}
+
+qint64 FakeFileSystem::size(const QString& path) const {
+  const Node* found = node(path);
+  return found && !found->folder ? found->bytes.size() : -1;
 }
 
 QStringList FakeFileSystem::names(const QString& path, bool folders) const {

@@ -16,7 +16,9 @@ class FakeFileSystem : public FileSystem {
   bool DeleteFile(const QString& path) override;
   bool DeleteFolder(const QString& path) override;
   bool MoveFile(const QString& from, const QString& to) override;
-  bool CopyFile(const QString& from, const QString& to) override;
+  bool copyInPieces(const QString& from, const QString& to, const CopyWatch& watch,
+                    QString* error) override;
+  qint64 size(const QString& path) const override;
   QStringList SubFolders(const QString& path) const override;
   QStringList Files(const QString& path) const override;
   std::optional<QByteArray> read(const QString& path, qint64 limit = 64 << 20) const override;

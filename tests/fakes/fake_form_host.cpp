@@ -83,6 +83,26 @@ void press(Form& form, const QString& control, int index) {
   form.fire(*it, {Event::Click});
 }
 
+void tap(Form& form, const QString& list, const QString& row) {
+  auto* grid = found<Grid>(form, list, -1);
+  const int at = static_cast<int>(rows(form, list).indexOf(row)) + 1;
+  EXPECT_GT(at, 0) << qUtf8Printable(list) << " has no " << qUtf8Printable(row);
+  if (!grid || at < 1) return;
+  grid->row = at;
+  form.fire(*grid, {Event::Click, 1, at});
+}
+
+QStringList rows(Form& form, const QString& list) {
+  const auto* grid = found<Grid>(form, list, -1);
+  QStringList all;
+  for (int r = 1; grid && r <= grid->maxRows(); ++r) all << grid->cell(1, r);
+  return all;
+}
+
+void pressKey(Form& form, int code) {
+  form.fireKey({Event::KeyDown, 0, 0, code});
+}
+
 QString textOf(Form& form, const QString& control, int index) {
   const Control* it = found<Control>(form, control, index);
   const auto* box = dynamic_cast<const TextBox*>(it);

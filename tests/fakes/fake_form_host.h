@@ -36,6 +36,10 @@ void press(Form& form, const QString& control, int index = -1);
 QString textOf(Form& form, const QString& control, int index = -1);
 void type(Form& form, const QString& control, const QString& text, int index = -1);
 void tick(Form& form, const QString& control, bool on, int index = -1);
+// Presses the row of a list whose first cell is `row`.
+void tap(Form& form, const QString& list, const QString& row);
+QStringList rows(Form& form, const QString& list);  // their first cells
+void pressKey(Form& form, int code);                // of a hardware keyboard: 13 Enter, 27 Escape
 bool canPress(Form& form, const QString& control, int index = -1);  // also what it lies in is shown
 
 }  // namespace korvane

@@ -58,6 +58,29 @@ TEST_F(SidesTest, ATinySideIsWholeByItself) {
   EXPECT_EQ(side->take(), QStringList{u"stop"_s});
 }
 
+TEST_F(SidesTest, DoorsOfSetupStoreTheChosenDirectory) {
+  setting("ShowSetup=1\n");
+  home.folder(u"chosen"_s);
+  Console& up = start();
+  for (const auto& [door, key] :
+       {std::pair{0, &key::PDirectory}, std::pair{3, &key::PLDirectory}}) {
+    up.desk.settings.write(*key, home / u"chosen"_s);
+    for (const char* button : {"cmdCancel", "cmdok"}) {
+      host->onModal(u"frmSetup"_s, [&, door = door](Form& setup) {
+        host->onModal(u"frmDirectorys"_s,
+                      [&](Form& chooser) { korvane::press(chooser, QString::fromLatin1(button)); });
+        korvane::press(setup, u"cmdAddDir"_s, door);
+        korvane::press(setup, u"cmdOK"_s);
+      });
+      press(u"cmdSetup"_s);
+      const bool stored = up.desk.settings.str(*key).endsWith(u'/');
+      EXPECT_EQ(stored, button == std::string("cmdok")) << door;
+    }
+  }
+  EXPECT_EQ(up.desk.state.gPlaylistDir, home / u"chosen/"_s);
+  EXPECT_EQ(up.desk.state.currentTab, kPhotosTab);
+}
+
 TEST_F(SidesTest, EveryEntryOfTheChooserButOneIsAWord) {
   setting("");
   const ButtonWords& words = start().desk.words;

@@ -1,3 +1,5 @@
+#include <QFile>
+
 #include "tests/flows/cabin.h"
 
 namespace korvane {
@@ -18,6 +20,68 @@ TEST_F(StartStop, ASecondConsoleEndsSilently) {
   start();
   EXPECT_FALSE(started);
   EXPECT_TRUE(system().box.texts.isEmpty());
+}
+
+TEST_F(StartStop, ALibraryThatCannotBeReadEndsTheStartInWords) {
+  setting("");
+  const QString path = home / u"Morvanta.mdb"_s;
+  {
+    Database database(home.path());
+    OpenedDatabase open(database);
+    sql::Transaction whole(*open);
+    for (int i = 0; i < 500; ++i)
+      database.insertSong({u"Artist %1"_s.arg(i), u"B"_s, u"C"_s, {}, {}, u"/c.mp3"_s});
+    whole.commit();
+  }
+  const QByteArray good = home.get(u"Morvanta.mdb"_s);
+  const std::pair<QString, QByteArray> faults[] = {
+      {u"damaged"_s, QByteArray(good).replace(8192, 40000, QByteArray(40000, '\xAA'))},
+      {u"is not a music database"_s, QByteArray(5000, 'x')},
+      {u"is not a music database"_s, {}}};
+  const auto endsSaying = [&](const QString& words) {
+    start();
+    EXPECT_FALSE(started);
+    const QStringList said = std::exchange(system().box.texts, {});
+    ASSERT_EQ(said.size(), 1);
+    EXPECT_TRUE(said[0].contains(words) && said[0].contains(path)) << said[0].toStdString();
+    EXPECT_TRUE(home.get(u"log.txt"_s).contains(path.toUtf8()));
+  };
+  for (const auto& [words, bytes] : faults) {
+    home.put(u"Morvanta.mdb"_s, bytes);
+    endsSaying(words);
+  }
+  home.put(u"Morvanta.mdb"_s, good);
+  {
+    sql::Connection other(path, sql::Connection::ReadWrite);
+    other.script("BEGIN EXCLUSIVE");
+    endsSaying(u"in use by another program"_s);
+  }
+  QFile::remove(path);
+  endsSaying(u"missing"_s);
+}
+
+TEST_F(StartStop, ALibraryThatGoesLaterIsSaidAndItsListsStay) {
+  givenDays();
+  setting("");
+  Console& up = start();
+  ASSERT_TRUE(started);
+  QFile::rename(home / u"Morvanta.mdb"_s, home / u"aside"_s);
+  answer(u"missing"_s);
+  up.desk.startup.Form_Load();
+  for (const int list : {0, 4, 5}) EXPECT_GT(grid(list).maxRows(), 0) << list;
+  EXPECT_EQ(grid(0).cell(1, 1), u"Ada"_s);
+  EXPECT_THROW(up.library.songsChanged(), DatabaseError);
+  answer(u"missing"_s);
+  EXPECT_EQ(grid(5).cell(1, 1), QString()) << "not read before";
+  system().pump.settle();
+  QFile::rename(home / u"aside"_s, home / u"Morvanta.mdb"_s);
+  EXPECT_EQ(grid(5).cell(1, 1), u"Dawn"_s);
+  up.library.songsChanged();
+  QFile::remove(home / u"Morvanta.mdb"_s);
+  answer(u"missing"_s);
+  system().pump.settle();
+  EXPECT_EQ(grid(0).cell(1, 1), u"Ada"_s);
+  EXPECT_TRUE(host->allDone());
 }
 
 TEST_F(StartStop, ComesUpOnTheMainTabWithTheSplashGone) {

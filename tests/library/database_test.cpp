@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <QElapsedTimer>
 #include <QFile>
 
 #include "library/data/statements.h"
@@ -126,53 +127,114 @@ class DatabaseFileTest : public LibraryTest {
   }
 };
 
-TEST_F(DatabaseFileTest, EachFaultHasItsKind) {
-  {
-    OpenedDatabase open(db);
-    sql::Transaction whole(*open);
-    for (int i = 0; i < 500; ++i) given(u"Artist %1"_s.arg(i), u"Album"_s, u"Song"_s);
-    whole.commit();
+TEST_F(DatabaseFileTest, EachFaultHasItsKindAndErasingMendsIt) {
+  const std::pair<DatabaseError::Kind, std::function<void()>> faults[] = {
+      {DatabaseError::Damaged, [&] { write(8192, QByteArray(40000, '\xAA')); }},
+      {DatabaseError::Damaged, [&] { write(4096, {}, true); }},
+      {DatabaseError::NotADatabase,
+       [&] { write(0, "This is a text and no database, whatever its name may say of it.", true); }},
+      {DatabaseError::NotADatabase, [&] { write(0, {}, true); }},
+      {DatabaseError::Missing, [&] { QFile::remove(db.path()); }},
+  };
+  for (const auto& [kind, harm] : faults) {
+    {
+      OpenedDatabase open(db);
+      sql::Transaction whole(*open);
+      for (int i = 0; i < 500; ++i) given(u"Artist %1"_s.arg(i), u"Album"_s, u"Song"_s);
+      whole.commit();
+    }
+    harm();
+    EXPECT_EQ(kindOfOpening(), kind);
+    db.erase();
+    EXPECT_EQ(db.getArtists()->rowCount(), 0);
   }
-  write(8192, QByteArray(40000, '\xAA'));
-  EXPECT_EQ(kindOfOpening(), DatabaseError::Damaged);
-  write(4096, {}, true);
-  EXPECT_EQ(kindOfOpening(), DatabaseError::Damaged);
-  write(0, "This is a text and no database at all, whatever its name may say of it.", true);
-  EXPECT_EQ(kindOfOpening(), DatabaseError::NotADatabase);
-  write(0, {}, true);
-  EXPECT_EQ(kindOfOpening(), DatabaseError::NotADatabase);
-  QFile::remove(db.path());
-  EXPECT_EQ(kindOfOpening(), DatabaseError::Missing);
 }
 
-TEST_F(DatabaseFileTest, AFileLockedByAnotherIsToldAfterTwoSeconds) {
+TEST_F(DatabaseFileTest, AFileLockedByAnotherIsSaidAfterTwoSecondsAndWrittenAfterwards) {
+  given(u"A"_s, u"B"_s, u"C"_s);
   sql::Connection other(db.path(), sql::Connection::ReadWrite);
   other.script("BEGIN EXCLUSIVE");
   EXPECT_EQ(kindOfOpening(), DatabaseError::Locked);
+  QElapsedTimer waited;
+  waited.start();
+  EXPECT_THROW(db.setFavorite(u"A"_s, u"B"_s, u"C"_s, {}), DatabaseError);
+  EXPECT_THROW(db.erase(), DatabaseError);
+  EXPECT_LT(waited.elapsed(), 10'000);
+  other.script("ROLLBACK");
+  EXPECT_TRUE(db.getFavorites().isEmpty());
+  EXPECT_EQ(db.setFavorite(u"A"_s, u"B"_s, u"C"_s, {}), 1);
 }
 
-TEST_F(DatabaseFileTest, AFileThatMayNotBeWrittenCanBeReadAndSaysSoWhenWritten) {
+TEST_F(DatabaseFileTest, RowsThatCannotBeReadAreSaidOnceUntilTheyCanBe) {
+  for (int i = 0; i < 100; ++i) given(u"A"_s, u"B"_s, QString::number(1000 + i));
+  QStringList heard;
+  db.onUnreadable = [&](const QString& why) { heard << why; };
+  const auto songs = db.getAllSongs();
+  EXPECT_EQ(songs->cell(1, 1), u"1000"_s);
+  const QString aside = home.filePath(u"aside"_s);
+  QFile::rename(db.path(), aside);
+  for (int row = 1; row <= 100; ++row) songs->cell(1, row);
+  EXPECT_EQ(songs->cell(1, 1) + songs->cell(1, 100), u"1000"_s) << "what was read stays";
+  ASSERT_EQ(heard.size(), 1);
+  EXPECT_TRUE(heard[0].contains(db.path()));
+  QFile::rename(aside, db.path());
+  EXPECT_EQ(songs->cell(1, 100), u"1099"_s);
+  QFile::remove(db.path());
+  songs->cell(1, 50);
+  EXPECT_EQ(heard.size(), 2);
+}
+
+TEST(DatabaseErrors, SayWhatToDo) {
+  const QString path = u"/home/%2/Morvanta.mdb"_s;
+  const struct {
+    int code;
+    DatabaseError::Kind kind;
+    const char* words;
+  } cases[] = {
+      {SQLITE_AUTH, DatabaseError::Password, "invalid database password "},
+      {SQLITE_FULL, DatabaseError::DiskFull, "Free some space"},
+      {SQLITE_IOERR_WRITE, DatabaseError::DiskFault, "Check the disk"},
+      {SQLITE_READONLY_DBMOVED, DatabaseError::Missing, "Put the file back"},
+      {SQLITE_READONLY_DIRECTORY, DatabaseError::ReadOnly, "the file and its directory"},
+      {SQLITE_BUSY_SNAPSHOT, DatabaseError::Locked, "Close that program"},
+      {SQLITE_INTERNAL, DatabaseError::Other, "(what the engine said)"},
+  };
+  for (const auto& [code, kind, words] : cases) {
+    const DatabaseError error(code, path, u"what the engine said"_s);
+    EXPECT_EQ(error.kind(), kind) << words;
+    EXPECT_TRUE(error.text().contains(QLatin1StringView(words))) << error.what();
+    EXPECT_TRUE(kind == DatabaseError::Password || error.text().contains(path)) << error.what();
+  }
+}
+
+TEST_F(DatabaseFileTest, WhatMayNotBeWrittenCanBeReadAndSaysSoWhenWritten) {
   given(u"A"_s, u"B"_s, u"C"_s);
-  ASSERT_EQ(::chmod(home.path().toUtf8().constData(), 0555), 0);
-  ASSERT_EQ(::chmod(db.path().toUtf8().constData(), 0444), 0);
+  const QByteArray directory = home.path().toUtf8(), file = db.path().toUtf8();
   const bool root = ::geteuid() == 0;
-  if (root) {
-    ASSERT_EQ(::seteuid(65534), 0);
-  }
-  {
-    Database other(home.path());
-    EXPECT_EQ(other.getAllSongs()->cell(1, 1), u"C"_s) << "the list file cannot be written either";
-    try {
-      other.setFavorite(u"A"_s, u"B"_s, u"C"_s, {});
-      ADD_FAILURE() << "written";
-    } catch (const DatabaseError& error) {
-      EXPECT_EQ(error.kind(), DatabaseError::ReadOnly) << error.what();
+  QFile::remove(db.path() + u"-journal"_s);  // of the other user, who has written until now
+  for (const mode_t mode : {mode_t{0444}, mode_t{0666}}) {  // the directory never may
+    ASSERT_EQ(::chmod(directory.constData(), 0555), 0);
+    ASSERT_EQ(::chmod(file.constData(), mode), 0);
+    if (root) {
+      ASSERT_EQ(::seteuid(65534), 0);
     }
+    {
+      Database other(home.path());
+      EXPECT_EQ(other.getAllSongs()->cell(1, 1), u"C"_s)
+          << "the list file cannot be written either";
+      try {
+        other.setFavorite(u"A"_s, u"B"_s, u"C"_s, {});
+        ADD_FAILURE() << "written";
+      } catch (const DatabaseError& error) {
+        EXPECT_EQ(error.kind(), DatabaseError::ReadOnly) << error.what();
+      }
+      EXPECT_TRUE(other.getFavorites().isEmpty());
+    }
+    if (root) {
+      ASSERT_EQ(::seteuid(0), 0);
+    }
+    ASSERT_EQ(::chmod(directory.constData(), 0755), 0);
   }
-  if (root) {
-    ASSERT_EQ(::seteuid(0), 0);
-  }
-  ASSERT_EQ(::chmod(home.path().toUtf8().constData(), 0755), 0);
 }
 
 TEST(VbText, Cleans) {

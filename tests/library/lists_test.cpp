@@ -24,7 +24,7 @@ class ListsTest : public LibraryTest {
     }
     whole.commit();
   }
-  QList<QStringList> told(const char* statement, int columns) {
+  QList<QStringList> rowsOf(const char* statement, int columns) {
     OpenedDatabase open(db);
     QList<QStringList> rows;
     for (auto run = open->run(statement); run.step();) {
@@ -46,9 +46,9 @@ class ListsTest : public LibraryTest {
 TEST_F(ListsTest, AreThoseOfTheStatements) {
   givenRandomSongs(3000);
   const auto songs = db.getAllSongs();
-  EXPECT_EQ(all(*songs, 4), told(statement::kAllSongs, 4));
-  EXPECT_EQ(all(*db.getArtists(), 1), told(statement::kAllArtists, 1));
-  EXPECT_EQ(all(*db.getAllAlbums(), 2), told(statement::kAllAlbums, 2));
+  EXPECT_EQ(all(*songs, 4), rowsOf(statement::kAllSongs, 4));
+  EXPECT_EQ(all(*db.getArtists(), 1), rowsOf(statement::kAllArtists, 1));
+  EXPECT_EQ(all(*db.getAllAlbums(), 2), rowsOf(statement::kAllAlbums, 2));
   EXPECT_EQ(songs->cell(1, 0) + songs->cell(1, 3001) + songs->cell(5, 1), QString());
 }
 

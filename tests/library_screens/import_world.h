@@ -25,6 +25,11 @@ class FakeSongImport : public SongImport {
     calls << QStringList{artist, album, fileName, path}.join(u'|');
     return true;
   }
+  int addArtistsFromListing(QByteArrayView listing) override {
+    calls << u"listing "_s + QString::fromUtf8(listing);
+    if (!failure.empty()) throw std::runtime_error(failure);
+    return static_cast<int>(listing.count('['));
+  }
   QString musicPattern() const override { return u"*.mp3;*.wma;*.wav"_s; }
   qint64 freeSpace(const QString&) const override { return space; }
 
@@ -48,8 +53,6 @@ class FakeSongImport : public SongImport {
 class FakeImportNews : public ImportNews {
  public:
   void songsChanged() override { heard << u"songs"_s; }
-  void movieDirectoryChanged() override { heard << u"movies"_s; }
-  void photoDirectoryChanged() override { heard << u"photos"_s; }
   QStringList heard;
 };
 
@@ -61,30 +64,14 @@ struct ImportWorld : FormWorld {
   }
 
   QString music(const QString& below = {}) const { return home / (u"music"_s + below); }
-  static void tap(Form& form, const QString& list, const QString& row) {
-    auto* grid = dynamic_cast<Grid*>(form.find(list));
-    for (int r = 1; r <= grid->maxRows(); ++r) {
-      if (grid->cell(1, r) != row) continue;
-      grid->row = r;
-      form.fire(*grid, {Event::Click, 1, r});
-      return;
-    }
-    ADD_FAILURE() << qUtf8Printable(list) << " has no " << qUtf8Printable(row);
-  }
-  static QStringList rows(Form& form, const QString& list) {
-    auto* grid = dynamic_cast<Grid*>(form.find(list));
-    QStringList all;
-    for (int r = 1; r <= grid->maxRows(); ++r) all << grid->cell(1, r);
-    return all;
-  }
-
   Screen screen;
   FakeSongImport import;
   FakeImportNews news;
-  DirectorysForm directorys{
-      {host, palette, state, settings, files, screen, messages, import, news}};
-  SingleSongForm single{{host, palette, files, pump, screen, messages, import, news, directorys}};
-  Mp3SetupForm setup{{host, palette, settings, messages, import, news, directorys, single}};
+  const DialogUses dialogs{host, palette, messages};
+  Chooser chooser{dialogs, files};
+  DirectoryScan scan{{chooser, settings, files, screen, messages, import, news}};
+  SingleSongForm single{{dialogs, chooser, settings, files, pump, screen, import, news}};
+  Mp3SetupForm setup{{dialogs, chooser, settings, files, import, news, scan, single}};
 };
 
 }  // namespace korvane

@@ -1,7 +1,22 @@
+#include <thread>
+
 #include "tests/library_screens/import_world.h"
 
 namespace korvane {
 namespace {
+
+// A disk whose copies go on until they are stopped, or that is full.
+struct BadDisk : DiskFileSystem {
+  bool full = false;
+  bool copyInPieces(const QString& from, const QString&, const CopyWatch& watch,
+                    QString* error) override {
+    constexpr int kLongest = 10'000;  // ms
+    for (int ms = 0; !full && ms < kLongest && watch(size(from) / 2); ++ms)
+      std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    *error = u"The disk is full."_s;
+    return false;
+  }
+};
 
 struct MusicSetup : ImportWorld {
   void opens(FakeFormHost::Script script) {
@@ -9,13 +24,13 @@ struct MusicSetup : ImportWorld {
     setup.open();
   }
   // Copies music/Abba/Gold to `destination` as artist and album.
-  void copies(const QString& destination, const QString& artist, const QString& album,
-              const FakeFormHost::Script& after) {
+  void copies(SingleSongForm& copier, const QString& destination, const QString& artist,
+              const QString& album, const FakeFormHost::Script& after) {
     host.onModal(u"frmSingleSong"_s, [=, this](Form& form) {
       const auto folder = [&](const QString& button, const QString& path) {
-        host.onModal(u"frmDirectorys"_s, [this, path](Form& chooser) {
-          go(chooser, path);
-          press(chooser, u"cmdok"_s);
+        host.onModal(u"frmDirectorys"_s, [this, path](Form& places) {
+          go(places, path);
+          press(places, u"cmdok"_s);
         });
         press(form, button);
       };
@@ -28,11 +43,15 @@ struct MusicSetup : ImportWorld {
       after(form);
     });
     settings.write(key::MusicRoot, music());
-    single.open();
+    copier.open();
   }
-  void go(Form& chooser, const QString& path) {
+  void copies(const QString& destination, const QString& artist, const QString& album,
+              const FakeFormHost::Script& after) {
+    copies(single, destination, artist, album, after);
+  }
+  void go(Form& places, const QString& path) {
     for (const QString& folder : path.split(u'/', Qt::SkipEmptyParts))
-      tap(chooser, u"Dir1"_s, folder);
+      tap(places, u"Dir1"_s, folder);
   }
 };
 
@@ -54,9 +73,9 @@ TEST_F(MusicSetup, ScansByFoldersUnlessTagsAreReadInFull) {
     settings.write(key::Tags, full ? u"full"_s : u"NO"_s);
     settings.write(key::MusicRoot, music());
     opens([&](Form& form) {
-      host.onModal(u"frmDirectorys"_s, [](Form& chooser) { press(chooser, u"cmdok"_s); });
+      host.onModal(u"frmDirectorys"_s, [](Form& places) { press(places, u"cmdok"_s); });
       press(form, u"cmdMp3"_s, 2);
-      host.onModal(u"frmDirectorys"_s, [](Form& chooser) { press(chooser, u"cmdok"_s); });
+      host.onModal(u"frmDirectorys"_s, [](Form& places) { press(places, u"cmdok"_s); });
       press(form, u"optScan"_s, full ? 1 : 0);
       press(form, u"cmdMp3"_s, 2);
     });
@@ -69,9 +88,9 @@ TEST_F(MusicSetup, OneFileByHand) {
   settings.write(key::MusicRoot, music(u"/Abba/Gold"_s));
   const auto add = [&] {
     opens([&](Form& form) {
-      host.onModal(u"frmDirectorys"_s, [](Form& chooser) {
-        tap(chooser, u"File1"_s, u"01-Waterloo.mp3"_s);
-        press(chooser, u"cmdok"_s);
+      host.onModal(u"frmDirectorys"_s, [](Form& places) {
+        tap(places, u"File1"_s, u"01-Waterloo.mp3"_s);
+        press(places, u"cmdok"_s);
       });
       press(form, u"cmdaddfile"_s);
     });
@@ -105,6 +124,64 @@ TEST_F(MusicSetup, AFileThatIsThereStays) {
   home.put(u"music/zz top/New/Live/b.WMA"_s, "older");
   copies(u"zz top"_s, u"New"_s, u"Live"_s, [](Form&) {});
   EXPECT_EQ(home.get(u"music/zz top/New/Live/b.WMA"_s), "older");
+}
+
+TEST_F(MusicSetup, ACopyShowsItsProgressAndCanBeStopped) {
+  BadDisk disk;
+  SingleSongForm slow({dialogs, chooser, settings, disk, pump, screen, import, news});
+  const std::function<void()> stopWhenUnderWay = [&] {
+    if (!textOf(slow.form(), u"txtStatus"_s).contains("48 %"_L1)) {
+      pump.duringYield = stopWhenUnderWay;
+      return;
+    }
+    EXPECT_EQ(textOf(slow.form(), u"txtStatus"_s),
+              u"Loading..  01-Waterloo.mp3\n48 % of 31 bytes"_s);
+    EXPECT_EQ(textOf(slow.form(), u"cmdCancel"_s), u"Stop"_s);
+    pressKey(slow.form(), 27);
+  };
+  pump.duringYield = stopWhenUnderWay;
+  copies(slow, u"zz top"_s, u"A"_s, u"B"_s, [](Form& form) {
+    EXPECT_EQ(textOf(form, u"txtStatus"_s), u"Stopped"_s);
+    EXPECT_EQ(textOf(form, u"cmdCancel"_s), u"Cancel"_s);
+    EXPECT_TRUE(form.shown());
+  });
+  EXPECT_TRUE(import.calls.isEmpty());
+  EXPECT_FALSE(screen.busy());
+}
+
+TEST_F(MusicSetup, ADiskWithoutRoomIsSaidBeforeAndDuringACopy) {
+  import.space = 40;
+  const auto heard = [&] { return std::exchange(messages.texts, {}).last(); };
+  copies(u"zz top"_s, u"A"_s, u"B"_s, [](Form&) {});
+  EXPECT_TRUE(heard().contains("they have 52 bytes, and 40 are free"_L1));
+  EXPECT_FALSE(files.FolderExists(music(u"/zz top/A"_s)));
+  import.space = 4000;
+  BadDisk disk;
+  disk.full = true;
+  SingleSongForm full({dialogs, chooser, settings, disk, pump, screen, import, news});
+  copies(full, u"zz top"_s, u"A"_s, u"B"_s, [](Form& form) { EXPECT_TRUE(form.shown()); });
+  EXPECT_EQ(heard(), u"The disk is full."_s);
+  EXPECT_TRUE(import.calls.isEmpty());
+}
+
+TEST_F(MusicSetup, AListingGivesArtists) {
+  home.put(u"music/list.txt"_s, "[Abba]\n[zz top]\n");
+  settings.write(key::MusicRoot, music());
+  const auto add = [&] {
+    opens([&](Form& form) {
+      host.onModal(u"frmDirectorys"_s, [](Form& places) {
+        tap(places, u"File1"_s, u"list.txt"_s);
+        press(places, u"cmdok"_s);
+      });
+      press(form, u"cmdListing"_s);
+    });
+    return std::exchange(messages.texts, {});
+  };
+  EXPECT_EQ(add(), QStringList{u"2 artists came from "_s + music(u"/list.txt."_s)});
+  EXPECT_EQ(import.calls, QStringList{u"listing [Abba]\n[zz top]\n"_s});
+  EXPECT_EQ(news.heard, QStringList{u"songs"_s});
+  import.failure = "The database is locked";
+  EXPECT_EQ(add(), QStringList{u"The database is locked"_s});
 }
 
 TEST_F(MusicSetup, CopyingSaysWhatItMisses) {

@@ -132,6 +132,30 @@ TEST_F(Replace, aDiskThatRefusesIsTold) {
   }
 }
 
+TEST_F(Replace, aCopyThatEndsEarlyLeavesNothing) {
+  const QStringList before = names();
+  QString error;
+  const QString copy = home / u"copy.ini"_s;
+  BadCalls calls;
+  calls.room = 5;
+  const auto goOn = [](qint64) { return true; };
+  EXPECT_FALSE(DiskFileSystem(calls).copyInPieces(path, copy, goOn, &error));
+  EXPECT_TRUE(error.contains("The disk is full"_L1)) << error.toStdString();
+  EXPECT_EQ(names(), before);
+  qint64 seen = 0;
+  const auto stop = [&seen](qint64 bytes) {
+    seen = bytes;
+    return false;
+  };
+  EXPECT_FALSE(DiskFileSystem().copyInPieces(path, copy, stop, &error));
+  EXPECT_EQ(seen, kOld.size());
+  EXPECT_EQ(names(), before);
+  EXPECT_FALSE(DiskFileSystem().copyInPieces(home / u"none"_s, copy, goOn, &error));
+  EXPECT_TRUE(error.contains("is not there any more"_L1)) << error.toStdString();
+  EXPECT_TRUE(DiskFileSystem().copyInPieces(path, copy, goOn, &error));
+  EXPECT_EQ(home.get(u"copy.ini"_s), kOld);
+}
+
 TEST_F(Replace, refusalsAreToldInWords) {
   DiskFileSystem files;
   struct {

@@ -105,7 +105,7 @@ for digit in "120":
 assert console.get("txtButtonHigh")["text"] == "120", console.get("txtButtonHigh")
 console.press("BtnEnh1")
 console.press("cmdButtonApplyAttr")
-choose_action(row=13)
+choose_action(row=15)
 assert console.get("cmdbutton", made)["tag"] == "SONGS", console.get("cmdbutton", made)
 left, top = console.get("cmdbutton", made)["rect"][:2]
 console.must(cmd="drag", name="cmdbutton", index=made, dx=260 - left, dy=600 - top)

@@ -1,4 +1,4 @@
-#include "library/screens/directory_lists.h"
+#include "core/chooser_lists.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@
 namespace korvane {
 namespace {
 
-TEST(DirectoryLists, Patterns) {
+TEST(ChooserLists, Patterns) {
   const struct {
     QString name, patterns;
     bool fits;
@@ -26,7 +26,7 @@ TEST(DirectoryLists, Patterns) {
     EXPECT_EQ(fitsPattern(name, patterns), fits) << qUtf8Printable(name + u' ' + patterns);
 }
 
-TEST(DirectoryLists, RowsAreInTheOrderOfNamesBelowTheWayUp) {
+TEST(ChooserLists, RowsAreInTheOrderOfNamesBelowTheWayUp) {
   FakeFileSystem files;
   for (const char* path : {"/m/Album 10/x", "/m/album 2/x", "/m/Zebra/x", "/m/.hidden/x"})
     files.put(QString::fromLatin1(path), "");
@@ -35,7 +35,7 @@ TEST(DirectoryLists, RowsAreInTheOrderOfNamesBelowTheWayUp) {
   EXPECT_EQ(folderRows(files, u"/"_s), QStringList{u"m"_s});
 }
 
-TEST(DirectoryLists, PathsAndVolumes) {
+TEST(ChooserLists, PathsAndVolumes) {
   const std::pair<QString, QString> up[] = {
       {u"/m/a"_s, u"/m"_s}, {u"/m"_s, u"/"_s}, {u"/"_s, u"/"_s}, {u"/m/a/"_s, u"/m"_s}};
   for (const auto& [path, parent] : up) EXPECT_EQ(folderAt(path, u".."_s), parent);
@@ -48,15 +48,6 @@ TEST(DirectoryLists, PathsAndVolumes) {
   EXPECT_EQ(volumeOf({u"/media"_s}, u"/home"_s), -1);
   EXPECT_EQ(withSeparator(u"C:\\music"_s), u"C:/music/"_s);
   EXPECT_EQ(withSeparator(u"/music/"_s), u"/music/"_s);
-}
-
-TEST(DirectoryLists, AFolderNameIsOneFolder) {
-  const std::pair<QString, QString> names[] = {{u" AC/DC "_s, u"AC_DC"_s},
-                                               {u".."_s, u"_."_s},
-                                               {u"../../etc"_s, u"_._.._etc"_s},
-                                               {u"a\\b\nc"_s, u"a_b_c"_s},
-                                               {u"Don't \"Stop\""_s, u"Don't \"Stop\""_s}};
-  for (const auto& [text, name] : names) EXPECT_EQ(folderName(text), name);
 }
 
 }  // namespace

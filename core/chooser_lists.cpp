@@ -1,4 +1,4 @@
-#include "library/screens/directory_lists.h"
+#include "core/chooser_lists.h"
 
 #include <QCollator>
 
@@ -58,16 +58,8 @@ int volumeOf(const QStringList& volumes, const QString& path) {
 }
 
 QString withSeparator(const QString& folder) {
-  const QString told = FileSystem::slashed(folder);
-  return told.endsWith(u'/') ? told : told + u'/';
-}
-
-QString folderName(const QString& text) {
-  QString name = text.trimmed();
-  for (QChar& c : name)
-    if (c == u'/' || c == u'\\' || c < u' ') c = u'_';
-  if (name.startsWith(u'.')) name[0] = u'_';
-  return name;
+  const QString path = FileSystem::slashed(folder);
+  return path.endsWith(u'/') ? path : path + u'/';
 }
 
 QString customSelected(const QStringList& entries, int index) {

@@ -12,6 +12,7 @@ bool fitsPattern(QStringView fileName, QStringView patterns);
 
 // The folders of `path` in the order of their names, ".." first below the root.
 QStringList folderRows(const FileSystem& files, const QString& path);
+// The files of `path` that fit the patterns, in the order of their names.
 QStringList fileRows(const FileSystem& files, const QString& path, QStringView patterns);
 
 // Where a press on a row of folderRows leads.
@@ -22,11 +23,8 @@ int volumeOf(const QStringList& volumes, const QString& path);
 
 QString withSeparator(const QString& folder);  // '/' added where it has none at its end
 
-// The action that an entry of customSelect stands for: its trimmed first 14 characters. Empty for
-// the first entry (index 0) and for none (-1): there the chosen file is the action.
+// The word that an entry of the chooser stands for: its trimmed first 14 characters. Empty for
+// the first entry (index 0) and for none (-1): there the chosen file is taken.
 QString customSelected(const QStringList& entries, int index);
-
-// A text as the name of one folder: what a path cannot hold becomes "_".
-QString folderName(const QString& text);
 
 }  // namespace korvane
