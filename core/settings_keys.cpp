@@ -64,6 +64,8 @@ constexpr auto kAll = std::to_array<const SettingKey*>({
     &KeyboardLayout,
     &JukeboxLock,
     &ListUndo,
+    &FollowSound,
+    &KeepList,
     &HomePanel,
     &QuietMixer,
     &MusicListener,

@@ -88,6 +88,8 @@ inline constexpr SettingKey VolumeStart{"STARTUP", "VolumeStart", Rule::Number, 
 inline constexpr SettingKey KeyboardLayout{"STARTUP", "KeyboardLayout", Rule::UStr};
 inline constexpr SettingKey JukeboxLock{"STARTUP", "JukeboxLock", Rule::FlagYes};  // for guests
 inline constexpr SettingKey ListUndo{"STARTUP", "ListUndo", Rule::FlagYes};        // a way back
+inline constexpr SettingKey FollowSound{"STARTUP", "FollowSound", Rule::FlagYes};
+inline constexpr SettingKey KeepList{"STARTUP", "KeepList", Rule::FlagYes};
 inline constexpr SettingKey HomePanel{"STARTUP", "HomePanel", Rule::FlagYes};  // of the Main tab
 inline constexpr SettingKey ListenerEncoding{"STARTUP", "ListenerEncoding", Rule::UStr};
 inline constexpr SettingKey CDDrive{"STARTUP", "CDDrive", Rule::Str};  // device or CUE sheet
