@@ -19,8 +19,8 @@ class Desk {
 
   System& system;
   AppState state;
-  Settings settings;
   Log log;
+  Settings settings;
   Graphics graphics;
 
  private:

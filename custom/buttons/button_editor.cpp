@@ -180,8 +180,8 @@ void ButtonEditor::cmdButtonApplyAttr_Click() {
     return;
   }
   Rect place = chosen().design;
-  place.width = static_cast<int>(std::lround(width));
-  place.height = static_cast<int>(std::lround(height));
+  place.width = toInteger(width);
+  place.height = toInteger(height);
   place.left = std::max(0, std::min(place.left, form_.design.width - place.width));
   place.top = std::max(0, std::min(place.top, form_.design.height - place.height));
   form_.moveDesign(chosen(), place);

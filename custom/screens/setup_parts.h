@@ -18,7 +18,8 @@ class SetupParts {
   virtual void restartMasterListener() = 0;  // by the new values of the state block. Yields.
   virtual void closeMovieConnection() = 0;
   virtual QString keyboardLayout() const = 0;
-  virtual void nextKeyboardLayout() = 0;
+  // False, and the layout stays, when the choice cannot be stored; `error` says why. Yields.
+  virtual bool nextKeyboardLayout(QString* error) = 0;
   virtual void gridLookChanged() = 0;  // colours and font of every list
 };
 

@@ -45,6 +45,21 @@ std::vector<RowTable::Row> rowsOf(const QStringList& names) {
   return rows;
 }
 
+// Where a chosen directory is kept; null for nowhere.
+const SettingKey* keyOf(DirectoryRequest::Store store) {
+  switch (store) {
+    case DirectoryRequest::Movies:
+      return &key::MDirectory;
+    case DirectoryRequest::Playlist:
+      return &key::PLDirectory;
+    case DirectoryRequest::Photos:
+      return &key::PDirectory;
+    case DirectoryRequest::Nothing:
+      break;
+  }
+  return nullptr;
+}
+
 }  // namespace
 
 DirectorysForm::DirectorysForm(Uses uses)
@@ -269,19 +284,23 @@ void DirectorysForm::takeFile() {
 }
 
 void DirectorysForm::storeDirectory() {
-  chosen_ = withSeparator(path_);
+  const QString directory = withSeparator(path_);
+  QString error;
+  const SettingKey* key = keyOf(request_.store);
+  if (key && !uses_.settings.write(*key, directory, &error)) {
+    uses_.messages.say(error);
+    return;
+  }
+  chosen_ = directory;
   uses_.host.hide(form_);
   switch (request_.store) {
     case DirectoryRequest::Movies:
-      uses_.settings.write(key::MDirectory, *chosen_);
       uses_.news.movieDirectoryChanged();
       break;
     case DirectoryRequest::Playlist:
-      uses_.settings.write(key::PLDirectory, *chosen_);
-      uses_.state.gPlaylistDir = *chosen_;
+      uses_.state.gPlaylistDir = directory;
       break;
     case DirectoryRequest::Photos:
-      uses_.settings.write(key::PDirectory, *chosen_);
       uses_.news.photoDirectoryChanged();
       break;
     case DirectoryRequest::Nothing:

@@ -17,7 +17,7 @@ struct Setup : FormWorld {
   Timer& addTimer = *dynamic_cast<Timer*>(main.find(u"AddTimer"));
   Graphics graphics{files, state, home.path()};
   FakeSetupParts parts;
-  SetupForm setup{{host, palette, state, settings, files, graphics, box, addTimer, parts}};
+  SetupForm setup{{dialog, state, settings, files, graphics, box, addTimer, parts}};
   SetupAccess access{{state, settings, messages, parts, setup}};
 };
 
@@ -67,6 +67,11 @@ TEST_F(Setup, AnotherThemeReloadsTheMainForm) {
     EXPECT_EQ(themes->maxRows(), 2);
     EXPECT_EQ(themes->cell(1, themes->row()).toUpper(), u"TEST"_s);  // the one in use is marked
     themes->row = themes->SearchCol(1, 1, u"night"_s);
+    diskCalls.full = true;
+    press(form, u"cmdThemes"_s);
+    EXPECT_TRUE(form.shown() && messages.texts.value(0).contains("The disk is full"_L1));
+    EXPECT_EQ(state.gTheme, u"TEST"_s) << "what is not stored is not used";
+    diskCalls.full = false;
     press(form, u"cmdThemes"_s);
     EXPECT_FALSE(form.shown());
   });

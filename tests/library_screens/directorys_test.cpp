@@ -104,8 +104,13 @@ TEST_F(Directorys, StoresTheChosenDirectory) {
     EXPECT_FALSE(opens(request, [](Form& form) { press(form, u"cmdCancel"_s); }));
     EXPECT_EQ(settings.raw(it.key), u"NO"_s);
     EXPECT_TRUE(news.heard.isEmpty());
-    const auto chosen = opens(request, [](Form& form) {
+    const auto chosen = opens(request, [this](Form& form) {
       tap(form, u"Dir1"_s, u"Abba"_s);
+      diskCalls.full = true;
+      press(form, u"cmdok"_s);
+      EXPECT_TRUE(form.shown() && messages.texts.last().contains("The disk is full"_L1));
+      EXPECT_TRUE(news.heard.isEmpty());
+      diskCalls.full = false;
       press(form, u"cmdok"_s);
     });
     EXPECT_EQ(chosen, music(u"/Abba/"_s));
