@@ -11,6 +11,7 @@ namespace korvane {
 
 class MainTab : public Tab {
  public:
+  // `music` plays what the transport asks for while this tab is open. All must outlive it.
   MainTab(TabParts& parts, TabController& tabs, Tab& music, CustomButtons& buttons,
           HomePanel& home);
 

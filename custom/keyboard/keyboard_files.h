@@ -1,5 +1,5 @@
-// Keyboard layouts as data files, "Keyboards/NAME.keys" of the program directory. The format is
-// told in docs/keyboards.md.
+// Keyboard layouts as data files, "Keyboards/NAME.keys" of the program directory. The format
+// stands in docs/keyboards.md.
 #pragma once
 
 #include "core/log.h"
