@@ -101,8 +101,8 @@ Rect ButtonEditor::freePlace() const {
       if (const Button& other = uses_.buttons.button(i);
           other.visible() && meet(place, other.design))
         return true;
-    const Control* panel = form_.find(u"frameHome");
-    return (panel->visible() && meet(place, panel->design)) ||
+    const auto& home = controlOf<Frame>(form_, u"frameHome");
+    return (home.visible() && meet(place, home.design)) ||
            meet(place, panel_.frameButtons->rect());
   };
   for (place.top = kPage.top; place.bottom() <= kPage.bottom(); place.top += kStep)

@@ -47,7 +47,7 @@ std::vector<Control*> SetupForm::Panel::doors() const {
 
 SetupForm::SetupForm(const Uses& uses)
     : Dialog(uses.dialog, u"frmSetup"_s, kSetup), uses_(uses), panel_(form_) {
-  panel_.LstThemes->columns = {{u"Theme"_s, 0, false, false}};
+  panel_.LstThemes->columns = {{u"Theme"_s}};
   for (Control* door : panel_.doors())
     if (door->index <= 0)
       form_.on(door->name, Event::Click, [this](Control& pressed, const Event&) {
