@@ -102,8 +102,7 @@ Rect ButtonEditor::freePlace() const {
           other.visible() && meet(place, other.design))
         return true;
     const auto& home = controlOf<Frame>(form_, u"frameHome");
-    return (home.visible() && meet(place, home.design)) ||
-           meet(place, panel_.frameButtons->rect());
+    return (home.visible() && meet(place, home.design)) || meet(place, panel_.frameButtons->rect());
   };
   for (place.top = kPage.top; place.bottom() <= kPage.bottom(); place.top += kStep)
     for (place.left = kPage.left; place.right() <= kPage.right(); place.left += kStep)

@@ -14,7 +14,7 @@ constexpr InventoryRow setupRow(const char* name, int index, Kind kind, Rect rec
 
 // The heading of a form, "lblTitle".
 constexpr InventoryRow titleRow(const char* text, int units = 44) {
-  return setupRow("lblTitle", -1, Kind::Label, {24, 16, 1232, 64}, text,
+  return setupRow("lblTitle", -1, Kind::Label, {24, 16, 860, 64}, text,
                   {.text = units, .bold = true});
 }
 

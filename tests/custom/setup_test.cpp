@@ -62,7 +62,7 @@ TEST_F(Setup, AnotherThemeReloadsTheMainForm) {
   for (const QString& group : {u"music"_s, u"More"_s, u"MAIN"_s})
     home.folder(u"krvgraphics/Night/"_s + group);
   home.folder(u"krvgraphics/Unfinished/music"_s);
-  opens([](Form& form) {
+  opens([this](Form& form) {
     auto* themes = dynamic_cast<Grid*>(form.find(u"LstThemes"));
     EXPECT_EQ(themes->maxRows(), 2);
     EXPECT_EQ(themes->cell(1, themes->row()).toUpper(), u"TEST"_s);  // the one in use is marked
