@@ -11,7 +11,6 @@ namespace korvane {
 struct AppState {
   QString gTheme;  // upper case
   QString gMainPage = u"WB"_s;
-  QString gFirstTab = u"NO"_s;
   int gGridHeight = 19, gGridFontSize = 12;
 
   bool gLocalServer = false;    // offer the choice between at seat and in cabin
@@ -20,36 +19,31 @@ struct AppState {
   QString gMasterListenerIP, gMasterListenerPort, gMasterListenerMyName;
   QString gMusicListenerName, gMusicListenerIP, gMusicListenerPort;
   QString gMovieListenerName, gMovieListenerIP, gMovieListenerPort;
-  QString gServerIP, gServerPort, gMyName;
 
   QString gX10, gX10ListenerName, gX10IP, gX10Port;
   bool gPremise = false;
-  bool gMapsEnabled = false, gRadioEnabled = false, gTvEnabled = false, gCamera = false;
+  bool gMapsEnabled = false, gRadioEnabled = false, gCamera = false;
 
   bool gShowSetup = false, gShowMin = false, gShowExit = false, gShowMute = false;
-  bool gControlButtonsMain = false, gDisplayVolume = false, gMoveMain = false, gDebug = false;
+  bool gControlButtonsMain = false, gDisplayVolume = false;
   QString gShowInTheTaskBar;
 
   bool gAddsOn = false;
-  int gAddStart = 20, gAddBetween = 10;  // seconds
 
   MusicState gMusicState = MusicState::Stop;
   MusicSource gMusicType = MusicSource::Digital;
   QString gCdDrive;             // device or image of the CD source; empty for the first drive
   int gCdTrack = 0;             // that plays; 0 while none does
-  bool gCdServer = false;       // the CD is remote
   bool discHoldsFiles = false;  // the CD at hand is a data disc: its songs play as files do
   bool playsDiscAudio() const { return gMusicType == MusicSource::Cd && !discHoldsFiles; }
   MovieType gMovieType = MovieType::Digital;
   PlayMode gPlayMode = PlayMode::Stopped;
   QString gSongPlayingTitle;  // of what plays or is paused, here or at the Listener; else empty
-  bool gCameraLinked = false;
   bool gAlwaysOnTopShown = false;
   bool gFavoritesLoaded = false;
   bool gMusicTabVisited = false;
   QString gPlaylistDir;
 
-  QString gSepNul, gSepSoh;  // the separators of Listener records, codes 0 and 1
   ScreenPower::Saved gSavedPower;
 
   // Of the main form.

@@ -206,6 +206,8 @@ void Chooser::takeFile() {
 }
 
 void Chooser::take(const QString& chosen) {
+  const QString error = request_.keep ? request_.keep(chosen) : QString();
+  if (!error.isEmpty()) return dialog_.messages.say(error);
   chosen_ = chosen;
   leave();
 }

@@ -30,6 +30,9 @@ struct ChooserRequest {
   QStringList entries{};
   std::function<bool(const QString& path)> alsoShown{};
 
+  // Keeps what was chosen. An error in words is said and leaves the form up.
+  std::function<QString(const QString& chosen)> keep{};
+
   // Done with the directory in place of giving it; not owned. `asks` is the caption of a text that
   // the work wants as well, empty for none.
   DirectoryWork* work = nullptr;

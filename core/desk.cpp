@@ -4,8 +4,8 @@ namespace korvane {
 
 Desk::Desk(System& doors, const MakeHost& makeHost, QString home, std::function<void()> end)
     : system(doors),
-      settings(system.files, system.pump, state, home),
       log(system.files, system.clock, home),
+      settings(system.files, system.pump, state, home, &log),
       graphics(system.files, state, home),
       ownHost_(makeHost(graphics)),
       host(*ownHost_),

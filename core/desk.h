@@ -23,8 +23,8 @@ class Desk {
 
   System& system;
   AppState state;
-  Settings settings;
   Log log;
+  Settings settings;
   Graphics graphics;
 
  private:

@@ -2,6 +2,11 @@
 
 namespace korvane {
 
+bool isThemeName(QStringView text) {
+  const bool path = text.contains(u'/') || text.contains(u'\\');
+  return !path && !text.isEmpty() && text != "."_L1 && text != ".."_L1 && text != "NO"_L1;
+}
+
 Graphics::Graphics(const FileSystem& files, const AppState& state, const QString& home)
     : files_(files), state_(state), root_(home + u"/krvgraphics"_s) {}
 
@@ -15,8 +20,7 @@ QString Graphics::themeDirectory() const {
 }
 
 bool Graphics::themeExists() const {
-  return state_.gTheme != "NO"_L1 && !state_.gTheme.isEmpty() &&
-         files_.FolderExists(themeDirectory());
+  return isThemeName(state_.gTheme) && files_.FolderExists(themeDirectory());
 }
 
 PicturePtr Graphics::loadGraphic(const QString& group, const QString& pictureName) {
@@ -54,6 +58,7 @@ QStringList Graphics::themes(FileSystem& files) const {
   files.CreateFolder(root_);
   QStringList found;
   for (const QString& folder : files.SubFolders(root_)) {
+    if (!isThemeName(folder.toUpper())) continue;
     QStringList inside;
     for (const QString& inner : files.SubFolders(root_ + u'/' + folder)) inside << inner.toUpper();
     if (inside.contains("MUSIC"_L1) && inside.contains("MORE"_L1) && inside.contains("MAIN"_L1))

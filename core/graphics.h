@@ -17,18 +17,23 @@ struct PictureFile {
 };
 using PicturePtr = std::shared_ptr<const PictureFile>;
 
+// Whether a text can be a theme: the plain name of a folder, so neither a path nor "NO", which
+// stands for none.
+bool isThemeName(QStringView text);
+
 class Graphics {
  public:
+  // `home` is the program directory. The theme is the one that `state` names at each call.
   Graphics(const FileSystem& files, const AppState& state, const QString& home);
 
-  void initGraphicsCache();
+  void initGraphicsCache();  // forgets all pictures
 
   // The theme's `<group>/<name>.gif`, else `.jpg`, else `.svg`; null when there is no such file or
   // it is empty. Each file is read once per run; a missing one is looked for again at each call.
   PicturePtr loadGraphic(const QString& group, const QString& name);
 
   QString themeDirectory() const;  // of the active theme
-  bool themeExists() const;
+  bool themeExists() const;        // its name is plain, and there is such a folder
   // Themes by name: the folders of krvgraphics/ which have folders MUSIC, MORE and MAIN. Makes
   // krvgraphics/ when it is missing.
   QStringList themes(FileSystem& files) const;

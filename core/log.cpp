@@ -1,7 +1,5 @@
 #include "core/log.h"
 
-#include <QFileInfo>
-
 namespace korvane {
 namespace {
 constexpr qint64 kLargestLog = 5'000'000;
@@ -11,7 +9,7 @@ Log::Log(FileSystem& files, const Clock& clock, const QString& home)
     : files_(files), clock_(clock), path_(home + u"/log.txt"_s) {}
 
 void Log::logIt(const QString& text) const {
-  if (QFileInfo(path_).size() > kLargestLog) files_.DeleteFile(path_);
+  if (files_.stamp(path_).size > kLargestLog) files_.DeleteFile(path_);
   const QString line = clock_.now().toString(u"MM/dd/yyyy HH:mm:ss"_s) + u' ' + text + u'\n';
   files_.append(path_, line.toUtf8());
 }

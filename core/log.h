@@ -10,12 +10,13 @@ namespace korvane {
 
 class Log {
  public:
+  // `home` is the program directory; the others must outlive the log.
   Log(FileSystem& files, const Clock& clock, const QString& home);
 
   // Never fails visibly. A log over 5,000,000 bytes starts anew.
   void logIt(const QString& text) const;
 
-  // "Error <number> (<description>) in procedure <procedure> of <owner>", where `owner` is told as
+  // "Error <number> (<description>) in procedure <procedure> of <owner>", where `owner` reads
   // "Form frmMain", "Module Database" or "Class Module cFTP".
   void error(int number, const QString& description, const char* procedure,
              const char* owner) const;

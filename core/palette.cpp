@@ -15,7 +15,7 @@ double luminance(Colour colour) {
 }
 
 Colour colourOf(const QString& text) {
-  return static_cast<Colour>(std::clamp(val(text), 0.0, double(0xFFFFFF)));
+  return static_cast<Colour>(std::clamp(toInteger(val(text)), 0, 0xFFFFFF));
 }
 
 }  // namespace

@@ -1,52 +1,19 @@
 #include "core/settings.h"
 
-#include <sys/stat.h>
-
+#include "core/log.h"
 #include "platform/files/profile.h"
 
 namespace korvane {
 namespace {
 
 constexpr qint64 kLargestProfile = 64 << 20;
-
-QString notSet() {
-  return u"NO"_s;
-}
+constexpr auto kNotSet = "NO"_L1;
 
 }  // namespace
 
-double val(QStringView text) {
-  QString digits;
-  bool point = false, exponent = false;
-  for (const QChar c : text) {
-    if (c.isSpace()) continue;
-    const bool sign =
-        (c == u'-' || c == u'+') && (digits.isEmpty() || digits.back().toLower() == u'e');
-    if (c == u'.' && !point && !exponent)
-      point = true;
-    else if (c.toLower() == u'e' && !exponent && !digits.isEmpty())
-      exponent = true;
-    else if (!sign && !(c >= u'0' && c <= u'9'))
-      break;
-    digits += c;
-  }
-  while (!digits.isEmpty()) {
-    bool ok = false;
-    const double number = digits.toDouble(&ok);
-    if (ok) return number;
-    digits.chop(1);
-  }
-  return 0;
-}
-
-bool isNumeric(QStringView text) {
-  bool ok = false;
-  static_cast<void>(text.trimmed().toDouble(&ok));
-  return ok;
-}
-
-Settings::Settings(FileSystem& files, Pump& pump, const AppState& state, QString home)
-    : files_(files), pump_(pump), state_(state), home_(std::move(home)) {}
+Settings::Settings(FileSystem& files, Pump& pump, const AppState& state, QString home,
+                   const Log* log)
+    : files_(files), pump_(pump), state_(state), home_(std::move(home)), log_(log) {}
 
 QString Settings::path(QStringView section) const {
   if (section == u"COLORS") return home_ + u"/krvgraphics/"_s + state_.gTheme + u"/COLORS.INI"_s;
@@ -56,29 +23,38 @@ QString Settings::path(QStringView section) const {
 const QByteArray& Settings::bytesOf(const QString& file) const {
   Remembered& held = remembered_[file.endsWith("COLORS.INI"_L1) ? 1 : 0];
   const QString real = held.path == file ? held.path : files_.resolve(file).value_or(file);
-  struct stat facts {};
-  const bool there = ::stat(real.toUtf8().constData(), &facts) == 0;
-  const qint64 modified =
-      there ? facts.st_mtim.tv_sec * 1'000'000'000LL + facts.st_mtim.tv_nsec : -2;
-  if (held.path == real && held.modified == modified && held.size == facts.st_size &&
-      held.inode == facts.st_ino)
-    return held.bytes;
-  held = {real, modified, facts.st_size, facts.st_ino,
-          files_.read(real, kLargestProfile).value_or(QByteArray())};
+  const FileSystem::Stamp now = files_.stamp(real);
+  if (held.path != real || held.stamp != now)
+    held = {real, now, files_.read(real, kLargestProfile).value_or(QByteArray())};
   return held.bytes;
 }
 
 QString Settings::readSetting(QStringView section, QStringView name) const {
-  return profileValue(bytesOf(path(section)), section, name).value_or(notSet());
+  return profileValue(bytesOf(path(section)), section, name).value_or(kNotSet);
 }
 
-void Settings::writeSetting(QStringView section, QStringView name, const QString& value) {
-  const QString file = files_.resolve(path(section)).value_or(path(section));
-  const std::optional<QByteArray> bytes = files_.read(file, kLargestProfile);
+bool Settings::put(const QString& file, QStringView section, QStringView name, const QString& value,
+                   QString* error) {
+  const QString real = files_.resolve(file).value_or(file);
+  const std::optional<QByteArray> bytes = files_.read(real, kLargestProfile);
+  QString why;
   // A file that is there but cannot be read is not replaced by a file of one key.
-  if (bytes || !files_.FileExists(file))
-    files_.replace(file, withProfileValue(bytes.value_or(QByteArray()), section, name, value));
+  if (!bytes && files_.FileExists(real))
+    why = u"Could not read %1, so nothing is written to it. Check the file."_s.arg(real);
+  else if (files_.replace(
+               real, withProfileValue(bytes.value_or(QByteArray()), section, name, value), &why))
+    return true;
+  const QString whole = u"The setting %1 of [%2] is not stored. %3"_s.arg(name, section, why);
+  if (log_) log_->logIt(whole);
+  if (error) *error = whole;
+  return false;
+}
+
+bool Settings::writeSetting(QStringView section, QStringView name, const QString& value,
+                            QString* error) {
+  const bool stored = put(path(section), section, name, value, error);
   pump_.doEvents();
+  return stored;
 }
 
 QString Settings::GetSetting(const QString& application, const QString& section,
@@ -88,55 +64,59 @@ QString Settings::GetSetting(const QString& application, const QString& section,
   return profileValue(bytes, application + u'\\' + section, name).value_or(QString());
 }
 
-void Settings::SaveSetting(const QString& application, const QString& section, const QString& name,
+bool Settings::SaveSetting(const QString& application, const QString& section, const QString& name,
                            const QString& value) {
-  const QString file = home_ + u"/user.ini"_s;
-  const std::optional<QByteArray> bytes = files_.read(file, kLargestProfile);
-  if (!bytes && files_.FileExists(file)) return;
-  files_.replace(file, withProfileValue(bytes.value_or(QByteArray()), application + u'\\' + section,
-                                        name, value));
+  return put(home_ + u"/user.ini"_s, application + u'\\' + section, name, value, nullptr);
 }
 
 QString Settings::raw(const SettingKey& k) const {
   return readSetting(QString::fromLatin1(k.section), QString::fromLatin1(k.name));
 }
 QString Settings::str(const SettingKey& k) const {
-  return raw(k).trimmed();
+  return trimBlanks(raw(k));
 }
 QString Settings::upper(const SettingKey& k) const {
-  return raw(k).toUpper().trimmed();
+  return trimBlanks(raw(k).toUpper());
 }
 
 bool Settings::flag(const SettingKey& k) const {
+  const auto isOff = [](const QString& text) { return text == "0"_L1 || text == kNotSet; };
   switch (k.rule) {
     case Rule::Flag1:
-      return upper(k) == "1"_L1;
+      return str(k) == "1"_L1;
     case Rule::FlagYes:
       return upper(k) == "YES"_L1;
+    case Rule::FlagExactYes:
+      return str(k) == "YES"_L1;
     case Rule::FlagVal:
       return val(raw(k)) != 0;
     case Rule::Flag1NoIsZero:
       return raw(k) == "1"_L1;
-    case Rule::ShownUnless0:
-      return upper(k) != "NO"_L1 && upper(k) != "0"_L1;
+    case Rule::Shown:
+      return !isOff(str(k));
+    case Rule::ShownAnyCase:
+      return !isOff(raw(k).toUpper());
     case Rule::Str:
     case Rule::UStr:
     case Rule::Text:
     case Rule::Number:
       break;
   }
-  return upper(k) != "NO"_L1;
+  return upper(k) != kNotSet;
 }
 
 int Settings::number(const SettingKey& k) const {
-  const QString text = str(k);
-  if (!isNumeric(text)) return k.standard;
-  const double number = text.toDouble();
-  return number < k.low || number > k.high ? k.standard : static_cast<int>(std::lround(number));
+  const std::optional<double> stored = numeric(raw(k));
+  const bool usable = stored && *stored >= k.low && *stored <= k.high;
+  return usable ? toInteger(*stored) : k.standard;
 }
 
-void Settings::write(const SettingKey& k, const QString& value) {
-  writeSetting(QString::fromLatin1(k.section), QString::fromLatin1(k.name), value);
+bool Settings::write(const SettingKey& k, const QString& value, QString* error) {
+  return writeSetting(QString::fromLatin1(k.section), QString::fromLatin1(k.name), value, error);
+}
+
+void SettingsToSave::write(const SettingKey& key, const QString& value) {
+  if (good()) settings_.write(key, value, &error_);
 }
 
 }  // namespace korvane

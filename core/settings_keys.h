@@ -1,121 +1,148 @@
-// The table of settings keys: where each lives, how it is read, and what an absent one means.
+// The table of settings keys, the one place that says where each lives, how and when it is read,
+// and what an absent one means. docs/settings.md says what each is for.
 #pragma once
-
-#include <span>
 
 namespace korvane {
 
+// How the stored text is converted. "Blanks cut" is blanks at both ends. An absent key reads "NO".
 enum class Rule {
-  Str,            // trimmed text
-  UStr,           // trimmed, upper case
+  Str,            // text, blanks cut
+  UStr,           // in upper case, blanks cut
   Text,           // as stored
-  Flag1,          // true for "1"
-  FlagYes,        // true for "YES"
-  FlagVal,        // true for a number that is not 0
-  Flag1NoIsZero,  // true for exactly "1"
-  ShownUnless0,   // false for "0" and when absent
-  Number,         // within [low, high], else the default
+  Flag1,          // on for "1", blanks cut
+  FlagYes,        // on for "YES" in any case, blanks cut
+  FlagExactYes,   // on for "YES" in this case, blanks cut
+  FlagVal,        // on when the number that it begins with is not 0
+  Flag1NoIsZero,  // on for "1" exactly
+  Shown,          // off for "0" and "NO" in this case, blanks cut
+  ShownAnyCase,   // off for "0" and "NO" in any case, blanks count
+  Number,         // a number within [low, high], else the default; halves go to the even one
+};
+
+// When a change of the stored text counts.
+enum class When {
+  Start,  // at the next start; what setup applies at once it applies itself
+  Live,   // the next time that it is needed
+  Kept,   // never: it is stored, and shown by setup, for what is not there yet
 };
 
 struct SettingKey {
   const char* section;
   const char* name;
   Rule rule;
+  When when;
   int low = 0, high = 0, standard = 0;  // of Rule::Number
 };
 
 namespace key {
 
 // STARTUP
-inline constexpr SettingKey Theme{"STARTUP", "Theme", Rule::UStr};
-inline constexpr SettingKey MainPage{"STARTUP", "MainPage", Rule::Str};
-inline constexpr SettingKey firstTab{"STARTUP", "firstTab", Rule::UStr};
-inline constexpr SettingKey GridHeight{"STARTUP", "GridHeight", Rule::Number, 10, 50, 19};
-inline constexpr SettingKey GridFontSize{"STARTUP", "GridFontSize", Rule::Number, 2, 25, 12};
-inline constexpr SettingKey LocalServer{"STARTUP", "LocalServer", Rule::FlagVal};
-inline constexpr SettingKey LOCALLISTENER{"STARTUP", "LOCALLISTENER", Rule::FlagVal};
-inline constexpr SettingKey MasterListenerIP{"STARTUP", "MasterListenerIP", Rule::Str};
-inline constexpr SettingKey MasterListenerPort{"STARTUP", "MasterListenerPort", Rule::Str};
-inline constexpr SettingKey MasterListenerMyName{"STARTUP", "MasterListenerMyName", Rule::Str};
-inline constexpr SettingKey ShowSetup{"STARTUP", "ShowSetup", Rule::Flag1};
-inline constexpr SettingKey ShowMin{"STARTUP", "ShowMin", Rule::Flag1};
-inline constexpr SettingKey ShowExit{"STARTUP", "ShowExit", Rule::Flag1};
-inline constexpr SettingKey ShowMute{"STARTUP", "ShowMute", Rule::Flag1};
-inline constexpr SettingKey ControlButtonsmain{"STARTUP", "ControlButtonsmain", Rule::Flag1};
-inline constexpr SettingKey ControlButtons{"STARTUP", "ControlButtons", Rule::FlagYes};
-inline constexpr SettingKey ShowInTheTaskBar{"STARTUP", "ShowInTheTaskBar", Rule::UStr};
-inline constexpr SettingKey DisplayVolume{"STARTUP", "DisplayVolume", Rule::FlagVal};
-inline constexpr SettingKey MOVEMAIN{"STARTUP", "MOVEMAIN", Rule::FlagVal};
-inline constexpr SettingKey debug{"STARTUP", "debug", Rule::FlagVal};
-inline constexpr SettingKey myname{"STARTUP", "myname", Rule::Text};
-inline constexpr SettingKey SERVERIP{"STARTUP", "SERVERIP", Rule::Text};
-inline constexpr SettingKey SERVERPORT{"STARTUP", "SERVERPORT", Rule::Text};
-inline constexpr SettingKey RouterIP{"STARTUP", "RouterIP", Rule::Str};
-inline constexpr SettingKey WWWIP{"STARTUP", "WWWIP", Rule::Str};
-inline constexpr SettingKey NICCard{"STARTUP", "NICCard", Rule::Str};
-inline constexpr SettingKey Maps{"STARTUP", "Maps", Rule::Flag1NoIsZero};
-inline constexpr SettingKey Radio{"STARTUP", "Radio", Rule::Flag1NoIsZero};
-inline constexpr SettingKey ShowPhoto{"STARTUP", "ShowPhoto", Rule::ShownUnless0};
-inline constexpr SettingKey ShowMap{"STARTUP", "ShowMap", Rule::ShownUnless0};
-inline constexpr SettingKey ShowControl{"STARTUP", "ShowControl", Rule::ShownUnless0};
-inline constexpr SettingKey TV{"STARTUP", "TV", Rule::FlagYes};
-inline constexpr SettingKey X10{"STARTUP", "X10", Rule::UStr};
-inline constexpr SettingKey Premise{"STARTUP", "Premise", Rule::FlagYes};
-inline constexpr SettingKey X10IP{"STARTUP", "X10IP", Rule::UStr};
-inline constexpr SettingKey X10Port{"STARTUP", "X10Port", Rule::UStr};
-inline constexpr SettingKey Camera{"STARTUP", "Camera", Rule::Flag1NoIsZero};
-inline constexpr SettingKey CameraDevice{"STARTUP", "CameraDevice", Rule::Text};
-inline constexpr SettingKey VideoFormat{"STARTUP", "VideoFormat", Rule::Text};
-inline constexpr SettingKey ADDSON{"STARTUP", "ADDSON", Rule::FlagYes};
-inline constexpr SettingKey ADDSTART{"STARTUP", "ADDSTART", Rule::Number, -32768, 32767, 20};
-inline constexpr SettingKey ADDSBETWEEN{"STARTUP", "ADDSBETWEEN", Rule::Number, -32768, 32767, 10};
-inline constexpr SettingKey Setup{"STARTUP", "Setup", Rule::Str};
-inline constexpr SettingKey CDDBPath{"STARTUP", "CDDBPath", Rule::Str};
-inline constexpr SettingKey RadioTop{"STARTUP", "RadioTop", Rule::Text};
-inline constexpr SettingKey RadioLeft{"STARTUP", "RadioLeft", Rule::Text};
+inline constexpr SettingKey Theme{"STARTUP", "Theme", Rule::UStr, When::Start};
+inline constexpr SettingKey MainPage{"STARTUP", "MainPage", Rule::Str, When::Start};
+inline constexpr SettingKey firstTab{"STARTUP", "firstTab", Rule::UStr, When::Kept};
+inline constexpr SettingKey GridHeight{"STARTUP", "GridHeight", Rule::Number, When::Start, 10, 50,
+                                       19};
+inline constexpr SettingKey GridFontSize{
+    "STARTUP", "GridFontSize", Rule::Number, When::Start, 2, 25, 12};
+inline constexpr SettingKey LocalServer{"STARTUP", "LocalServer", Rule::FlagVal, When::Start};
+inline constexpr SettingKey LOCALLISTENER{"STARTUP", "LOCALLISTENER", Rule::FlagVal, When::Start};
+inline constexpr SettingKey MasterListenerIP{"STARTUP", "MasterListenerIP", Rule::Str, When::Start};
+inline constexpr SettingKey MasterListenerPort{"STARTUP", "MasterListenerPort", Rule::Str,
+                                               When::Start};
+inline constexpr SettingKey MasterListenerMyName{"STARTUP", "MasterListenerMyName", Rule::Str,
+                                                 When::Start};
+inline constexpr SettingKey ShowSetup{"STARTUP", "ShowSetup", Rule::Flag1, When::Start};
+inline constexpr SettingKey ShowMin{"STARTUP", "ShowMin", Rule::Flag1, When::Start};
+inline constexpr SettingKey ShowExit{"STARTUP", "ShowExit", Rule::Flag1, When::Start};
+inline constexpr SettingKey ShowMute{"STARTUP", "ShowMute", Rule::Flag1, When::Start};
+inline constexpr SettingKey ControlButtonsmain{"STARTUP", "ControlButtonsmain", Rule::Flag1,
+                                               When::Start};
+inline constexpr SettingKey ControlButtons{"STARTUP", "ControlButtons", Rule::FlagYes, When::Kept};
+inline constexpr SettingKey ShowInTheTaskBar{"STARTUP", "ShowInTheTaskBar", Rule::UStr,
+                                             When::Start};
+inline constexpr SettingKey DisplayVolume{"STARTUP", "DisplayVolume", Rule::FlagVal, When::Start};
+inline constexpr SettingKey MOVEMAIN{"STARTUP", "MOVEMAIN", Rule::FlagVal, When::Start};
+inline constexpr SettingKey debug{"STARTUP", "debug", Rule::FlagVal, When::Kept};
+inline constexpr SettingKey myname{"STARTUP", "myname", Rule::Text, When::Kept};
+inline constexpr SettingKey SERVERIP{"STARTUP", "SERVERIP", Rule::Text, When::Kept};
+inline constexpr SettingKey SERVERPORT{"STARTUP", "SERVERPORT", Rule::Text, When::Kept};
+inline constexpr SettingKey RouterIP{"STARTUP", "RouterIP", Rule::Str, When::Kept};
+inline constexpr SettingKey WWWIP{"STARTUP", "WWWIP", Rule::Str, When::Kept};
+inline constexpr SettingKey NICCard{"STARTUP", "NICCard", Rule::Str, When::Kept};
+inline constexpr SettingKey Maps{"STARTUP", "Maps", Rule::Flag1NoIsZero, When::Start};
+inline constexpr SettingKey Radio{"STARTUP", "Radio", Rule::Flag1NoIsZero, When::Start};
+inline constexpr SettingKey ShowPhoto{"STARTUP", "ShowPhoto", Rule::Shown, When::Start};
+inline constexpr SettingKey ShowMap{"STARTUP", "ShowMap", Rule::ShownAnyCase, When::Start};
+inline constexpr SettingKey ShowControl{"STARTUP", "ShowControl", Rule::ShownAnyCase, When::Start};
+inline constexpr SettingKey TV{"STARTUP", "TV", Rule::FlagYes, When::Kept};
+inline constexpr SettingKey X10{"STARTUP", "X10", Rule::UStr, When::Start};
+inline constexpr SettingKey Premise{"STARTUP", "Premise", Rule::FlagYes, When::Start};
+inline constexpr SettingKey X10IP{"STARTUP", "X10IP", Rule::UStr, When::Start};
+inline constexpr SettingKey X10Port{"STARTUP", "X10Port", Rule::UStr, When::Start};
+inline constexpr SettingKey Camera{"STARTUP", "Camera", Rule::Flag1NoIsZero, When::Start};
+inline constexpr SettingKey CameraDevice{"STARTUP", "CameraDevice", Rule::Text, When::Kept};
+inline constexpr SettingKey VideoFormat{"STARTUP", "VideoFormat", Rule::Text, When::Kept};
+inline constexpr SettingKey ADDSON{"STARTUP", "ADDSON", Rule::FlagExactYes, When::Start};
+inline constexpr SettingKey ADDSTART{"STARTUP", "ADDSTART", Rule::Number, When::Kept, -32768,
+                                     32767,     20};
+inline constexpr SettingKey ADDSBETWEEN{
+    "STARTUP", "ADDSBETWEEN", Rule::Number, When::Kept, -32768, 32767, 10};
+inline constexpr SettingKey Setup{"STARTUP", "Setup", Rule::Str, When::Live};
+inline constexpr SettingKey CDDBPath{"STARTUP", "CDDBPath", Rule::Str, When::Kept};
+inline constexpr SettingKey RadioTop{"STARTUP", "RadioTop", Rule::Text, When::Kept};
+inline constexpr SettingKey RadioLeft{"STARTUP", "RadioLeft", Rule::Text, When::Kept};
 
-// STARTUP, beyond the first design: absent means off
-inline constexpr SettingKey Tags{"STARTUP", "Tags", Rule::UStr};               // "FULL"
-inline constexpr SettingKey TagCodePage{"STARTUP", "TagCodePage", Rule::Str};  // of 8-bit tags
-inline constexpr SettingKey FileKinds{"STARTUP", "FileKinds", Rule::UStr};     // "FLAC OGG ..."
-inline constexpr SettingKey SinglePress{"STARTUP", "SinglePress",
-                                        Rule::FlagYes};  // one tap activates
-inline constexpr SettingKey MusicListener{"STARTUP", "MusicListener", Rule::Str};  // "host:port"
-inline constexpr SettingKey LinkSupervision{"STARTUP", "LinkSupervision", Rule::FlagYes};
-inline constexpr SettingKey QuietMixer{"STARTUP", "QuietMixer", Rule::FlagYes};  // no box at start
-inline constexpr SettingKey VolumeMax{"STARTUP", "VolumeMax", Rule::Number, 1, 100, 100};
-inline constexpr SettingKey VolumeStart{"STARTUP", "VolumeStart", Rule::Number, 0, 100, 50};
-inline constexpr SettingKey KeyboardLayout{"STARTUP", "KeyboardLayout", Rule::UStr};
-inline constexpr SettingKey JukeboxLock{"STARTUP", "JukeboxLock", Rule::FlagYes};  // for guests
-inline constexpr SettingKey ListUndo{"STARTUP", "ListUndo", Rule::FlagYes};        // a way back
-inline constexpr SettingKey FollowSound{"STARTUP", "FollowSound", Rule::FlagYes};
-inline constexpr SettingKey KeepList{"STARTUP", "KeepList", Rule::FlagYes};
-inline constexpr SettingKey HomePanel{"STARTUP", "HomePanel", Rule::FlagYes};  // of the Main tab
-inline constexpr SettingKey ListenerEncoding{"STARTUP", "ListenerEncoding", Rule::UStr};
-inline constexpr SettingKey CDDrive{"STARTUP", "CDDrive", Rule::Str};  // device or CUE sheet
+// STARTUP, what an owner may add: absent means off
+inline constexpr SettingKey Tags{"STARTUP", "Tags", Rule::UStr, When::Live};  // "FULL"
+inline constexpr SettingKey TagCodePage{"STARTUP", "TagCodePage", Rule::Str,
+                                        When::Live};  // of 8-bit tags
+inline constexpr SettingKey FileKinds{"STARTUP", "FileKinds", Rule::UStr,
+                                      When::Live};  // "FLAC OGG ..."
+inline constexpr SettingKey SinglePress{"STARTUP", "SinglePress", Rule::FlagYes,
+                                        When::Start};  // one tap activates
+inline constexpr SettingKey MusicListener{"STARTUP", "MusicListener", Rule::Str,
+                                          When::Start};  // "host:port"
+inline constexpr SettingKey LinkSupervision{"STARTUP", "LinkSupervision", Rule::FlagYes,
+                                            When::Live};
+inline constexpr SettingKey QuietMixer{"STARTUP", "QuietMixer", Rule::FlagYes,
+                                       When::Start};  // no box at start
+inline constexpr SettingKey VolumeMax{"STARTUP", "VolumeMax", Rule::Number, When::Live,
+                                      1,         100,         100};
+inline constexpr SettingKey VolumeStart{"STARTUP", "VolumeStart", Rule::Number, When::Start, 0, 100,
+                                        50};
+inline constexpr SettingKey KeyboardLayout{"STARTUP", "KeyboardLayout", Rule::UStr, When::Start};
+inline constexpr SettingKey JukeboxLock{"STARTUP", "JukeboxLock", Rule::FlagYes,
+                                        When::Live};  // for guests
+inline constexpr SettingKey ListUndo{"STARTUP", "ListUndo", Rule::FlagYes,
+                                     When::Live};  // a way back
+inline constexpr SettingKey FollowSound{"STARTUP", "FollowSound", Rule::FlagYes, When::Live};
+inline constexpr SettingKey KeepList{"STARTUP", "KeepList", Rule::FlagYes, When::Live};
+inline constexpr SettingKey HomePanel{"STARTUP", "HomePanel", Rule::FlagYes,
+                                      When::Live};  // of the Main tab
+inline constexpr SettingKey ListenerEncoding{"STARTUP", "ListenerEncoding", Rule::UStr, When::Live};
+inline constexpr SettingKey CDDrive{"STARTUP", "CDDrive", Rule::Str,
+                                    When::Live};  // device or CUE sheet
 
 // Other sections
-inline constexpr SettingKey MovieListener{"Movies", "MovieListener", Rule::FlagVal};
-inline constexpr SettingKey MDirectory{"Movies", "MDirectory", Rule::Str};
-inline constexpr SettingKey MDirectory1{"Movies", "MDirectory1", Rule::Str};
-inline constexpr SettingKey MDirectory2{"Movies", "MDirectory2", Rule::Str};
-inline constexpr SettingKey MDirectory3{"Movies", "MDirectory3", Rule::Str};
-inline constexpr SettingKey DVD{"Movies", "DVD", Rule::Str};
-inline constexpr SettingKey DVD0{"Movies", "DVD0", Rule::Str};
-inline constexpr SettingKey DVD1{"Movies", "DVD1", Rule::Str};
-inline constexpr SettingKey DVD2{"Movies", "DVD2", Rule::Str};
-inline constexpr SettingKey DVD3{"Movies", "DVD3", Rule::Str};
-inline constexpr SettingKey DVD4{"Movies", "DVD4", Rule::Str};
-inline constexpr SettingKey DVD5{"Movies", "DVD5", Rule::Str};
-inline constexpr SettingKey PDirectory{"Photos", "PDirectory", Rule::Str};
-inline constexpr SettingKey Delay{"Photos", "Delay", Rule::Str};
-inline constexpr SettingKey PLDirectory{"Playlist", "PLDirectory", Rule::Str};
-inline constexpr SettingKey LASTSONGPLAYED{"GENERAL", "LASTSONGPLAYED", Rule::Text};
-inline constexpr SettingKey MusicRoot{"GENERAL", "MusicRoot", Rule::Str};  // where scans began last
+inline constexpr SettingKey MovieListener{"Movies", "MovieListener", Rule::FlagVal, When::Start};
+inline constexpr SettingKey MDirectory{"Movies", "MDirectory", Rule::Str, When::Kept};
+inline constexpr SettingKey MDirectory1{"Movies", "MDirectory1", Rule::Str, When::Kept};
+inline constexpr SettingKey MDirectory2{"Movies", "MDirectory2", Rule::Str, When::Kept};
+inline constexpr SettingKey MDirectory3{"Movies", "MDirectory3", Rule::Str, When::Kept};
+inline constexpr SettingKey DVD{"Movies", "DVD", Rule::Str, When::Kept};
+inline constexpr SettingKey DVD0{"Movies", "DVD0", Rule::Str, When::Kept};
+inline constexpr SettingKey DVD1{"Movies", "DVD1", Rule::Str, When::Kept};
+inline constexpr SettingKey DVD2{"Movies", "DVD2", Rule::Str, When::Kept};
+inline constexpr SettingKey DVD3{"Movies", "DVD3", Rule::Str, When::Kept};
+inline constexpr SettingKey DVD4{"Movies", "DVD4", Rule::Str, When::Kept};
+inline constexpr SettingKey DVD5{"Movies", "DVD5", Rule::Str, When::Kept};
+inline constexpr SettingKey PDirectory{"Photos", "PDirectory", Rule::Str, When::Live};
+inline constexpr SettingKey Delay{"Photos", "Delay", Rule::Str, When::Live};
+inline constexpr SettingKey PLDirectory{"Playlist", "PLDirectory", Rule::Str, When::Live};
+inline constexpr SettingKey LASTSONGPLAYED{"GENERAL", "LASTSONGPLAYED", Rule::Text, When::Live};
+inline constexpr SettingKey MusicRoot{"GENERAL", "MusicRoot", Rule::Str,
+                                      When::Live};  // where scans began last
 
 }  // namespace key
-
-// Every key above, for setup, the starter console and the list of settings.
-std::span<const SettingKey* const> allSettingKeys();
 
 }  // namespace korvane

@@ -84,8 +84,6 @@ bool Startup::readSettings() {
   AppState& state = uses_.state;
   const Settings& settings = uses_.settings;
   state.gAddsOn = settings.flag(key::ADDSON);
-  state.gAddStart = settings.number(key::ADDSTART);
-  state.gAddBetween = settings.number(key::ADDSBETWEEN);
 
   status(u"Loading settings...."_s);
   state.gMainPage = settings.str(key::MainPage);
@@ -98,12 +96,9 @@ bool Startup::readSettings() {
   if (uses_.system.instance.taken()) return false;
 
   status(u"Loading settings....3"_s);
-  state.gSepSoh = QChar(1);
-  state.gSepNul = QChar(0);
   state.gMapsEnabled = settings.flag(key::Maps);
   state.gRadioEnabled = settings.flag(key::Radio);
   state.gRadioEnabled = false;  // the radio sleeps, whatever is stored
-  state.gTvEnabled = settings.flag(key::TV);
 
   status(u"Loading settings....32"_s);
   state.gShowSetup = settings.flag(key::ShowSetup);
@@ -112,7 +107,6 @@ bool Startup::readSettings() {
   state.gShowMute = settings.flag(key::ShowMute);
   state.gControlButtonsMain = settings.flag(key::ControlButtonsmain);
   state.gShowInTheTaskBar = settings.upper(key::ShowInTheTaskBar);
-  state.gFirstTab = settings.upper(key::firstTab);
   readNetworkSettings();
   return true;
 }
@@ -140,12 +134,7 @@ void Startup::readNetworkSettings() {
     uses_.system.mixer.openLater([this](bool opened) { takeMixer(opened); });
 
   status(u"Loading settings....5"_s);
-  state.gServerIP = settings.raw(key::SERVERIP);
-  state.gServerPort = settings.raw(key::SERVERPORT);
   state.gDisplayVolume = settings.flag(key::DisplayVolume);
-  state.gMyName = settings.raw(key::myname);
-  state.gMoveMain = settings.flag(key::MOVEMAIN);
-  state.gDebug = settings.flag(key::debug);
   state.gCamera = settings.flag(key::Camera);
 
   status(u"Loading settings....6"_s);

@@ -21,10 +21,10 @@ CustomSide::CustomSide(Desk& d, LibrarySide& library, ListenerSide& listener,
       keyboard(d.host, d.palette),
       searchKeyboard(d.frmMain, d.palette),
       newKeyboard(d.frmMain, u"newKeyboard"_s, d.host, d.palette),
-      colours({d.host, d.palette, d.settings, d.messages}),
-      guiSetup({d.host, d.palette, d.state, d.settings, d.messages, d.frmMain, *this}),
-      nic(d.host, d.palette, d.system.network),
-      setup({d.host, d.palette, d.state, d.settings, d.system.files, d.graphics, d.system.box,
+      colours({d.dialogs, d.settings}),
+      guiSetup({d.dialogs, d.state, d.settings, d.frmMain, *this}),
+      nic(d.dialogs, d.system.network),
+      setup({d.dialogs, d.state, d.settings, d.system.files, d.graphics, d.system.box,
              *panel_.AddTimer, *this}),
       access({d.state, d.settings, d.messages, *this, setup}) {
   d.tabs.setTab(kMainTab, mainTab);
@@ -190,10 +190,12 @@ void CustomSide::useKeyboard() {
   newKeyboard.setLayout(chosen);
 }
 
-void CustomSide::nextKeyboardLayout() {
+bool CustomSide::nextKeyboardLayout(QString* error) {
   const QStringList names = keyboardFiles.names();
-  keyboardFiles.choose(names[(names.indexOf(keyboardLayout_) + 1) % names.size()]);
+  const QString next = names[(names.indexOf(keyboardLayout_) + 1) % names.size()];
+  if (!keyboardFiles.choose(next, error)) return false;
   useKeyboard();
+  return true;
 }
 
 void CustomSide::reloadMainForm() {

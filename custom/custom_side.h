@@ -78,7 +78,7 @@ class CustomSide : private SetupParts {
   void restartMasterListener() override;
   void closeMovieConnection() override { listener_.connectionMovie->Close(); }
   QString keyboardLayout() const override { return keyboardLayout_; }
-  void nextKeyboardLayout() override;
+  bool nextKeyboardLayout(QString* error) override;
   void gridLookChanged() override { library_.browsing.setUpGrids(); }
 };
 

@@ -14,6 +14,7 @@ class GuestLock {
     const Settings& settings;
     Messages& messages;
   };
+  // The form has LockTimer, Slider1 and scrollVolume. It and what is used must outlive this.
   GuestLock(Form& form, Uses uses);
 
   // True when the press may act: nothing is locked, or the password was typed. Yields.

@@ -18,7 +18,7 @@ class HomePanel : private FormObserver {
     const Palette& palette;
     const Clock& clock;
   };
-  HomePanel(Form& form, Uses uses);
+  HomePanel(Form& form, Uses uses);  // all must outlive it
   ~HomePanel() override;
 
   // Set by the console: the artist of the song that plays, a press on the transport, play or pause
@@ -32,7 +32,7 @@ class HomePanel : private FormObserver {
   void hide();
   void editing(bool on);  // the place of the clock is free for the buttons' pattern
 
-  void HomeTimer_Timer();
+  void HomeTimer_Timer();         // shows time and date, and comes again with the next minute
   void cmdHome_Click(int index);  // 0 previous, 1 play or pause, 2 next. Yields.
 
  private:

@@ -1,6 +1,6 @@
 #include "custom/moved_controls.h"
 
-#include "core/settings.h"
+#include "core/conversions.h"
 
 namespace korvane {
 
@@ -15,13 +15,14 @@ void MovedControls::place(const QString& line) {
   enum Field { Name, Left, Top, Index };
   const QStringList fields = line.trimmed().split(u"@@#"_s);
   if (fields.size() <= Left) return;
-  Control* control =
-      uses_.main.form().find(fields[Name], fields.size() == Index + 1 ? fields[Index].toInt() : -1);
+  Form& form = uses_.main.form();
+  const int index = fields.size() == Index + 1 ? toInteger(val(fields[Index])) : -1;
+  Control* control = form.find(fields[Name], index);
   if (!control || control->tag().compare("NO"_L1, Qt::CaseInsensitive) == 0) return;
-  Rect to = control->rect();
-  to.left = static_cast<int>(std::lround(val(fields[Left])));
-  if (fields.size() > Top) to.top = static_cast<int>(std::lround(val(fields[Top])));
-  control->rect = to;
+  Rect to = control->design;
+  to.left = toInteger(val(fields[Left]));
+  if (fields.size() > Top) to.top = toInteger(val(fields[Top]));
+  form.moveDesign(*control, to);
 }
 
 }  // namespace korvane

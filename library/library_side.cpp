@@ -100,10 +100,12 @@ void LibrarySide::choosePlaylistDirectory() {
   request.title = u"Select Playlist Directory"_s;
   request.pattern = u"*.m3u"_s;
   request.places = {desk_.settings.str(key::PLDirectory)};
-  const auto chosen = desk_.chooser.open(request);
-  if (!chosen) return;
-  desk_.settings.write(key::PLDirectory, *chosen);
-  desk_.state.gPlaylistDir = *chosen;
+  request.keep = [this](const QString& directory) {
+    QString error;
+    desk_.settings.write(key::PLDirectory, directory, &error);
+    return error;
+  };
+  if (const auto chosen = desk_.chooser.open(request)) desk_.state.gPlaylistDir = *chosen;
 }
 
 void LibrarySide::saying(const std::function<void()>& work) {

@@ -20,10 +20,12 @@ void PhotosSide::chooseDirectory(Desk& desk) {
   request.title = u"Select Photos Directory"_s;
   request.pattern = u"*.jpg;*.jpeg;*.png;*.gif;*.bmp"_s;
   request.places = {desk.settings.str(key::PDirectory)};
-  const auto chosen = desk.chooser.open(request);
-  if (!chosen) return;
-  desk.settings.write(key::PDirectory, *chosen);
-  desk.tabs.imgTabs_Click(kPhotosTab);
+  request.keep = [&desk](const QString& directory) {
+    QString error;
+    desk.settings.write(key::PDirectory, directory, &error);
+    return error;
+  };
+  if (desk.chooser.open(request)) desk.tabs.imgTabs_Click(kPhotosTab);
 }
 
 }  // namespace korvane

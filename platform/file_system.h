@@ -42,6 +42,15 @@ class FileSystem {
   virtual QStringList SubFolders(const QString& path) const = 0;  // names, in the order of the disk
   virtual QStringList Files(const QString& path) const = 0;       // names, in the order of the disk
 
+  // What tells a file from what it was before: another one has another stamp.
+  struct Stamp {
+    qint64 size = -1;     // bytes; -1 when there is no such file
+    qint64 modified = 0;  // nanoseconds since 1970
+    quint64 inode = 0;
+    bool operator==(const Stamp&) const = default;
+  };
+  virtual Stamp stamp(const QString& path) const = 0;  // of exactly that name, no look-up
+
   // The whole file; nothing when it cannot be read or is longer than `limit` bytes.
   virtual std::optional<QByteArray> read(const QString& path, qint64 limit = 64 << 20) const = 0;
 

@@ -32,7 +32,6 @@ QString captionOf(const Disc& disc) {
 }  // namespace
 
 void CdPlayer::getCDTracks() {
-  uses_.state.gCdServer = false;
   panel_.grid->header = u"CD Player"_s;
   panel_.grid->clear();
   panel_.grid->emptyText = u"Looking for a CD"_s;

@@ -101,9 +101,8 @@ Rect ButtonEditor::freePlace() const {
       if (const Button& other = uses_.buttons.button(i);
           other.visible() && meet(place, other.design))
         return true;
-    const Control* panel = form_.find(u"frameHome");
-    return (panel->visible() && meet(place, panel->design)) ||
-           meet(place, panel_.frameButtons->rect());
+    const auto& home = controlOf<Frame>(form_, u"frameHome");
+    return (home.visible() && meet(place, home.design)) || meet(place, panel_.frameButtons->rect());
   };
   for (place.top = kPage.top; place.bottom() <= kPage.bottom(); place.top += kStep)
     for (place.left = kPage.left; place.right() <= kPage.right(); place.left += kStep)
@@ -180,8 +179,8 @@ void ButtonEditor::cmdButtonApplyAttr_Click() {
     return;
   }
   Rect place = chosen().design;
-  place.width = static_cast<int>(std::lround(width));
-  place.height = static_cast<int>(std::lround(height));
+  place.width = toInteger(width);
+  place.height = toInteger(height);
   place.left = std::max(0, std::min(place.left, form_.design.width - place.width));
   place.top = std::max(0, std::min(place.top, form_.design.height - place.height));
   form_.moveDesign(chosen(), place);

@@ -15,9 +15,9 @@ class ButtonEditor {
     const Palette& palette;
     Messages& messages;
   };
-  ButtonEditor(Form& form, Uses uses);
+  ButtonEditor(Form& form, Uses uses);  // all must outlive it
 
-  // Set by the console: the keyboard that comes up for a box, or goes (null); who is told that the
+  // Set by the console: the keyboard that comes up for a box, or goes (null); who hears that the
   // tools come and go; and the choice of an action, nothing when it was cancelled (Yields).
   std::function<void(TextBox*)> showKeyboard = [](TextBox*) {};
   std::function<void(bool)> editing = [](bool) {};
@@ -30,13 +30,13 @@ class ButtonEditor {
   void cmdbutton_MouseUp(int index);
   void frameButtons_MouseUp();
   void cmdButtonAdd_Click();
-  void cmdButtonLabel_Click();   // Yields.
-  void cmdButtonAction_Click();  // Yields.
-  void cmdButtonApplyAttr_Click();
+  void cmdButtonLabel_Click();      // Yields.
+  void cmdButtonAction_Click();     // Yields.
+  void cmdButtonApplyAttr_Click();  // the size and font typed, within their limits. Yields.
   void cmdButtonKeyboard_Click();
   void cmdButtonDel_Click();
-  void cmdButtonDone_Click();
-  void cmdButtonCancel_Click();
+  void cmdButtonDone_Click();    // saves; what cannot be saved is said, and the tools stay. Yields.
+  void cmdButtonCancel_Click();  // the buttons are those of the file again
   void txtButton_Click(TextBox& box);
 
  private:

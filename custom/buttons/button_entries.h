@@ -6,6 +6,7 @@
 
 namespace korvane {
 
+// In the order of the words; one without a meaning is left out.
 QStringList customSelectEntries(const ButtonWords& words);
 
 }  // namespace korvane

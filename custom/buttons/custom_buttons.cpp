@@ -160,8 +160,8 @@ void CustomButtons::cmdbutton_Click(int index) {
     startProgram(tag);
 }
 
-void CustomButtons::startProgram(const QString& told) {
-  const QString slashed = FileSystem::slashed(told);
+void CustomButtons::startProgram(const QString& action) {
+  const QString slashed = FileSystem::slashed(action);
   const QString program = uses_.files.resolve(slashed).value_or(slashed);
   if (const auto known = tasks_.find(program);
       known != tasks_.end() && uses_.programs.activate(known->second)) {

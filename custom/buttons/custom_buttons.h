@@ -25,6 +25,7 @@ class CustomButtons {
     Programs& programs;
     const ButtonWords& words;
   };
+  // The form has cmdbutton(0) and ButtonTimer. It and what is used must outlive this.
   CustomButtons(Form& form, Uses uses);
 
   // A program has taken the screen, and the last one that did has ended.
@@ -35,7 +36,8 @@ class CustomButtons {
   void show() const;         // each whose caption is not empty
   void hide() const;
 
-  void cmdbutton_Click(int index);  // Yields.
+  // Does the word of its Tag, or starts the program there; a failed start is logged alone. Yields.
+  void cmdbutton_Click(int index);
   void ButtonTimer_Timer();
 
   // For the editor. Members 1 to count() are the owner's.
@@ -45,7 +47,9 @@ class CustomButtons {
   void setAction(Button& button, const QString& action) const;
   void setFontSize(Button& button, float size);
   float fontSize(const Button& button) const { return entry(button.index).stored.fontSize; }
-  bool save(QString* error);  // all but those whose Tag is "DELETE"
+  // All but those whose Tag is "DELETE", with the lines that could not be read. False, with `error`
+  // in words, leaves the file as it was.
+  bool save(QString* error);
 
  private:
   struct Entry {
@@ -56,7 +60,7 @@ class CustomButtons {
   Colours palette() const;
   Button& loaded(int index);
   void fill(int index, const CustomButton& from);
-  void startProgram(const QString& told);
+  void startProgram(const QString& action);
   const Entry& entry(int index) const { return stored_[static_cast<size_t>(index)]; }
 
   Form& form_;

@@ -13,12 +13,12 @@
 
 namespace korvane {
 
-// Who is told what the finger has done.
+// Who hears what the finger has done.
 class KeyPadOwner {
  public:
   virtual ~KeyPadOwner() = default;
-  virtual void keyPressed(int code) = 0;
-  virtual void variantPicked(const QString& character) = 0;
+  virtual void keyPressed(int code) = 0;  // a scan code of the layout; again while it is held
+  virtual void variantPicked(const QString& character) = 0;  // of the bubble
 };
 
 class KeyPad : private FormObserver {
@@ -33,15 +33,16 @@ class KeyPad : private FormObserver {
     QString hide{};            // a button of its own for Hide; else it is one of the keys
   };
 
+  // The form, the palette and the owner must outlive the pad.
   KeyPad(Form& form, const Palette& palette, Place place, KeyPadOwner& owner);
   ~KeyPad() override;
 
-  void setLayout(KeyboardLayout layout);
+  void setLayout(KeyboardLayout layout);  // of the same keys; they show it at once
   const KeyboardLayout& layout() const { return layout_; }
 
-  void open();   // no key held, neither shift nor caps lock
-  void close();  // lets go of a held key
-  void showShifts(bool capsLock, bool shiftOnce);
+  void open();                                     // no key held, neither shift nor caps lock
+  void close();                                    // lets go of a held key
+  void showShifts(bool capsLock, bool shiftOnce);  // on the faces of all keys
 
  private:
   void controlChanged(Control& control, Aspect aspect) override;

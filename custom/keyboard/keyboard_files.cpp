@@ -73,8 +73,8 @@ KeyboardLayout KeyboardFiles::chosen() const {
   return usKeyboard();
 }
 
-void KeyboardFiles::choose(const QString& name) {
-  uses_.settings.write(key::KeyboardLayout, name);
+bool KeyboardFiles::choose(const QString& name, QString* error) {
+  return uses_.settings.write(key::KeyboardLayout, name, error);
 }
 
 }  // namespace korvane

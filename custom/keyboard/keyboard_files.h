@@ -1,5 +1,5 @@
-// Keyboard layouts as data files, "Keyboards/NAME.keys" of the program directory. The format is
-// told in docs/keyboards.md.
+// Keyboard layouts as data files, "Keyboards/NAME.keys" of the program directory. The format
+// stands in docs/keyboards.md.
 #pragma once
 
 #include "core/log.h"
@@ -24,7 +24,7 @@ class KeyboardFiles {
   QStringList names() const;  // "US" first, then those of the files, in upper case
   // The one that the settings name; the US keyboard, and a line in the log, when it cannot be read.
   KeyboardLayout chosen() const;
-  void choose(const QString& name);
+  bool choose(const QString& name, QString* error);  // false when it cannot be stored. Yields.
 
  private:
   QString folder() const { return uses_.settings.home() + u"/Keyboards"_s; }

@@ -5,7 +5,7 @@ namespace {
 
 constexpr int kQuarters = 60, kRows = 5;
 
-// A key that types, one key wide unless told. Its variants stand apart by blanks.
+// A key that types, one key wide unless it says more. Its variants stand apart by blanks.
 struct Typing {
   int code;
   const char *plain, *shifted;
@@ -48,7 +48,7 @@ KeyboardLayout layout(const QString& name, const std::vector<Row>& rows) {
   for (size_t r = 0; r < rows.size(); ++r) {
     int quarter = 0;
     for (const auto& cell : rows[r]) {
-      Key key = std::visit([](const auto& told) { return keyOf(told); }, cell);
+      Key key = std::visit([](const auto& kind) { return keyOf(kind); }, cell);
       key.row = static_cast<int>(r);
       key.quarter = std::exchange(quarter, quarter + key.quarters);
       made.keys.push_back(std::move(key));
@@ -67,7 +67,7 @@ Row digits() {
           Typing{13, "=", "", "+"},   Acting{scan::Backspace, "⌫", "Backspace", 8}};
 }
 
-// The upper letters behind a key of 6 quarters; shifted brackets as told of each keyboard.
+// The upper letters behind a key of 6 quarters; the shifted brackets and bar differ by keyboard.
 Row upperLetters(const Acting& first, const char* open, const char* close, const char* bar) {
   return {first,
           Typing{16, "q", "Q"},

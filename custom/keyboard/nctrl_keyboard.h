@@ -17,10 +17,10 @@ class NctrlKeyboard : private KeyPadOwner {
   // Comes up and sends to `target`, or to another text box of the form that has taken the focus
   // since: by Tab or by a finger.
   void showFor(Control& target);
-  void hide();
+  void hide();  // nothing when it is hidden
   bool shown() const { return frame_.visible(); }
 
-  // The parent's part: told true when it has come up and false when BtnEnh1 or hide() hid it.
+  // The parent's part: true when it has come up, false when BtnEnh1 or hide() hid it.
   std::function<void(bool)> shownChanged;
 
  private:

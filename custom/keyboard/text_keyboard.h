@@ -8,6 +8,7 @@ namespace korvane {
 
 class TextKeyboard : private KeyPadOwner {
  public:
+  // The form and the palette must outlive the keyboard.
   TextKeyboard(Form& form, const Palette& palette, KeyPad::Place place)
       : pad_(form, palette, std::move(place), *this) {}
 
@@ -21,8 +22,8 @@ class TextKeyboard : private KeyPadOwner {
   // As a press on the key; the target's form hears Change when the text is another one.
   void press(int code);
 
-  std::function<void()> accepted;  // Enter
-  std::function<void()> hideAsked;
+  std::function<void()> accepted;   // Enter
+  std::function<void()> hideAsked;  // the key Hide
 
  private:
   void keyPressed(int code) override { press(code); }

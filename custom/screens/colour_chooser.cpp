@@ -1,11 +1,11 @@
 #include "custom/screens/colour_chooser.h"
 
-#include "core/dressing.h"
+#include "core/conversions.h"
+#include "custom/screens/setup_rows.h"
 
 namespace korvane {
 namespace {
 
-constexpr unsigned TL = Left | Top;
 constexpr int kColumns = 16, kLeft = 19, kCell = 72, kPitch = 78, kTop = 84, kGreyTop = 560;
 constexpr Colour kWhite = 0xFFFFFF;
 
@@ -16,13 +16,14 @@ constexpr Tone kTones[] = {{0.9, 0.86},  {0.85, 0.7}, {0.9, 0.5},
                            {0.75, 0.36}, {0.5, 0.22}, {0.3, 0.13}};
 
 constexpr InventoryRow kFixed[] = {
-    {"lblTitle", -1, Kind::Label, {24, 12, 1232, 60}, TL, "Element"},
-    {"before", -1, Kind::Frame, {24, 656, 112, 96}, TL, "Colour before"},
-    {"after", -1, Kind::Frame, {136, 656, 200, 96}, TL, "New colour"},
-    {"lblNumber", -1, Kind::Label, {360, 668, 110, 72}, TL, ""},
-    {"txtNumber", -1, Kind::Text, {470, 668, 226, 72}, TL, "Number of the colour"},
-    {"cmdCancel", -1, Kind::Button, {720, 656, 256, 96}, TL, "Cancel"},
-    {"cmdOK", -1, Kind::Button, {1000, 656, 256, 96}, TL, "OK"},
+    setupRow("lblTitle", -1, Kind::Label, {24, 12, 1232, 60}, "Element",
+             {.text = 36, .bold = true}),
+    setupRow("before", -1, Kind::Frame, {24, 656, 112, 96}, "Colour before"),
+    setupRow("after", -1, Kind::Frame, {136, 656, 200, 96}, "New colour"),
+    setupRow("lblNumber", -1, Kind::Label, {360, 668, 110, 72}, "Number"),
+    setupRow("txtNumber", -1, Kind::Text, {470, 668, 226, 72}, "Number of the colour"),
+    setupRow("cmdCancel", -1, Kind::Button, {720, 656, 256, 96}, "Cancel", {.cancels = true}),
+    setupRow("cmdOK", -1, Kind::Button, {1000, 656, 256, 96}, "OK", {.accent = true}),
 };
 
 std::vector<InventoryRow> inventory() {
@@ -31,9 +32,9 @@ std::vector<InventoryRow> inventory() {
     return Rect{kLeft + index % kColumns * kPitch, top + index / kColumns * kPitch, kCell, kCell};
   };
   for (int i = 0; i < kColumns * static_cast<int>(std::size(kTones)); ++i)
-    rows.push_back({"cmdColour", i, Kind::Button, cell(i, kTop), TL, "Colour"});
+    rows.push_back({"cmdColour", i, Kind::Button, cell(i, kTop), Left | Top, "Colour"});
   for (int i = 0; i < kColumns; ++i)
-    rows.push_back({"cmdGrey", i, Kind::Button, cell(i, kGreyTop), TL, "Grey"});
+    rows.push_back({"cmdGrey", i, Kind::Button, cell(i, kGreyTop), Left | Top, "Grey"});
   return rows;
 }
 
@@ -43,10 +44,9 @@ Colour grey(int index) {
   return value << 16 | value << 8 | value;
 }
 
-Colour colourOfCell(const Control& cell) {
-  if (cell.name == "cmdGrey"_L1) return grey(cell.index);
-  const Tone& tone = kTones[cell.index / kColumns];
-  return colourOfHsl(cell.index % kColumns * 360.0 / kColumns, tone.saturation, tone.lightness);
+Colour colourOfCell(int index) {
+  const Tone& tone = kTones[index / kColumns];
+  return colourOfHsl(index % kColumns * 360.0 / kColumns, tone.saturation, tone.lightness);
 }
 
 Colours ground(Colour colour) {
@@ -68,56 +68,39 @@ Colour colourOfHsl(double hue, double saturation, double lightness) {
 }
 
 std::optional<Colour> colourOfText(const QString& text) {
-  const QString told = text.trimmed();
-  bool ok = false;
-  if (told.startsWith(u'#') && told.size() == 7) {
-    const Colour rgb = told.mid(1).toUInt(&ok, 16);
+  const QString typed = trimBlanks(text);
+  if (typed.startsWith(u'#') && typed.size() == 7) {
+    bool ok = false;
+    const Colour rgb = typed.mid(1).toUInt(&ok, 16);
     if (ok) return (rgb & 0xFF) << 16 | (rgb & 0xFF00) | rgb >> 16;
   }
-  const Colour number = told.toUInt(&ok);
-  return ok && number <= kWhite ? std::optional(number) : std::nullopt;
+  const std::optional<double> number = numeric(typed);
+  if (!number || *number < 0 || *number > kWhite || *number != std::floor(*number))
+    return std::nullopt;
+  return static_cast<Colour>(*number);
 }
 
-ColourChooser::ColourChooser(FormHost& host, const Palette& palette, Messages& messages)
-    : host_(host),
-      palette_(palette),
-      messages_(messages),
-      form_(u"frmColor"_s, inventory()),
-      panel_(form_) {
-  panel_.lblTitle->fontUnits = 36;
-  panel_.lblTitle->bold = true;
-  panel_.lblNumber->caption = u"Number"_s;
-  panel_.cmdCancel->caption = u"Cancel"_s;
-  panel_.cmdOK->caption = u"OK"_s;
-  panel_.cmdOK->look.accent = true;
-  for (const char* cells : {"cmdColour", "cmdGrey"})
-    form_.on(QString::fromLatin1(cells), Event::Click,
-             [this](Control& cell, const Event&) { show(colourOfCell(cell)); });
-  form_.on(u"txtNumber", Event::Click, [this](Control&, const Event&) { txtNumber_Click(); });
-  const auto leave = [this](bool confirmed) {
-    confirmed_ = confirmed;
-    host_.hide(form_);
-  };
-  form_.on(u"cmdOK", Event::Click, [leave](Control&, const Event&) { leave(true); });
-  form_.on(u"cmdCancel", Event::Click, [leave](Control&, const Event&) { leave(false); });
-  form_.on(Event::KeyDown, [leave](Control&, const Event& event) {
-    constexpr int kEnter = 13, kEscape = 27;
-    if (event.key == kEnter || event.key == kEscape) leave(event.key == kEnter);
-  });
+ColourChooser::ColourChooser(const DialogUses& dialog)
+    : Dialog(dialog, u"frmColor"_s, inventory()), panel_(form_) {
+  onClick(u"cmdColour", [this](int index) { show(colourOfCell(index)); });
+  onClick(u"cmdGrey", [this](int index) { show(grey(index)); });
+  onClick(u"txtNumber", [this](int) { txtNumber_Click(); });
+  onClick(u"cmdOK", [this](int) { leaveWith(true); });
+  onClick(u"cmdCancel", [this](int) { leaveWith(false); });
 }
 
 std::optional<Colour> ColourChooser::choose(Colour current, const QString& element) {
-  if (form_.shown()) return std::nullopt;
-  dress(form_, palette_);
-  for (const auto& control : form_.controls())
-    if (control->name == "cmdColour"_L1 || control->name == "cmdGrey"_L1)
-      control->colours = ground(colourOfCell(*control));
+  const bool shown = run([&] { Form_Load(current, element); });
+  return shown && confirmed_ ? std::optional(chosen_) : std::nullopt;
+}
+
+void ColourChooser::Form_Load(Colour current, const QString& element) {
+  for (Button* cell : panel_.cmdColour) cell->colours = ground(colourOfCell(cell->index));
+  for (Button* cell : panel_.cmdGrey) cell->colours = ground(grey(cell->index));
   panel_.lblTitle->caption = element;
   panel_.before->colours = ground(current);
   confirmed_ = false;
   show(current);
-  host_.showModal(form_);
-  return confirmed_ ? std::optional(chosen_) : std::nullopt;
 }
 
 void ColourChooser::show(Colour colour) {
@@ -127,11 +110,17 @@ void ColourChooser::show(Colour colour) {
 }
 
 void ColourChooser::txtNumber_Click() {
-  const QString typed = messages_.ask(u"Colour as a number or as #RRGGBB"_s);
+  const QString typed = dialog_.messages.ask(u"Colour as a number or as #RRGGBB"_s);
   if (typed.isEmpty()) return;
   if (const std::optional<Colour> colour = colourOfText(typed)) return show(*colour);
-  messages_.say(u"\"%1\" is no colour. A colour is a number from 0 to 16777215 or #RRGGBB."_s.arg(
-      typed.left(40)));
+  dialog_.messages.say(
+      u"\"%1\" is no colour. A colour is a number from 0 to 16777215 or #RRGGBB."_s.arg(
+          typed.left(40)));
+}
+
+void ColourChooser::leaveWith(bool confirmed) {
+  confirmed_ = confirmed;
+  leave();
 }
 
 }  // namespace korvane

@@ -1,40 +1,35 @@
 // The colour dialog: hues, their tints and shades, sixteen greys, and the number itself.
 #pragma once
 
+#include "core/dialog.h"
 #include "core/form/panel.h"
-#include "core/palette.h"
-#include "core/prompt.h"
 
 namespace korvane {
 
-class ColourChooser {
+class ColourChooser : public Dialog {
  public:
-  ColourChooser(FormHost& host, const Palette& palette, Messages& messages);
+  explicit ColourChooser(const DialogUses& dialog);
 
-  // The colour that was confirmed, beginning with `current`; nothing when cancelled. Yields.
+  // The colour that was confirmed, beginning with `current`; nothing when cancelled, or when it is
+  // on the screen already. `element` is the heading. Yields.
   std::optional<Colour> choose(Colour current, const QString& element);
-
-  Form& form() { return form_; }
 
  private:
   struct Panel : FormPanel {
     using FormPanel::FormPanel;
     Label* lblTitle = bind("lblTitle");
-    Label* lblNumber = bind("lblNumber");
     Frame* before = bind("before");
     Frame* after = bind("after");
     TextBox* txtNumber = bind("txtNumber");
-    Button* cmdCancel = bind("cmdCancel");
-    Button* cmdOK = bind("cmdOK");
+    std::array<Button*, 96> cmdColour = bind("cmdColour");
+    std::array<Button*, 16> cmdGrey = bind("cmdGrey");
   };
 
+  void Form_Load(Colour current, const QString& element);
   void show(Colour colour);
   void txtNumber_Click();
+  void leaveWith(bool confirmed);
 
-  FormHost& host_;
-  const Palette& palette_;
-  Messages& messages_;
-  Form form_;
   Panel panel_;
   Colour chosen_ = 0;
   bool confirmed_ = false;

@@ -5,6 +5,7 @@
 
 namespace korvane {
 
+// The name is that of the keys <name>BACK and <name>FOR of COLORS.INI.
 struct ColourElement {
   const char *name, *label;
 };

@@ -1,33 +1,32 @@
 #include "custom/screens/colour_pick_form.h"
 
-#include "core/dressing.h"
 #include "custom/screens/colour_elements.h"
+#include "custom/screens/setup_rows.h"
 
 namespace korvane {
 namespace {
 
-constexpr unsigned TL = Left | Top;
 constexpr int kColumns = 3;
 
 std::vector<InventoryRow> inventory() {
   constexpr int kTabWidth = 197, kTabPitch = 207, kCell = 404, kRow = 112;
   std::vector<InventoryRow> rows{
-      {"lblTitle", -1, Kind::Label, {24, 16, 1232, 64}, TL, "Colours"},
-      {"cmdEnd", -1, Kind::Button, {968, 664, 288, 88}, TL, "Exit"},
+      titleRow("Korvane Color Selector Version " KORVANE_VERSION, 36),
+      setupRow("cmdEnd", -1, Kind::Button, {968, 664, 288, 88}, "Exit", {.accent = true}),
   };
-  int page = 0, element = 0;
-  for (const ColourPage& told : colourPages()) {
-    rows.push_back(
-        {"TS", page, Kind::Button, {24 + page * kTabPitch, 92, kTabWidth, 84}, TL, told.caption});
-    rows.push_back({"frames", page, Kind::Frame, {24, 188, 1232, 464}, TL, ""});
-    ++page;
+  int number = 0, element = 0;
+  for (const ColourPage& page : colourPages()) {
+    rows.push_back(setupRow("TS", number, Kind::Button,
+                            {24 + number * kTabPitch, 92, kTabWidth, 84}, page.caption));
+    rows.push_back(setupRow("frames", number++, Kind::Frame, {24, 188, 1232, 464}, ""));
   }
-  for (const ColourPage& told : colourPages()) {
-    for (int i = 0; i < static_cast<int>(told.elements.size()); ++i, ++element) {
+  for (const ColourPage& page : colourPages()) {
+    for (int i = 0; i < static_cast<int>(page.elements.size()); ++i, ++element) {
       const int left = 16 + i % kColumns * kCell, top = 16 + i / kColumns * kRow;
-      const char* label = told.elements[static_cast<size_t>(i)].label;
-      rows.push_back({"Text1", element, Kind::Text, {left, top, 120, 96}, TL, label});
-      rows.push_back({"Label1", element, Kind::Label, {left + 132, top, 256, 96}, TL, ""});
+      const char* label = page.elements[static_cast<size_t>(i)].label;
+      rows.push_back(setupRow("Text1", element, Kind::Text, {left, top, 120, 96}, label));
+      rows.push_back(setupRow("Label1", element, Kind::Label, {left + 132, top, 256, 96}, label,
+                              {.wraps = true}));
     }
   }
   return rows;
@@ -35,86 +34,77 @@ std::vector<InventoryRow> inventory() {
 
 }  // namespace
 
-ColourPickForm::ColourPickForm(Uses uses)
-    : uses_(uses),
-      chooser_(uses.host, uses.palette, uses.messages),
-      form_(u"frmColorPick"_s, inventory()) {
+ColourPickForm::ColourPickForm(const Uses& uses)
+    : Dialog(uses.dialog, u"frmColorPick"_s, inventory()),
+      settings_(uses.settings),
+      chooser_(uses.dialog) {
   form_.caption = u"Korvane Color Selector Version "_s + QStringLiteral(KORVANE_VERSION);
-  auto* title = dynamic_cast<Label*>(form_.find(u"lblTitle"));
-  title->caption = form_.caption();
-  title->fontUnits = 36;
-  title->bold = true;
-  auto* end = dynamic_cast<Button*>(form_.find(u"cmdEnd"));
-  end->caption = u"Exit"_s;
-  end->look.accent = true;
-  describe();
-
-  form_.on(u"TS", Event::Click, [this](Control& tab, const Event&) { TS_Click(tab.index); });
-  form_.on(u"Text1", Event::Click, [this](Control& pressed, const Event&) {
-    form_.setFocus(&pressed);
+  bindPages();
+  onClick(u"TS", [this](int page) { TS_Click(page); });
+  onClick(u"Text1", [this](int index) {
+    form_.setFocus(swatches_[static_cast<size_t>(index)].box);
     PicAColor();
   });
-  form_.on(u"cmdEnd", Event::Click, [this](Control&, const Event&) { uses_.host.hide(form_); });
+  onClick(u"cmdEnd", [this](int) { leave(); });
   form_.on(Event::KeyDown, [this](Control&, const Event& event) {
-    constexpr int kF2 = 113, kEscape = 27;
+    constexpr int kF2 = 113;
     if (event.key == kF2) PicAColor();
-    if (event.key == kEscape) uses_.host.hide(form_);
   });
 }
 
-// Every box its element, its label and its page.
-void ColourPickForm::describe() {
-  int page = 0, element = 0;
-  for (const ColourPage& told : colourPages()) {
-    Control* frame = form_.find(u"frames", page);
-    form_.find(u"TS", page++)->caption = QString::fromLatin1(told.caption);
-    for (const ColourElement& each : told.elements) {
-      TextBox& swatch = box(element);
-      auto* label = dynamic_cast<Label*>(form_.find(u"Label1", element++));
-      swatch.container = label->container = frame;
-      swatch.tag = QString::fromLatin1(each.name);
-      label->caption = QString::fromLatin1(each.label);
-      label->wraps = true;
+// Every box its element and its page.
+void ColourPickForm::bindPages() {
+  int number = 0, element = 0;
+  for (const ColourPage& page : colourPages()) {
+    pages_.push_back(
+        {&controlOf<Button>(form_, u"TS", number), &controlOf<Frame>(form_, u"frames", number)});
+    ++number;
+    for (const ColourElement& each : page.elements) {
+      swatches_.push_back({&controlOf<TextBox>(form_, u"Text1", element),
+                           &controlOf<Label>(form_, u"Label1", element)});
+      ++element;
+      const Swatch& swatch = swatches_.back();
+      swatch.box->container = swatch.label->container = pages_.back().frame;
+      swatch.box->tag = QString::fromLatin1(each.name);
     }
   }
 }
 
-TextBox& ColourPickForm::box(int index) {
-  return *dynamic_cast<TextBox*>(form_.find(u"Text1", index));
-}
-
 void ColourPickForm::open() {
-  if (form_.shown()) return;
-  Form_Load();
-  uses_.host.showModal(form_);
+  run([this] { Form_Load(); });
 }
 
 void ColourPickForm::Form_Load() {
-  dress(form_, uses_.palette);
-  for (int i = 0; i <= form_.upperBound(u"Text1"); ++i)
-    box(i).colours = uses_.palette.button(box(i).tag());
+  for (const Swatch& swatch : swatches_)
+    swatch.box->colours = dialog_.palette.button(swatch.box->tag());
   form_.setFocus(nullptr);
   TS_Click(0);
 }
 
 void ColourPickForm::TS_Click(int index) {
-  for (int i = 0; i <= form_.upperBound(u"frames"); ++i) {
-    form_.find(u"frames", i)->visible = i == index;
-    form_.find(u"TS", i)->colours = uses_.palette.button(i == index ? u"Accent" : u"Button");
+  for (const Page& page : pages_) {
+    const bool open = page.tab->index == index;
+    page.frame->visible = open;
+    page.tab->colours = dialog_.palette.button(open ? u"Accent" : u"Button");
   }
 }
 
 void ColourPickForm::PicAColor() {
   auto* active = dynamic_cast<TextBox*>(form_.focus());
   if (!active) return;
-  const QString element = active->tag().trimmed();
-  const std::optional<Colour> chosen = chooser_.choose(
-      active->colours().back.value_or(0), form_.find(u"Label1", active->index)->caption());
+  const Label& label = *swatches_[static_cast<size_t>(active->index)].label;
+  const std::optional<Colour> chosen =
+      chooser_.choose(active->colours().back.value_or(0), label.caption());
   if (!chosen) return;
+  const QString key = trimBlanks(active->tag()) + u"BACK"_s;
+  QString error;
+  if (!settings_.writeSetting(u"COLORS", key, QString::number(*chosen), &error)) {
+    dialog_.messages.say(error);
+    return;
+  }
   Colours both;
   both.back = both.fore = *chosen;
   active->colours = both;
-  uses_.settings.writeSetting(u"COLORS", element + u"BACK"_s, QString::number(*chosen));
 }
 
 }  // namespace korvane

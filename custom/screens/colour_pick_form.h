@@ -6,31 +6,39 @@
 
 namespace korvane {
 
-class ColourPickForm {
+class ColourPickForm : public Dialog {
  public:
   struct Uses {
-    FormHost& host;
-    const Palette& palette;
+    DialogUses dialog;
     Settings& settings;
-    Messages& messages;
   };
-  explicit ColourPickForm(Uses uses);
+  explicit ColourPickForm(const Uses& uses);
 
-  void open();       // Yields.
-  void PicAColor();  // for the active box: its colour from the dialog. Yields.
+  void open();  // Yields.
+  // For the active box: its colour from the dialog. One that cannot be stored is not taken, and a
+  // message says why. Yields.
+  void PicAColor();
 
-  Form& form() { return form_; }
   ColourChooser& chooser() { return chooser_; }
 
  private:
-  void describe();
+  struct Swatch {
+    TextBox* box;  // its Tag is the element
+    Label* label;
+  };
+  struct Page {
+    Button* tab;
+    Frame* frame;
+  };
+
+  void bindPages();
   void Form_Load();
   void TS_Click(int index);
-  TextBox& box(int index);
 
-  Uses uses_;
+  Settings& settings_;
   ColourChooser chooser_;
-  Form form_;
+  std::vector<Page> pages_;
+  std::vector<Swatch> swatches_;  // by the index of their controls
 };
 
 }  // namespace korvane

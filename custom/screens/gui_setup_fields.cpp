@@ -1,15 +1,22 @@
 #include "custom/screens/gui_setup_fields.h"
 
+#include "core/form/panel.h"
+#include "custom/screens/setup_rows.h"
+
 namespace korvane {
 namespace {
 
-constexpr unsigned TL = Left | Top;
 using enum SetupGroup;
 
-constexpr SetupPage kPages[] = {
-    {"Network"}, {"Air Show"}, {"Music and movies"}, {"X10"}, {"Maps and camera"}};
+constexpr const char* kPages[] = {"Network", "Air Show", "Music and movies", "X10",
+                                  "Maps and camera"};
 
-constexpr SetupFrame kFrames[] = {
+struct FrameRow {
+  SetupGroup group;
+  const char *control, *caption;
+  int page;  // of the array cmdPage
+};
+constexpr FrameRow kFrames[] = {
     {Nic, "fraNic", "Multi NIC Card Setup", 0},
     {Master, "fraMaster", "Master Listener", 0},
     {AirShow, "fraAirShow", "Air Show Server", 1},
@@ -20,7 +27,16 @@ constexpr SetupFrame kFrames[] = {
     {Camera, "fraCamera", "Camera", 4},
 };
 
-constexpr SetupField kFields[] = {
+// One control of a group. A text has its caption in a label beside it.
+struct Field {
+  SetupGroup group;
+  const char* control;
+  int index;
+  Kind kind;
+  const char* caption;
+  int row, column = 0, columns = 1;
+};
+constexpr Field kFields[] = {
     {Nic, "txtNIC", -1, Kind::Text, "Network card", 0, 0, 2},
     {Nic, "cmdMulti", -1, Kind::Button, "Select", 0, 2, 1},
     {Master, "txtMaster", 0, Kind::Text, "IP", 0, 0, 3},
@@ -71,7 +87,7 @@ constexpr int kFirstTop = 96, kFirstRow = 64, kRow = 84, kHeight = 72, kGap = 16
 constexpr int kCaption = 240;  // width of a text's label
 
 // Cell of a field within its frame: three to a row, or two where a field spans none.
-Rect cell(const SetupField& field) {
+Rect cell(const Field& field) {
   const int across = field.columns == 0 ? 2 : 3, spans = std::max(field.columns, 1);
   const int width = (kWidth - 2 * kPad - kGap * (across - 1)) / across;
   return {kPad + field.column * (width + kGap), kFirstRow + field.row * kRow,
@@ -79,37 +95,26 @@ Rect cell(const SetupField& field) {
 }
 
 const char* frameOf(SetupGroup group) {
-  return std::ranges::find(kFrames, group, &SetupFrame::group)->control;
+  return std::ranges::find(kFrames, group, &FrameRow::group)->control;
 }
 
-void addField(std::vector<InventoryRow>& rows, const SetupField& field, int label) {
+void addField(std::vector<InventoryRow>& rows, const Field& field, int label) {
   Rect place = cell(field);
+  const auto add = [&](InventoryRow row) {
+    row.container = frameOf(field.group);
+    rows.push_back(row);
+  };
   if (field.kind == Kind::Text) {
-    rows.push_back({"lblField",
-                    label,
-                    Kind::Label,
-                    {place.left, place.top, kCaption, place.height},
-                    TL,
-                    "",
-                    frameOf(field.group)});
+    add(setupRow("lblField", label, Kind::Label, {place.left, place.top, kCaption, place.height},
+                 field.caption));
     place.left += kCaption;
     place.width -= kCaption;
   }
-  rows.push_back(
-      {field.control, field.index, field.kind, place, TL, field.caption, frameOf(field.group)});
+  add(setupRow(field.control, field.index, field.kind, place, field.caption));
 }
 
 }  // namespace
 
-std::span<const SetupPage> setupPages() {
-  return kPages;
-}
-std::span<const SetupFrame> setupFrames() {
-  return kFrames;
-}
-std::span<const SetupField> setupFields() {
-  return kFields;
-}
 std::span<const SetupText> setupTexts() {
   return kTexts;
 }
@@ -117,39 +122,53 @@ std::span<const SetupText> setupTexts() {
 std::vector<InventoryRow> guiSetupInventory() {
   constexpr int kRail = 24, kRailWidth = 296;
   std::vector<InventoryRow> rows{
-      {"lblTitle", -1, Kind::Label, {kRail, 16, 800, 64}, TL, "Setup"},
-      {"cmdGeneral", -1, Kind::Button, {kRail, 576, kRailWidth, 76}, TL, "General Setup"},
-      {"cmdColor", -1, Kind::Button, {kRail, 664, kRailWidth, 88}, TL, "Color setup"},
-      {"cmdSync", -1, Kind::Button, {344, 664, 288, 88}, TL, "Sync Home and Car Systems"},
-      {"cmdCmd", 0, Kind::Button, {968, 664, 288, 88}, TL, "Save"},
-      {"cmdCmd", 1, Kind::Button, {664, 664, 288, 88}, TL, "Cancel"},
+      titleRow("Setup"),
+      setupRow("cmdGeneral", -1, Kind::Button, {kRail, 576, kRailWidth, 76}, "General Setup"),
+      setupRow("cmdColor", -1, Kind::Button, {kRail, 664, kRailWidth, 88}, "Color setup"),
+      setupRow("cmdSync", -1, Kind::Button, {344, 664, 288, 88}, "Sync Home and Car Systems"),
+      setupRow("cmdCmd", 0, Kind::Button, {968, 664, 288, 88}, "Save", {.accent = true}),
+      setupRow("cmdCmd", 1, Kind::Button, {664, 664, 288, 88}, "Cancel", {.cancels = true}),
   };
-  int top = 96;
-  for (int i = 0; i < static_cast<int>(std::size(kPages)); ++i, top += 92)
+  int number = 0;
+  for (const char* page : kPages) {
     rows.push_back(
-        {"cmdPage", i, Kind::Button, {kRail, top, kRailWidth, 80}, TL, kPages[i].caption});
-  for (const SetupFrame& frame : kFrames)
-    rows.push_back(
-        {frame.control, -1, Kind::Frame, {kLeft, kFirstTop, kWidth, kFirstRow}, TL, frame.caption});
+        setupRow("cmdPage", number, Kind::Button, {kRail, 96 + number * 92, kRailWidth, 80}, page));
+    ++number;
+  }
+  for (const FrameRow& frame : kFrames)
+    rows.push_back(setupRow(frame.control, -1, Kind::Frame, {kLeft, kFirstTop, kWidth, kFirstRow},
+                            frame.caption));
   int label = 0;
-  for (const SetupField& field : kFields) addField(rows, field, label++);
+  for (const Field& field : kFields) addField(rows, field, label++);
   return rows;
 }
 
-void stackSetupFrames(const Form& form) {
+SetupFrames::SetupFrames(const Form& form) {
+  for (const FrameRow& frame : kFrames) {
+    Placed& placed = frames_.emplace_back(
+        &controlOf<Frame>(form, QString::fromLatin1(frame.control)), frame.page);
+    for (const Field& field : kFields)
+      if (field.group == frame.group)
+        placed.fields.emplace_back(
+            &controlOf<Control>(form, QString::fromLatin1(field.control), field.index), field.row);
+  }
+}
+
+void SetupFrames::stack() const {
   std::array<int, std::size(kPages)> tops;
   tops.fill(kFirstTop);
-  for (const SetupFrame& frame : kFrames) {
+  for (const Placed& each : frames_) {
     int rows = 0;
-    for (const SetupField& field : kFields) {
-      const Control* control = form.find(QString::fromLatin1(field.control), field.index);
-      if (field.group == frame.group && control->visible()) rows = std::max(rows, field.row + 1);
-    }
-    Control* box = form.find(QString::fromLatin1(frame.control));
-    int& top = tops[static_cast<size_t>(frame.page)];
-    box->rect = Rect{kLeft, top, kWidth, kFirstRow + rows * kRow + 8};
-    top = box->rect().bottom() + kGap;
+    for (const auto& [control, row] : each.fields)
+      if (control->visible()) rows = std::max(rows, row + 1);
+    int& top = tops[static_cast<size_t>(each.page)];
+    each.frame->rect = Rect{kLeft, top, kWidth, kFirstRow + rows * kRow + 8};
+    top = each.frame->rect().bottom() + kGap;
   }
+}
+
+void SetupFrames::show(int page) const {
+  for (const Placed& each : frames_) each.frame->visible = each.page == page;
 }
 
 }  // namespace korvane

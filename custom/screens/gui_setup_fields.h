@@ -8,29 +8,6 @@ namespace korvane {
 
 enum class SetupGroup { Nic, Master, AirShow, Music, Movies, X10, Maps, Camera };
 
-struct SetupFrame {
-  SetupGroup group;
-  const char *control, *caption;
-  int page;  // of the array cmdPage
-};
-std::span<const SetupFrame> setupFrames();
-
-struct SetupPage {
-  const char* caption;
-};
-std::span<const SetupPage> setupPages();
-
-// One control of a group. A text has its caption in a label beside it.
-struct SetupField {
-  SetupGroup group;
-  const char* control;
-  int index;
-  Kind kind;
-  const char* caption;
-  int row, column = 0, columns = 1;
-};
-std::span<const SetupField> setupFields();
-
 // The texts and where they are stored, in the order of the save.
 struct SetupText {
   const char* control;
@@ -43,7 +20,22 @@ std::span<const SetupText> setupTexts();
 
 std::vector<InventoryRow> guiSetupInventory();
 
-// Lays the frames of each page below one another, each as high as what is visible in it.
-void stackSetupFrames(const Form& form);
+// The frames of the groups on their pages.
+class SetupFrames {
+ public:
+  explicit SetupFrames(const Form& form);  // made of guiSetupInventory(); it must outlive this
+
+  // Lays the frames of each page below one another, each as high as what is visible in it.
+  void stack() const;
+  void show(int page) const;  // those of this page alone
+
+ private:
+  struct Placed {
+    Frame* frame;
+    int page;
+    std::vector<std::pair<Control*, int>> fields{};  // with their rows in the frame
+  };
+  std::vector<Placed> frames_;
+};
 
 }  // namespace korvane

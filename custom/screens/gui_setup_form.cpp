@@ -1,6 +1,5 @@
 #include "custom/screens/gui_setup_form.h"
 
-#include "core/dressing.h"
 #include "core/tab_controller.h"
 
 namespace korvane {
@@ -18,93 +17,63 @@ void choose(const std::array<Check*, 2>& pair, bool first) {
 
 }  // namespace
 
-GuiSetupForm::GuiSetupForm(SetupGeneralForm::Uses uses)
-    : uses_(uses), general_(uses), form_(u"frmGuiSetup"_s, guiSetupInventory()), panel_(form_) {
-  captions();
+GuiSetupForm::GuiSetupForm(const SetupGeneralForm::Uses& uses)
+    : Dialog(uses.dialog, u"frmGuiSetup"_s, guiSetupInventory()),
+      uses_(uses),
+      general_(uses),
+      panel_(form_),
+      frames_(form_),
+      pCamera_(controlOf<Image>(uses.main, u"pCamera")) {
+  for (const SetupText& text : setupTexts())
+    fields_.push_back(
+        {text, &controlOf<TextBox>(form_, QString::fromLatin1(text.control), text.index)});
   handlers();
-  stackSetupFrames(form_);
-}
-
-void GuiSetupForm::captions() {
-  title(*panel_.lblTitle, u"Setup"_s);
-  panel_.cmdGeneral->caption = u"General Setup"_s;
-  panel_.cmdColor->caption = u"Color setup"_s;
-  panel_.cmdSync->caption = u"Sync Home and Car Systems"_s;
-  panel_.cmdCmd[0]->caption = u"Save"_s;
-  panel_.cmdCmd[0]->look.accent = true;
-  panel_.cmdCmd[1]->caption = u"Cancel"_s;
-  for (size_t i = 0; i < panel_.cmdPage.size(); ++i)
-    panel_.cmdPage[i]->caption = QString::fromLatin1(setupPages()[i].caption);
-  for (const SetupFrame& frame : setupFrames())
-    form_.find(QString::fromLatin1(frame.control))->caption = QString::fromLatin1(frame.caption);
-  int label = 0;
-  for (const SetupField& field : setupFields()) {
-    Control* beside = form_.find(u"lblField", label++);
-    Control* own = form_.find(QString::fromLatin1(field.control), field.index);
-    (beside ? beside : own)->caption = QString::fromLatin1(field.caption);
-  }
+  frames_.stack();
 }
 
 void GuiSetupForm::handlers() {
-  const auto onClick = [this](const QString& control, auto handler) {
-    form_.on(control, Event::Click,
-             [handler](Control& pressed, const Event&) { handler(pressed); });
-  };
-  onClick(u"cmdPage"_s, [this](Control& page) { cmdPage_Click(page.index); });
-  onClick(u"cmdCmd"_s, [this](Control& command) { cmdCmd_Click(command.index); });
-  onClick(u"cmdGeneral"_s, [this](Control&) { general_.open(); });
+  onClick(u"cmdPage", [this](int page) { cmdPage_Click(page); });
+  onClick(u"cmdCmd", [this](int command) { cmdCmd_Click(command); });
+  onClick(u"cmdGeneral", [this](int) { general_.open(); });
   for (const char* door : {"cmdMulti", "cmdColor", "cmdCamera", "cmdSync", "cmdExportFavoriates"})
-    onClick(QString::fromLatin1(door), [this](Control& pressed) { doors_->open(pressed); });
-  onClick(u"optIntListen"_s, [this](Control& c) { choose(panel_.optIntListen, c.index == 0); });
-  onClick(u"optIntListenM"_s, [this](Control& c) { choose(panel_.optIntListenM, c.index == 0); });
-  onClick(u"optControls"_s, [this](Control& chosen) {
-    panel_.optControls[chosen.index == 0 ? 1 : 0]->checked = false;
-  });
+    form_.on(QString::fromLatin1(door), Event::Click,
+             [this](Control& pressed, const Event&) { doors_->open(pressed); });
+  onClick(u"optIntListen", [this](int option) { choose(panel_.optIntListen, option == 0); });
+  onClick(u"optIntListenM", [this](int option) { choose(panel_.optIntListenM, option == 0); });
+  onClick(u"optControls",
+          [this](int option) { panel_.optControls[option == 0 ? 1 : 0]->checked = false; });
   for (const char* name :
        {"txtNIC", "txtAirShow", "txtMaster", "txtX10", "txtCameraDevice", "txtVideoFormat"})
-    onClick(QString::fromLatin1(name), [this](Control& pressed) {
-      for (const SetupText& text : setupTexts())
-        if (&box(text) == &pressed) askInto(text);
+    form_.on(QString::fromLatin1(name), Event::Click, [this](Control& pressed, const Event&) {
+      const auto field = std::ranges::find(fields_, &pressed, &Field::box);
+      askInto(*field->box, QString::fromLatin1(field->text.prompt));
     });
-  form_.on(Event::KeyDown, [this](Control&, const Event& event) {
-    constexpr int kEscape = 27;
-    if (event.key == kEscape) cmdCmd_Click(1);
-  });
 }
 
 void GuiSetupForm::open() {
-  if (form_.shown()) return;
-  Form_Load();
-  uses_.host.showModal(form_);
+  run([this] { Form_Load(); });
 }
 
 void GuiSetupForm::chooseNic(NicForm& nic) {
   panel_.txtNIC->text = nic.choose(panel_.txtNIC->text());
 }
 
-TextBox& GuiSetupForm::box(const SetupText& text) {
-  return *dynamic_cast<TextBox*>(form_.find(QString::fromLatin1(text.control), text.index));
-}
-
 void GuiSetupForm::Form_Load() {
   const Settings& settings = uses_.settings;
-  dress(form_, uses_.palette);
-  for (const SetupText& text : setupTexts()) {
-    const QString stored = settings.raw(text.key);
-    const bool shown = !text.whenNotSet || stored.trimmed() != "NO"_L1;
+  for (const auto& [text, box] : fields_) {
     const bool trimmed = is(text.control, "txtMaster");
-    box(text).text = !shown    ? QString::fromLatin1(text.whenNotSet)
-                     : trimmed ? stored.trimmed()
-                               : stored;
+    const QString stored = trimmed ? settings.str(text.key) : settings.raw(text.key);
+    box->text =
+        text.whenNotSet && stored == "NO"_L1 ? QString::fromLatin1(text.whenNotSet) : stored;
   }
   choose(panel_.optIntListen, settings.flag(key::LOCALLISTENER));
   choose(panel_.optIntListenM, settings.flag(key::MovieListener));
   panel_.chkShowX10->checked = settings.upper(key::X10) == "YES"_L1;
   panel_.optControls[0]->checked = settings.flag(key::Premise);
   panel_.optControls[1]->checked = settings.flag(key::TV);
-  panel_.ckRadio->checked = settings.str(key::Radio) == "1"_L1;
-  panel_.chkMap->checked = settings.str(key::Maps) == "1"_L1;
-  panel_.chkCamera->checked = settings.str(key::Camera) == "1"_L1;
+  panel_.ckRadio->checked = settings.flag(key::Radio);
+  panel_.chkMap->checked = settings.flag(key::Maps);
+  panel_.chkCamera->checked = settings.flag(key::Camera);
   general_.load();
   showDoors();
   cmdPage_Click(0);
@@ -114,52 +83,43 @@ void GuiSetupForm::showDoors() {
   for (Control* door : {panel_.cmdMulti, panel_.cmdColor, panel_.cmdCamera, panel_.cmdSync,
                         panel_.cmdExportFavoriates[0], panel_.cmdExportFavoriates[1]})
     door->visible = doors_->find(*door) != nullptr;
-  stackSetupFrames(form_);
+  frames_.stack();
 }
 
 void GuiSetupForm::cmdPage_Click(int index) {
-  for (const SetupFrame& frame : setupFrames())
-    form_.find(QString::fromLatin1(frame.control))->visible = frame.page == index;
+  frames_.show(index);
   for (Button* page : panel_.cmdPage)
-    page->colours = uses_.palette.button(page->index == index ? u"Accent" : u"Button");
+    page->colours = dialog_.palette.button(page->index == index ? u"Accent" : u"Button");
 }
 
 void GuiSetupForm::cmdCmd_Click(int index) {
   const bool stays = index == 0 && !save();
-  if (!stays) uses_.host.hide(form_);
-}
-
-void GuiSetupForm::askInto(const SetupText& text) {
-  const QString typed = uses_.messages.ask(QString::fromLatin1(text.prompt));
-  if (!typed.isEmpty()) box(text).text = typed;
-}
-
-void GuiSetupForm::write(const SettingKey& key, const char* value) {
-  uses_.settings.write(key, QString::fromLatin1(value));
+  if (!stays) leave();
 }
 
 bool GuiSetupForm::save() {
   if (panel_.ckRadio->checked() && panel_.chkMap->checked()) {
-    uses_.messages.say(u"You cannot have maps AND Radio on, choose one or the other or  none."_s);
+    dialog_.messages.say(u"You cannot have maps AND Radio on, choose one or the other or  none."_s);
     return false;
   }
-  saveTexts("txtNIC", "txtMaster");
-  applyMasterListener();
-  saveListeners();
-  saveX10();
-  general_.save();
-  saveMaps();
-  return true;
+  SettingsToSave settings(uses_.settings);
+  saveTexts(settings, "txtNIC", "txtMaster");
+  if (settings.good()) applyMasterListener();
+  saveListeners(settings);
+  saveX10(settings);
+  general_.save(settings);
+  saveMaps(settings);
+  if (!settings.good()) dialog_.messages.say(settings.error());
+  return settings.good();
 }
 
-// The texts from the first control of that name to the last one of the other.
-void GuiSetupForm::saveTexts(const char* first, const char* last) {
+void GuiSetupForm::saveTexts(SettingsToSave& settings, const char* first, const char* last) {
   bool within = false, ending = false;
-  for (const SetupText& text : setupTexts()) {
+  for (const auto& [text, box] : fields_) {
     within = within || is(text.control, first);
     if (ending && !is(text.control, last)) return;
     ending = ending || is(text.control, last);
-    if (within) uses_.settings.write(text.key, box(text).text());
+    if (within) settings.write(text.key, box->text());
   }
 }
 
@@ -167,8 +127,8 @@ void GuiSetupForm::applyMasterListener() {
   AppState& state = uses_.state;
   const auto adopt = [&](QString& kept, const SettingKey& key) {
     const QString stored = uses_.settings.str(key);
-    const auto told = [](const QString& text) { return text == "NO"_L1 ? QString() : text; };
-    const bool changed = told(stored) != told(kept);
+    const auto named = [](const QString& text) { return text == "NO"_L1 ? QString() : text; };
+    const bool changed = named(stored) != named(kept);
     if (changed) kept = stored;
     return changed;
   };
@@ -178,31 +138,34 @@ void GuiSetupForm::applyMasterListener() {
   if (ip || port || name) uses_.parts.restartMasterListener();
 }
 
-void GuiSetupForm::saveListeners() {
+void GuiSetupForm::saveListeners(SettingsToSave& settings) {
   AppState& state = uses_.state;
-  write(key::LOCALLISTENER, panel_.optIntListen[0]->checked() ? "1" : "0");
-  state.gMovieListener = panel_.optIntListenM[0]->checked();
-  write(key::MovieListener, state.gMovieListener ? "1" : "0");
-  if (!state.gMovieListener && state.gMovieType == MovieType::ListenerDvd)
+  const bool movieListener = panel_.optIntListenM[0]->checked();
+  settings.write(key::LOCALLISTENER, panel_.optIntListen[0]->checked() ? u"1"_s : u"0"_s);
+  settings.write(key::MovieListener, movieListener ? u"1"_s : u"0"_s);
+  if (!settings.good()) return;
+  state.gMovieListener = movieListener;
+  if (!movieListener && state.gMovieType == MovieType::ListenerDvd)
     state.gMovieType = MovieType::Dvd;
   uses_.parts.closeMovieConnection();
 }
 
-void GuiSetupForm::saveX10() {
-  write(key::X10, panel_.chkShowX10->checked() ? "YES" : "NO");
-  saveTexts("txtX10", "txtX10");
-  write(key::Premise, panel_.optControls[0]->checked() ? "YES" : "NO");
-  write(key::TV, panel_.optControls[1]->checked() ? "YES" : "NO");
+void GuiSetupForm::saveX10(SettingsToSave& settings) {
+  settings.write(key::X10, panel_.chkShowX10->checked() ? u"YES"_s : u"NO"_s);
+  saveTexts(settings, "txtX10", "txtX10");
+  settings.write(key::Premise, panel_.optControls[0]->checked() ? u"YES"_s : u"NO"_s);
+  settings.write(key::TV, panel_.optControls[1]->checked() ? u"YES"_s : u"NO"_s);
 }
 
-void GuiSetupForm::saveMaps() {
-  write(key::Maps, panel_.chkMap->checked() ? "1" : "0");
-  write(key::Radio, panel_.ckRadio->checked() ? "1" : "0");
-  write(key::Camera, panel_.chkCamera->checked() ? "1" : "0");
-  uses_.state.gCamera = panel_.chkCamera->checked();
-  if (Control* camera = uses_.main.find(u"pCamera"))  // it lies on the Main tab alone
-    camera->visible = uses_.state.gCamera && uses_.state.currentTab == kMainTab;
-  saveTexts("txtCameraDevice", "txtVideoFormat");
+void GuiSetupForm::saveMaps(SettingsToSave& settings) {
+  const bool camera = panel_.chkCamera->checked();
+  settings.write(key::Maps, panel_.chkMap->checked() ? u"1"_s : u"0"_s);
+  settings.write(key::Radio, panel_.ckRadio->checked() ? u"1"_s : u"0"_s);
+  settings.write(key::Camera, camera ? u"1"_s : u"0"_s);
+  saveTexts(settings, "txtCameraDevice", "txtVideoFormat");
+  if (!settings.good()) return;
+  uses_.state.gCamera = camera;
+  pCamera_.visible = camera && uses_.state.currentTab == kMainTab;  // it lies on that tab alone
 }
 
 }  // namespace korvane

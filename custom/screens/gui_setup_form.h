@@ -1,7 +1,6 @@
 // frmGuiSetup: the advanced page of setup. Nothing is stored before Save.
 #pragma once
 
-#include "core/form/panel.h"
 #include "core/screen_doors.h"
 #include "custom/screens/gui_setup_fields.h"
 #include "custom/screens/nic_form.h"
@@ -9,10 +8,10 @@
 
 namespace korvane {
 
-class GuiSetupForm {
+class GuiSetupForm : public Dialog {
  public:
   // The uses of its sub-page are its own too.
-  explicit GuiSetupForm(SetupGeneralForm::Uses uses);
+  explicit GuiSetupForm(const SetupGeneralForm::Uses& uses);
 
   // Which buttons lead somewhere: cmdMulti, cmdColor, cmdCamera, cmdSync, cmdExportFavoriates(0,
   // 1).
@@ -22,16 +21,12 @@ class GuiSetupForm {
   void open();                   // Yields.
   void chooseNic(NicForm& nic);  // into txtNIC. Yields.
 
-  Form& form() { return form_; }
   SetupGeneralForm& general() { return general_; }
 
  private:
   struct Panel : FormPanel {
     using FormPanel::FormPanel;
-    Label* lblTitle = bind("lblTitle");
-    std::array<Button*, 2> cmdCmd = bind("cmdCmd");
     std::array<Button*, 5> cmdPage = bind("cmdPage");
-    Button* cmdGeneral = bind("cmdGeneral");
     Button* cmdColor = bind("cmdColor");
     Button* cmdSync = bind("cmdSync");
     Button* cmdMulti = bind("cmdMulti");
@@ -47,27 +42,32 @@ class GuiSetupForm {
     Check* chkCamera = bind("chkCamera");
   };
 
-  void captions();
+  struct Field {
+    const SetupText& text;
+    TextBox* box;
+  };
+
   void handlers();
   void Form_Load();
   void cmdPage_Click(int index);
   void cmdCmd_Click(int index);
-  void askInto(const SetupText& text);
   void showDoors();
 
-  bool save();  // false when refused. Yields.
-  void saveTexts(const char* first, const char* last);
+  // False when it is refused or something cannot be stored, which is said. Yields.
+  bool save();
+  // The texts from the first control of that name to the last one of the other.
+  void saveTexts(SettingsToSave& settings, const char* first, const char* last);
   void applyMasterListener();
-  void saveListeners();
-  void saveX10();
-  void saveMaps();
-  TextBox& box(const SetupText& text);
-  void write(const SettingKey& key, const char* value);
+  void saveListeners(SettingsToSave& settings);
+  void saveX10(SettingsToSave& settings);
+  void saveMaps(SettingsToSave& settings);
 
   SetupGeneralForm::Uses uses_;
   SetupGeneralForm general_;
-  Form form_;
   Panel panel_;
+  SetupFrames frames_;
+  std::vector<Field> fields_;  // as setupTexts()
+  Image& pCamera_;             // of the main form
   static inline const ScreenDoors kNone{};
   const ScreenDoors* doors_ = &kNone;
 };

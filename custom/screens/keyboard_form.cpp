@@ -9,9 +9,25 @@ constexpr int kBareHeight = 360, kScreen = 768, kGap = 8;
 
 constexpr InventoryRow kKeyboard[] = {
     {"framKeyBoard", -1, Kind::Frame, {0, 0, 1280, 768}, Left | Top | Right | Bottom, ""},
-    {"lblMsg", -1, Kind::Label, {32, 20, 1216, 60}, Left | Top | Right, "Prompt"},
+    {"lblMsg",
+     -1,
+     Kind::Label,
+     {32, 20, 1216, 60},
+     Left | Top | Right,
+     "Prompt",
+     "",
+     true,
+     {.text = 36}},
     {"txtInput", -1, Kind::Text, {16, 92, 1040, 84}, Left | Top | Right, "Text"},
-    {"cmdCancel", -1, Kind::Button, {1072, 92, 192, 84}, Right | Top, "Cancel"},
+    {"cmdCancel",
+     -1,
+     Kind::Button,
+     {1072, 92, 192, 84},
+     Right | Top,
+     "Cancel",
+     "",
+     true,
+     {.caption = "Cancel"}},
     {"KEY", 0, Kind::Button, {}, Left | Top, "", "framKeyBoard", false},
     {"BUBBLE", 0, Kind::Frame, {}, Left | Top, "", "framKeyBoard", false},
     {"VARIANT", 0, Kind::Button, {}, Left | Top, "", "framKeyBoard", false},
@@ -69,8 +85,6 @@ KeyboardForm::KeyboardForm(FormHost& host, const Palette& palette)
       keys_(form_, palette, place()),
       bare_(u"frmKeyboard"_s, kBare, {0, 0, 1280, kBareHeight}, FormRole::Floating),
       bareKeys_(bare_, palette, barePlace()) {
-  panel_.cmdCancel->caption = u"Cancel"_s;
-  panel_.lblMsg->fontUnits = 36;
   setLayout(usKeyboard());
   keys_.accepted = [this] { accept(); };
   bare_.observe(this);

@@ -11,7 +11,7 @@ namespace korvane {
 
 class KeyboardForm : public LinePrompt, private FormObserver {
  public:
-  KeyboardForm(FormHost& host, const Palette& palette);
+  KeyboardForm(FormHost& host, const Palette& palette);  // both must outlive it
   ~KeyboardForm() override;
 
   void setLayout(const KeyboardLayout& layout);

@@ -1,56 +1,45 @@
 #include "custom/screens/nic_form.h"
 
-#include "core/dressing.h"
+#include "custom/screens/setup_rows.h"
 
 namespace korvane {
 namespace {
 
-constexpr unsigned TL = Left | Top;
-
 constexpr InventoryRow kNic[] = {
-    {"lblTitle", -1, Kind::Label, {24, 16, 1232, 64}, TL, "Multi NIC Card Setup"},
-    {"Label1", -1, Kind::Label, {24, 96, 1232, 56}, TL, "Click on one of the available IP's"},
-    {"optNic", 0, Kind::Check, {40, 176, 800, 96}, TL, "Any address"},
-    {"optNic", 1, Kind::Check, {40, 288, 800, 96}, TL, "First address"},
-    {"optNic", 2, Kind::Check, {40, 400, 800, 96}, TL, "Second address"},
-    {"optNic", 3, Kind::Check, {40, 512, 800, 96}, TL, "Third address"},
-    {"cmdOK", -1, Kind::Button, {1000, 648, 256, 96}, TL, "OK"},
+    titleRow("Multi NIC Card Setup"),
+    setupRow("Label1", -1, Kind::Label, {24, 96, 1232, 56}, "Click on one of the available IP's ",
+             {.text = 30}),
+    setupRow("optNic", 0, Kind::Check, {40, 176, 800, 96}, "Any address"),
+    setupRow("optNic", 1, Kind::Check, {40, 288, 800, 96}, "First address"),
+    setupRow("optNic", 2, Kind::Check, {40, 400, 800, 96}, "Second address"),
+    setupRow("optNic", 3, Kind::Check, {40, 512, 800, 96}, "Third address"),
+    setupRow("cmdOK", -1, Kind::Button, {1000, 648, 256, 96}, "OK", {.accent = true}),
 };
 
 }  // namespace
 
-NicForm::NicForm(FormHost& host, const Palette& palette, const Network& network)
-    : host_(host), palette_(palette), network_(network), form_(u"frmNic"_s, kNic), panel_(form_) {
-  title(*panel_.lblTitle, u"Multi NIC Card Setup"_s);
-  panel_.Label1->caption = u"Click on one of the available IP's "_s;
-  panel_.Label1->fontUnits = 30;
-  panel_.cmdOK->caption = u"OK"_s;
-  panel_.cmdOK->look.accent = true;
-  form_.on(u"optNic", Event::Click, [this](Control& control, const Event&) {
-    mark(*panel_.optNic[static_cast<size_t>(control.index)]);
-  });
-  form_.on(u"cmdOK", Event::Click, [this](auto&, auto&) { host_.hide(form_); });
+NicForm::NicForm(const DialogUses& dialog, const Network& network)
+    : Dialog(dialog, u"frmNic"_s, kNic), network_(network), panel_(form_) {
+  onClick(u"optNic", [this](int index) { mark(index); });
+  onClick(u"cmdOK", [this](int) { leave(); });
 }
 
 void NicForm::Form_Load(const QString& stored) {
-  dress(form_, palette_);
   const QStringList captions = QStringList{u"Any"_s} + network_.localIPAddresses();
-  for (size_t i = 0; i < kOptions; ++i) {
-    Check& option = *panel_.optNic[i];
-    option.caption = captions.value(static_cast<qsizetype>(i));
-    option.visible = !option.caption().isEmpty();
-    option.checked = option.visible() && option.caption().compare(stored, Qt::CaseInsensitive) == 0;
+  for (Check* option : panel_.optNic) {
+    option->caption = captions.value(option->index);
+    option->visible = !option->caption().isEmpty();
+    option->checked =
+        option->visible() && option->caption().compare(stored, Qt::CaseInsensitive) == 0;
   }
 }
 
-void NicForm::mark(const Check& chosen) {
-  for (Check* option : panel_.optNic) option->checked = option == &chosen;
+void NicForm::mark(int index) {
+  for (Check* option : panel_.optNic) option->checked = option->index == index;
 }
 
 QString NicForm::choose(const QString& stored) {
-  if (form_.shown()) return stored;
-  Form_Load(stored);
-  host_.showModal(form_);
+  if (!run([&] { Form_Load(stored); })) return stored;
   for (const Check* option : panel_.optNic)
     if (option->checked()) return option->caption();
   return stored;

@@ -18,7 +18,7 @@ class SetupAccess {
   };
   explicit SetupAccess(Uses uses) : uses_(uses) {}
 
-  // Yields.
+  // Nothing while controls are moved; ends in silence on a wrong password. Yields.
   void cmdSetup_Click();
 
  private:

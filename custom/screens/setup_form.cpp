@@ -1,41 +1,40 @@
 #include "custom/screens/setup_form.h"
 
-#include "core/dressing.h"
+#include "custom/screens/setup_rows.h"
 
 namespace korvane {
 namespace {
 
-constexpr unsigned TL = Left | Top;
 constexpr Rect kDoors{440, 96, 816, 440};
 constexpr int kDoorHeight = 96, kDoorGap = 16;
 constexpr int kFewDoors = 8;  // as many fit in two columns
 
-constexpr InventoryRow kSetup[] = {
-    {"lblTitle", -1, Kind::Label, {24, 16, 800, 64}, TL, "Setup"},
-    {"LstThemes", -1, Kind::Grid, {24, 96, 392, 344}, TL, "Themes"},
-    {"cmdThemes", -1, Kind::Button, {24, 456, 392, 96}, TL, "Change Theme"},
-    {"cmdAddDir", 0, Kind::Button, kDoors, TL, "Setup Photos Directory"},
-    {"cmdAddDir", 1, Kind::Button, kDoors, TL, "Movies Setup"},
-    {"cmdAddDir", 2, Kind::Button, kDoors, TL, "Digital Music Setup"},
-    {"cmdAddDir", 3, Kind::Button, kDoors, TL, "Setup Playlist Directory"},
-    {"cmdAddDir", 4, Kind::Button, kDoors, TL, "X10 Setup"},
-    {"cmdAddDir", 5, Kind::Button, kDoors, TL, "Ads and screen saver"},
-    {"cmdPlayLists", -1, Kind::Button, kDoors, TL, "Playlists"},
-    {"cmdButtons", -1, Kind::Button, kDoors, TL, "Custom Buttons"},
-    {"cmdMoveControls", -1, Kind::Button, kDoors, TL, "Move Controls"},
-    {"cmdListener", -1, Kind::Button, kDoors, TL, "Listeners test"},
-    {"cmdFtp", -1, Kind::Button, kDoors, TL, "FTP"},
-    {"cmdOther", -1, Kind::Button, kDoors, TL, "Advanced"},
-    {"lblPhoto", -1, Kind::Label, {24, 568, 1232, 40}, TL, "Photo directory"},
-    {"Label2", -1, Kind::Label, {24, 608, 1232, 40}, TL, "Playlist directory"},
-    {"lblStat", -1, Kind::Label, {24, 652, 392, 112}, TL, "Library"},
-    {"cmdErase", -1, Kind::Button, {440, 656, 400, 96}, TL, "Erase all settings"},
-    {"cmdOK", -1, Kind::Button, {856, 656, 400, 96}, TL, "Exit"},
-};
+constexpr InventoryRow door(const char* name, int index, const char* text) {
+  return setupRow(name, index, Kind::Button, kDoors, text);
+}
 
-constexpr const char* kAddDir[] = {
-    "Setup Photos  Directory",  "Movies Setup", "Digital Music Setup",
-    "Setup Playlist Directory", "X10 Setup",    "Ads/Screen Saver"};
+constexpr InventoryRow kSetup[] = {
+    titleRow("Setup"),
+    setupRow("LstThemes", -1, Kind::Grid, {24, 96, 392, 344}, "Themes"),
+    setupRow("cmdThemes", -1, Kind::Button, {24, 456, 392, 96}, "Change Theme"),
+    door("cmdAddDir", 0, "Setup Photos  Directory"),
+    door("cmdAddDir", 1, "Movies Setup"),
+    door("cmdAddDir", 2, "Digital Music Setup"),
+    door("cmdAddDir", 3, "Setup Playlist Directory"),
+    door("cmdAddDir", 4, "X10 Setup"),
+    door("cmdAddDir", 5, "Ads/Screen Saver"),
+    door("cmdPlayLists", -1, "Playlists"),
+    door("cmdButtons", -1, "Custom Buttons"),
+    door("cmdMoveControls", -1, "Move Controls"),
+    door("cmdListener", -1, "Listeners test"),
+    door("cmdFtp", -1, "FTP"),
+    door("cmdOther", -1, "Advanced"),
+    setupRow("lblPhoto", -1, Kind::Label, {24, 568, 1232, 40}, "Photo directory"),
+    setupRow("Label2", -1, Kind::Label, {24, 608, 1232, 40}, "Playlist directory"),
+    setupRow("lblStat", -1, Kind::Label, {24, 652, 392, 112}, "Library", {.wraps = true}),
+    setupRow("cmdErase", -1, Kind::Button, {440, 656, 400, 96}, "Erase all settings"),
+    setupRow("cmdOK", -1, Kind::Button, {856, 656, 400, 96}, "Exit", {.accent = true}),
+};
 
 }  // namespace
 
@@ -46,54 +45,28 @@ std::vector<Control*> SetupForm::Panel::doors() const {
   return all;
 }
 
-SetupForm::SetupForm(Uses uses) : uses_(uses), form_(u"frmSetup"_s, kSetup), panel_(form_) {
-  title(*panel_.lblTitle, u"Setup"_s);
-  panel_.lblStat->wraps = true;
-  panel_.cmdThemes->caption = u"Change Theme"_s;
-  for (size_t i = 0; i < panel_.cmdAddDir.size(); ++i)
-    panel_.cmdAddDir[i]->caption = QString::fromLatin1(kAddDir[i]);
-  panel_.cmdPlayLists->caption = u"Playlists"_s;
-  panel_.cmdButtons->caption = u"Custom Buttons"_s;
-  panel_.cmdMoveControls->caption = u"Move Controls"_s;
-  panel_.cmdOther->caption = u"Advanced"_s;
-  panel_.cmdListener->caption = u"Listeners test"_s;
-  panel_.cmdFtp->caption = u"FTP"_s;
-  panel_.cmdErase->caption = u"Erase all settings"_s;
-  panel_.cmdOK->caption = u"Exit"_s;
-  panel_.cmdOK->look.accent = true;
+SetupForm::SetupForm(const Uses& uses)
+    : Dialog(uses.dialog, u"frmSetup"_s, kSetup), uses_(uses), panel_(form_) {
   panel_.LstThemes->columns = {{u"Theme"_s}};
-
   for (Control* door : panel_.doors())
     if (door->index <= 0)
       form_.on(door->name, Event::Click, [this](Control& pressed, const Event&) {
         doors_->open(pressed);
         if (form_.shown()) Form_Activate();
       });
-  form_.on(u"cmdThemes", Event::Click, [this](Control&, const Event&) { cmdThemes_Click(); });
-  form_.on(u"cmdErase", Event::Click, [this](Control&, const Event&) { cmdErase_Click(); });
-  form_.on(u"cmdOK", Event::Click, [this](Control&, const Event&) { cmdOK_Click(); });
-  form_.on(Event::KeyDown, [this](Control&, const Event& event) {
-    constexpr int kEscape = 27;
-    if (event.key == kEscape) cmdOK_Click();
-  });
+  onClick(u"cmdThemes", [this](int) { cmdThemes_Click(); });
+  onClick(u"cmdErase", [this](int) { cmdErase_Click(); });
+  onClick(u"cmdOK", [this](int) { cmdOK_Click(); });
 }
 
 void SetupForm::open() {
-  if (form_.shown()) return;
-  Form_Load();
-  uses_.host.showModal(form_);
-  Form_QueryUnload();
-}
-
-void SetupForm::close() {
-  uses_.host.hide(form_);
+  if (run([this] { Form_Load(); })) Form_QueryUnload();
 }
 
 void SetupForm::Form_Load() {
   reloadRequested = false;
   mainPageBefore_ = uses_.state.gMainPage;
   uses_.AddTimer.enabled = false;
-  dress(form_, uses_.palette);
   fillThemes();
   Form_Activate();
 }
@@ -130,17 +103,21 @@ void SetupForm::fillThemes() {
   int active = 0;
   for (const QString& theme : themes) {
     rows.push_back({{theme}});
-    if (theme.trimmed().toUpper() == uses_.state.gTheme) active = static_cast<int>(rows.size());
+    if (trimBlanks(theme.toUpper()) == uses_.state.gTheme) active = static_cast<int>(rows.size());
   }
   panel_.LstThemes->setRows(std::move(rows));
   panel_.LstThemes->row = active;
 }
 
 void SetupForm::cmdThemes_Click() {
-  const QString chosen = panel_.LstThemes->cell(1, panel_.LstThemes->row()).trimmed().toUpper();
+  const QString chosen = trimBlanks(panel_.LstThemes->cell(1, panel_.LstThemes->row()).toUpper());
   if (chosen.isEmpty()) return;
+  QString error;
+  if (!uses_.settings.write(key::Theme, chosen, &error)) {
+    dialog_.messages.say(error);
+    return;
+  }
   uses_.state.gTheme = chosen;
-  uses_.settings.write(key::Theme, chosen);
   reloadRequested = true;
   close();
 }

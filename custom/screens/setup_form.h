@@ -1,9 +1,9 @@
 // frmSetup: the entry of setup, with the themes, the directories and the maintenance.
 #pragma once
 
+#include "core/dialog.h"
 #include "core/form/panel.h"
 #include "core/graphics.h"
-#include "core/palette.h"
 #include "core/screen_doors.h"
 #include "core/settings.h"
 #include "custom/screens/setup_parts.h"
@@ -11,11 +11,10 @@
 
 namespace korvane {
 
-class SetupForm {
+class SetupForm : public Dialog {
  public:
   struct Uses {
-    FormHost& host;
-    const Palette& palette;
+    DialogUses dialog;
     AppState& state;
     Settings& settings;
     FileSystem& files;
@@ -24,31 +23,25 @@ class SetupForm {
     Timer& AddTimer;  // of frmMain; rests while setup is open
     SetupParts& parts;
   };
-  explicit SetupForm(Uses uses);
+  explicit SetupForm(const Uses& uses);
 
   // Which buttons lead somewhere: cmdAddDir(0 to 5), cmdPlayLists, cmdButtons, cmdMoveControls,
   // cmdOther, cmdListener, cmdFtp.
   void setDoors(const ScreenDoors& doors) { doors_ = &doors; }  // not owned; read at each opening
   void setDoors(ScreenDoors&&) = delete;
 
-  void open();   // Yields.
-  void close();  // for a door that leaves setup
-
-  Form& form() { return form_; }
+  void open();               // Yields.
+  void close() { leave(); }  // for a door that leaves setup
 
   bool reloadRequested = false;  // another theme: the main form is to be loaded again
 
  private:
   struct Panel : FormPanel {
     using FormPanel::FormPanel;
-    Label* lblTitle = bind("lblTitle");
     Label* lblPhoto = bind("lblPhoto");
     Label* Label2 = bind("Label2");
     Label* lblStat = bind("lblStat");
     Grid* LstThemes = bind("LstThemes");
-    Button* cmdThemes = bind("cmdThemes");
-    Button* cmdErase = bind("cmdErase");
-    Button* cmdOK = bind("cmdOK");
     std::array<Button*, 6> cmdAddDir = bind("cmdAddDir");
     Button* cmdPlayLists = bind("cmdPlayLists");
     Button* cmdButtons = bind("cmdButtons");
@@ -62,7 +55,7 @@ class SetupForm {
   void Form_Load();
   void Form_Activate();
   void Form_QueryUnload();
-  void cmdThemes_Click();
+  void cmdThemes_Click();  // stays open, in the theme that there was, when it cannot be stored
   void cmdErase_Click();
   void cmdOK_Click();
 
@@ -70,7 +63,6 @@ class SetupForm {
   void fillThemes();
 
   Uses uses_;
-  Form form_;
   Panel panel_;
   static inline const ScreenDoors kNone{};
   const ScreenDoors* doors_ = &kNone;

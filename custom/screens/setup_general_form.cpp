@@ -1,11 +1,10 @@
 #include "custom/screens/setup_general_form.h"
 
-#include "core/dressing.h"
+#include "custom/screens/setup_rows.h"
 
 namespace korvane {
 namespace {
 
-constexpr unsigned TL = Left | Top;
 constexpr int kBoxes = 14;
 
 struct Box {
@@ -40,19 +39,27 @@ constexpr const SettingKey* kSaveOrder[] = {
     &key::ShowControl,
 };
 
+constexpr InventoryRow caption(const char* name, int top, const char* text) {
+  return setupRow(name, -1, Kind::Label, {904, top, 352, 40}, text);
+}
+
+constexpr InventoryRow text(const char* name, int top, const char* spoken) {
+  return setupRow(name, -1, Kind::Text, {904, top, 352, 72}, spoken);
+}
+
 constexpr InventoryRow kFixed[] = {
-    {"lblTitle", -1, Kind::Label, {24, 16, 800, 64}, TL, "General Options"},
-    {"cmdKeyboardLayout", -1, Kind::Button, {904, 8, 352, 76}, TL, "Keyboard layout"},
-    {"lblPw", -1, Kind::Label, {904, 88, 352, 40}, TL, ""},
-    {"txtsetuppw", -1, Kind::Text, {904, 128, 352, 72}, TL, "Setup password"},
-    {"cmdSetuppw", -1, Kind::Button, {904, 208, 352, 76}, TL, "Setup Password"},
-    {"lblFont", -1, Kind::Label, {904, 296, 352, 40}, TL, ""},
-    {"txtGridFontSize", -1, Kind::Text, {904, 336, 352, 72}, TL, "Grid font size"},
-    {"lblHeight", -1, Kind::Label, {904, 416, 352, 40}, TL, ""},
-    {"txtGridHeight", -1, Kind::Text, {904, 456, 352, 72}, TL, "Grid height"},
-    {"lblPage", -1, Kind::Label, {904, 536, 352, 40}, TL, ""},
-    {"txtMainPage", -1, Kind::Text, {904, 576, 352, 72}, TL, "Main page"},
-    {"cmdOK", -1, Kind::Button, {968, 664, 288, 88}, TL, "OK"},
+    titleRow("General Options"),
+    setupRow("cmdKeyboardLayout", -1, Kind::Button, {904, 8, 352, 76}, "Keyboard layout"),
+    caption("lblPw", 88, "Setup Password"),
+    text("txtsetuppw", 128, "Setup password"),
+    setupRow("cmdSetuppw", -1, Kind::Button, {904, 208, 352, 76}, "Setup Password"),
+    caption("lblFont", 296, "Grid font size 2 - 25"),
+    text("txtGridFontSize", 336, "Grid font size"),
+    caption("lblHeight", 416, "Grid height 10 - 49"),
+    text("txtGridHeight", 456, "Grid height"),
+    caption("lblPage", 536, "Main page, WB or CB"),
+    text("txtMainPage", 576, "Main page"),
+    setupRow("cmdOK", -1, Kind::Button, {968, 664, 288, 88}, "OK", {.accent = true}),
 };
 
 std::vector<InventoryRow> inventory() {
@@ -60,7 +67,7 @@ std::vector<InventoryRow> inventory() {
   std::vector<InventoryRow> rows(std::begin(kFixed), std::end(kFixed));
   for (int i = 0; i < kBoxes; ++i) {
     const Rect place{kLefts[i % 2], 96 + i / 2 * kPitch, kWidths[i % 2], 80};
-    rows.push_back({"chkGeneral", i, Kind::Check, place, TL, kOptions[i].caption});
+    rows.push_back(setupRow("chkGeneral", i, Kind::Check, place, kOptions[i].caption));
   }
   return rows;
 }
@@ -71,60 +78,39 @@ bool ticked(const Settings& settings, const Box& box) {
 }
 
 QString numericOr(const QString& stored, const QString& standard) {
-  return isNumeric(stored) ? stored.trimmed() : standard;
+  return isNumeric(stored) ? trimBlanks(stored) : standard;
 }
 
 }  // namespace
 
 int gridNumber(const QString& text, const SettingKey& key, int unusable) {
   constexpr int kOutside = 19;
-  if (!isNumeric(text)) return unusable;
-  const double number = text.trimmed().toDouble();
-  return number < key.low || number > key.high ? kOutside : static_cast<int>(std::lround(number));
+  const std::optional<double> number = numeric(text);
+  if (!number) return unusable;
+  return *number < key.low || *number > key.high ? kOutside : toInteger(*number);
 }
 
-SetupGeneralForm::SetupGeneralForm(Uses uses)
-    : uses_(uses), form_(u"frmSetupGeneral"_s, inventory()), panel_(form_) {
-  title(*panel_.lblTitle, u"General Options"_s);
-  panel_.lblPw->caption = u"Setup Password"_s;
-  panel_.lblFont->caption = u"Grid font size 2 - 25"_s;
-  panel_.lblHeight->caption = u"Grid height 10 - 49"_s;
-  panel_.lblPage->caption = u"Main page, WB or CB"_s;
-  panel_.cmdSetuppw->caption = u"Setup Password"_s;
-  panel_.cmdOK->caption = u"OK"_s;
-  panel_.cmdOK->look.accent = true;
-  for (size_t i = 0; i < kBoxes; ++i)
-    panel_.chkGeneral[i]->caption = QString::fromLatin1(kOptions[i].caption);
-
-  const std::pair<TextBox*, QString> asked[] = {
-      {panel_.txtGridFontSize, u"Grid font size"_s},
-      {panel_.txtGridHeight, u"Grid height"_s},
-      {panel_.txtMainPage, u"Main page"_s},
-  };
-  for (const auto& [box, prompt] : asked)
-    form_.on(box->name, Event::Click,
-             [this, box = box, prompt = prompt](Control&, const Event&) { askInto(*box, prompt); });
-  for (const char* button : {"cmdSetuppw", "txtsetuppw"})
-    form_.on(QString::fromLatin1(button), Event::Click,
-             [this](Control&, const Event&) { cmdSetuppw_Click(); });
-  form_.on(u"cmdKeyboardLayout", Event::Click,
-           [this](Control&, const Event&) { cmdKeyboardLayout_Click(); });
-  form_.on(u"cmdOK", Event::Click, [this](Control&, const Event&) { uses_.host.hide(form_); });
-  form_.on(Event::KeyDown, [this](Control&, const Event& event) {
-    constexpr int kEscape = 27;
-    if (event.key == kEscape) uses_.host.hide(form_);
-  });
+SetupGeneralForm::SetupGeneralForm(const Uses& uses)
+    : Dialog(uses.dialog, u"frmSetupGeneral"_s, inventory()), uses_(uses), panel_(form_) {
+  for (int i = 0; i <= uses_.main.upperBound(u"Grid"); ++i)
+    grids_.push_back(&controlOf<Grid>(uses_.main, u"Grid", i));
+  onClick(u"txtGridFontSize",
+          [this](int) { askInto(*panel_.txtGridFontSize, u"Grid font size"_s); });
+  onClick(u"txtGridHeight", [this](int) { askInto(*panel_.txtGridHeight, u"Grid height"_s); });
+  onClick(u"txtMainPage", [this](int) { askInto(*panel_.txtMainPage, u"Main page"_s); });
+  onClick(u"cmdSetuppw", [this](int) { cmdSetuppw_Click(); });
+  onClick(u"txtsetuppw", [this](int) { cmdSetuppw_Click(); });
+  onClick(u"cmdKeyboardLayout", [this](int) { cmdKeyboardLayout_Click(); });
+  onClick(u"cmdOK", [this](int) { leave(); });
 }
 
 void SetupGeneralForm::open() {
-  if (form_.shown()) return;
-  dress(form_, uses_.palette);
-  uses_.host.showModal(form_);
+  run();
 }
 
 void SetupGeneralForm::load() {
   const Settings& settings = uses_.settings;
-  panel_.cmdKeyboardLayout->caption = u"Keyboard: "_s + uses_.parts.keyboardLayout();
+  showKeyboardLayout();
   const QString password = settings.str(key::Setup);
   panel_.txtsetuppw->text = password.toUpper() == "NO"_L1 ? QString() : password;
   panel_.txtMainPage->text = settings.raw(key::MainPage);
@@ -133,53 +119,57 @@ void SetupGeneralForm::load() {
   for (size_t i = 0; i < kBoxes; ++i) panel_.chkGeneral[i]->checked = ticked(settings, kOptions[i]);
 }
 
-void SetupGeneralForm::save() {
+void SetupGeneralForm::save(SettingsToSave& settings) {
   for (const SettingKey* key : kSaveOrder) {
     const Box* box = std::ranges::find(kOptions, key, [](const Box& each) { return &each.key; });
     const bool on = panel_.chkGeneral[static_cast<size_t>(box - kOptions)]->checked();
-    uses_.settings.write(*key, QString::fromLatin1(on ? box->on : box->off));
+    settings.write(*key, QString::fromLatin1(on ? box->on : box->off));
   }
-  saveGrid();
-  saveMainPage();
+  saveGrid(settings);
+  saveMainPage(settings);
 }
 
-void SetupGeneralForm::saveGrid() {
-  AppState& state = uses_.state;
-  state.gGridFontSize = gridNumber(panel_.txtGridFontSize->text(), key::GridFontSize, 12);
-  state.gGridHeight = gridNumber(panel_.txtGridHeight->text(), key::GridHeight, 19);
-  uses_.settings.write(key::GridFontSize, QString::number(state.gGridFontSize));
-  uses_.settings.write(key::GridHeight, QString::number(state.gGridHeight));
-  for (int i = 0; i <= uses_.main.upperBound(u"Grid"); ++i) {
-    auto* grid = dynamic_cast<Grid*>(uses_.main.find(u"Grid", i));
-    if (!grid) continue;
-    grid->rowHeight = state.gGridHeight;
-    grid->fontSize = state.gGridFontSize;
+void SetupGeneralForm::saveGrid(SettingsToSave& settings) {
+  const int font = gridNumber(panel_.txtGridFontSize->text(), key::GridFontSize, 12);
+  const int height = gridNumber(panel_.txtGridHeight->text(), key::GridHeight, 19);
+  settings.write(key::GridFontSize, QString::number(font));
+  settings.write(key::GridHeight, QString::number(height));
+  if (!settings.good()) return;
+  uses_.state.gGridFontSize = font;
+  uses_.state.gGridHeight = height;
+  for (Grid* grid : grids_) {
+    grid->rowHeight = height;
+    grid->fontSize = font;
   }
   uses_.parts.gridLookChanged();
 }
 
-void SetupGeneralForm::saveMainPage() {
-  const QString typed = panel_.txtMainPage->text().trimmed().toUpper();
-  uses_.state.gMainPage = typed == "CB"_L1 ? typed : u"WB"_s;
-  uses_.settings.write(key::MainPage, uses_.state.gMainPage);
+void SetupGeneralForm::saveMainPage(SettingsToSave& settings) {
+  const QString typed = panel_.txtMainPage->text().toUpper();
+  const QString page = typed == "CB"_L1 ? typed : u"WB"_s;
+  settings.write(key::MainPage, page);
+  if (settings.good()) uses_.state.gMainPage = page;
 }
 
-void SetupGeneralForm::askInto(TextBox& box, const QString& prompt) {
-  const QString typed = uses_.messages.ask(prompt);
-  if (!typed.isEmpty()) box.text = typed;
-}
-
-// Written at once, whatever becomes of the other fields.
+// Stored at once, whatever becomes of the other fields.
 void SetupGeneralForm::cmdKeyboardLayout_Click() {
-  uses_.parts.nextKeyboardLayout();
+  QString error;
+  if (!uses_.parts.nextKeyboardLayout(&error)) dialog_.messages.say(error);
+  showKeyboardLayout();
+}
+
+void SetupGeneralForm::showKeyboardLayout() {
   panel_.cmdKeyboardLayout->caption = u"Keyboard: "_s + uses_.parts.keyboardLayout();
 }
 
 void SetupGeneralForm::cmdSetuppw_Click() {
-  const QString typed = uses_.messages.ask(u"Enter New Password"_s);
+  const QString typed = dialog_.messages.ask(u"Enter New Password"_s);
   if (typed.isEmpty()) return;
-  panel_.txtsetuppw->text = typed;
-  uses_.settings.write(key::Setup, typed);
+  QString error;
+  if (uses_.settings.write(key::Setup, typed, &error))
+    panel_.txtsetuppw->text = typed;
+  else
+    dialog_.messages.say(error);
 }
 
 }  // namespace korvane

@@ -1,59 +1,50 @@
 // frmSetupGeneral: "General Options", a sub-page of frmGuiSetup, which loads and saves it.
 #pragma once
 
+#include "core/dialog.h"
 #include "core/form/panel.h"
-#include "core/prompt.h"
 #include "core/settings.h"
 #include "custom/screens/setup_parts.h"
 
 namespace korvane {
 
-class SetupGeneralForm {
+class SetupGeneralForm : public Dialog {
  public:
   struct Uses {
-    FormHost& host;
-    const Palette& palette;
+    DialogUses dialog;
     AppState& state;
     Settings& settings;
-    Messages& messages;
     Form& main;  // frmMain, whose lists take the new look at once
     SetupParts& parts;
   };
-  explicit SetupGeneralForm(Uses uses);
+  explicit SetupGeneralForm(const Uses& uses);
 
   void load();  // from the settings into the controls
-  void save();  // boxes, grid numbers, main page. Yields.
+  // Boxes, grid numbers, main page. What could not be stored changes nothing on the console either.
+  // Yields.
+  void save(SettingsToSave& settings);
   void open();  // Yields.
-
-  Form& form() { return form_; }
 
  private:
   struct Panel : FormPanel {
     using FormPanel::FormPanel;
-    Label* lblTitle = bind("lblTitle");
-    Label* lblPw = bind("lblPw");
-    Label* lblFont = bind("lblFont");
-    Label* lblHeight = bind("lblHeight");
-    Label* lblPage = bind("lblPage");
     TextBox* txtsetuppw = bind("txtsetuppw");
     TextBox* txtGridFontSize = bind("txtGridFontSize");
     TextBox* txtGridHeight = bind("txtGridHeight");
     TextBox* txtMainPage = bind("txtMainPage");
-    Button* cmdSetuppw = bind("cmdSetuppw");
     Button* cmdKeyboardLayout = bind("cmdKeyboardLayout");
-    Button* cmdOK = bind("cmdOK");
     std::array<Check*, 14> chkGeneral = bind("chkGeneral");
   };
 
-  void askInto(TextBox& box, const QString& prompt);
   void cmdSetuppw_Click();
   void cmdKeyboardLayout_Click();
-  void saveGrid();
-  void saveMainPage();
+  void showKeyboardLayout();
+  void saveGrid(SettingsToSave& settings);
+  void saveMainPage(SettingsToSave& settings);
 
   Uses uses_;
-  Form form_;
   Panel panel_;
+  std::vector<Grid*> grids_;  // the lists of the main form
 };
 
 // The number a grid field stands for: not numeric gives `unusable`, outside the key's limits 19.

@@ -2,12 +2,6 @@
 
 namespace korvane {
 
-QString trimBlanks(QStringView text) {
-  while (text.startsWith(u' ')) text = text.sliced(1);
-  while (text.endsWith(u' ')) text.chop(1);
-  return text.toString();
-}
-
 QString fixSingleQuote(const QString& text) {
   return trimBlanks(QString(text).replace(u'\'', "''"_L1));
 }

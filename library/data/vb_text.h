@@ -1,11 +1,10 @@
 // Text functions as the statements and the tag fields mean them: only the blank is trimmed.
 #pragma once
 
-#include "platform/text.h"
+#include "core/conversions.h"
 
 namespace korvane {
 
-QString trimBlanks(QStringView text);         // both ends
 QString fixSingleQuote(const QString& text);  // every ' doubled, then trimmed
 QString fixDoubleQuote(const QString& text);  // every " turned into ', then trimmed
 

@@ -220,6 +220,14 @@ QStringList DiskFileSystem::Files(const QString& path) const {
   return names(path, false);
 }
 
+FileSystem::Stamp DiskFileSystem::stamp(const QString& path) const {
+  constexpr qint64 kSecond = 1'000'000'000;
+  struct stat status;
+  const QByteArray name = onDisk(path);
+  if (!usable(name) || ::stat(name.constData(), &status) != 0) return {};
+  return {status.st_size, status.st_mtim.tv_sec * kSecond + status.st_mtim.tv_nsec, status.st_ino};
+}
+
 std::optional<QByteArray> DiskFileSystem::read(const QString& path, qint64 limit) const {
   const auto found = find(path);
   if (!found) return std::nullopt;

@@ -23,6 +23,7 @@ class DiskFileSystem : public FileSystem {
   qint64 size(const QString& path) const override;
   QStringList SubFolders(const QString& path) const override;
   QStringList Files(const QString& path) const override;
+  Stamp stamp(const QString& path) const override;
   std::optional<QByteArray> read(const QString& path, qint64 limit = 64 << 20) const override;
   bool replace(const QString& path, const QByteArray& bytes, QString* error = nullptr) override;
   bool append(const QString& path, const QByteArray& bytes) override;

@@ -63,13 +63,23 @@ TEST_F(ChooserTest, GoesOneFolderAtATimeAndGivesTheOneShown) {
     EXPECT_FALSE(canPress(form, u"customSelect"_s));
   });
   EXPECT_EQ(chosen, std::nullopt) << "nobody pressed OK";
+  request.keep = [this](const QString& directory) {
+    QString error;
+    settings.write(key::PLDirectory, directory, &error);
+    return error;
+  };
   EXPECT_EQ(opens([&](Form& form) {
               tap(form, u"Dir1"_s, u"Abba"_s);
               tap(form, u"Dir1"_s, u".."_s);
               tap(form, u"Dir1"_s, u"zz top"_s);
+              diskCalls.full = true;
+              press(form, u"cmdok"_s);
+              EXPECT_TRUE(form.shown() && messages.texts.last().contains("The disk is full"_L1));
+              diskCalls.full = false;
               press(form, u"cmdok"_s);
             }),
             music(u"/zz top/"_s));
+  EXPECT_EQ(settings.str(key::PLDirectory), music(u"/zz top/"_s));
 }
 
 TEST_F(ChooserTest, BeginsAtTheFirstPlaceThatIsThere) {

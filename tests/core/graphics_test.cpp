@@ -46,8 +46,12 @@ TEST_F(GraphicsTest, ListsOnlyWholeThemes) {
   home.folder(u"krvgraphics/Second/More"_s);
   home.folder(u"krvgraphics/Second/MAIN"_s);
   EXPECT_EQ(graphics.themes(files), (QStringList{u"Second"_s, u"TEST"_s}));
-  state.gTheme = u"NO"_s;
-  EXPECT_FALSE(graphics.themeExists());
+  home.folder(u"krvgraphics/NO"_s);
+  for (const QString& name : {u"NO"_s, u""_s, u"."_s, u".."_s, u"TEST/music"_s, u"..\\x"_s,
+                              u"half/../TEST"_s, u"none"_s}) {
+    state.gTheme = name;
+    EXPECT_FALSE(graphics.themeExists()) << qUtf8Printable(name);
+  }
 }
 
 TEST_F(GraphicsTest, ColoursAreReadableEvenWhereAThemeIsSilent) {

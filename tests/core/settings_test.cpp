@@ -1,6 +1,5 @@
 #include "core/settings.h"
 
-#include "core/log.h"
 #include "tests/fakes/form_world.h"
 
 namespace korvane {
@@ -28,6 +27,12 @@ TEST_F(SettingsTest, ConvertsByTheRuleOfEachKey) {
       {"ADDSTART=abc", key::ADDSTART, 20},
       {"ADDSTART=3", key::ADDSTART, 3},
       {"", key::ADDSBETWEEN, 10},
+      {"GridHeight=12.5", key::GridHeight, 12},
+      {"GridHeight=13.5", key::GridHeight, 14},
+      {"GridHeight=50.4", key::GridHeight, 19},
+      {"GridHeight=&H14", key::GridHeight, 20},
+      {"ADDSTART=nan", key::ADDSTART, 20},
+      {"ADDSTART=1e9", key::ADDSTART, 20},
   };
   for (const Case& c : table) {
     given(c.line);
@@ -36,18 +41,33 @@ TEST_F(SettingsTest, ConvertsByTheRuleOfEachKey) {
   const Case flags[] = {
       {"ShowSetup=YES", key::ShowSetup, 0},
       {"ShowSetup= 1 ", key::ShowSetup, 1},
+      {"ShowSetup=1\t", key::ShowSetup, 0},  // a tab is no blank
       {"LOCALLISTENER=2", key::LOCALLISTENER, 1},
       {"LOCALLISTENER=NO", key::LOCALLISTENER, 0},
       {"LOCALLISTENER=0", key::LOCALLISTENER, 0},
-      {"Premise=yes", key::Premise, 1},
-      {"Premise=1", key::Premise, 0},
-      {"ShowPhoto=NO", key::ShowPhoto, 0},
-      {"ShowPhoto=1", key::ShowPhoto, 1},
-      {"", key::ShowPhoto, 0},
-      {"ShowMap=0", key::ShowMap, 0},
-      {"Maps=1", key::Maps, 1},
-      {"Maps=YES", key::Maps, 0},
+      {"LOCALLISTENER=nan", key::LOCALLISTENER, 0},
+      {"LOCALLISTENER=&H1", key::LOCALLISTENER, 1},
       {"movemain=5", key::MOVEMAIN, 1},
+      {"Premise=yes ", key::Premise, 1},
+      {"Premise=1", key::Premise, 0},
+      {"ADDSON=YES ", key::ADDSON, 1},
+      {"ADDSON=yes", key::ADDSON, 0},
+      {"", key::ShowPhoto, 0},
+      {"ShowPhoto=1", key::ShowPhoto, 1},
+      {"ShowPhoto=0 ", key::ShowPhoto, 0},
+      {"ShowPhoto=NO", key::ShowPhoto, 0},
+      {"ShowPhoto=no", key::ShowPhoto, 1},
+      {"", key::ShowMap, 0},
+      {"ShowMap=0", key::ShowMap, 0},
+      {"ShowMap=0 ", key::ShowMap, 1},
+      {"ShowMap=no", key::ShowMap, 0},
+      {"ShowControl=2", key::ShowControl, 1},
+      {"Maps=1", key::Maps, 1},
+      {"Maps=1 ", key::Maps, 0},
+      {"Maps=YES", key::Maps, 0},
+      {"Radio=1", key::Radio, 1},
+      {"Camera=1", key::Camera, 1},
+      {"Camera=1 ", key::Camera, 0},
   };
   for (const Case& c : flags) {
     given(c.line);
@@ -84,18 +104,33 @@ TEST_F(SettingsTest, PerUserValuesAreKeptByApplicationAndSection) {
   EXPECT_EQ(settings.GetSetting(u"KRV"_s, u"MOVIES"_s, u"MUSICTYPE"_s), QString());
 }
 
-TEST(SettingTexts, Numbers) {
-  const std::pair<QStringView, double> table[] = {{u"12abc", 12}, {u" 1 2 ", 12}, {u"-3.5e1x", -35},
-                                                  {u"NO", 0},     {u"", 0},       {u"1e", 1},
-                                                  {u".5", 0.5}};
-  for (const auto& [text, number] : table)
-    EXPECT_DOUBLE_EQ(val(text), number) << text.toString().toStdString();
-  EXPECT_TRUE(isNumeric(u" 4 "));
-  EXPECT_FALSE(isNumeric(u"4 px"));
+// A folder stands in the file's place, or the disk is full: nothing is stored, and that is said.
+TEST_F(SettingsTest, AWriteThatFailsIsLoggedAndLeavesTheFile) {
+  given("MainPage=WB");
+  diskCalls.full = true;
+  QString error;
+  EXPECT_FALSE(settings.write(key::MainPage, u"CB"_s, &error));
+  EXPECT_TRUE(error.contains("MainPage of [STARTUP]"_L1) && error.contains("The disk is full"_L1));
+  EXPECT_FALSE(settings.SaveSetting(u"KRV"_s, u"MUSIC"_s, u"MUSICTYPE"_s, u"LOCAL"_s));
+  diskCalls.full = false;
+  EXPECT_EQ(settings.str(key::MainPage), u"WB"_s);
+  home.folder(u"user.ini"_s);
+  EXPECT_FALSE(settings.SaveSetting(u"KRV"_s, u"MUSIC"_s, u"MUSICTYPE"_s, u"LOCAL"_s));
+  const QByteArray log = home.get(u"log.txt"_s);
+  EXPECT_TRUE(log.contains("MUSICTYPE of [KRV\\MUSIC] is not stored") && log.contains("user.ini"))
+      << log.constData();
+
+  SettingsToSave several(settings);
+  diskCalls.full = true;
+  several.write(key::MainPage, u"CB"_s);
+  diskCalls.full = false;
+  several.write(key::Theme, u"DAY"_s);
+  EXPECT_FALSE(several.good());
+  EXPECT_EQ(settings.str(key::Theme), u"NO"_s) << "what follows a failure is left out";
 }
 
 TEST_F(SettingsTest, TheLogStartsAnewPastItsSize) {
-  const Log log(files, clock, home.path());
+  const Log& log = settingsLog;
   home.put(u"log.txt"_s, QByteArray(5'000'000, 'x'));
   log.logIt(u"kept"_s);
   EXPECT_GT(home.get(u"log.txt"_s).size(), 5'000'000);

@@ -18,7 +18,7 @@ struct Colouring : FormWorld {
     return settings.readSetting(u"COLORS", QString::fromLatin1(key));
   }
 
-  ColourPickForm pick{{host, palette, settings, messages}};
+  ColourPickForm pick{{dialog, settings}};
 };
 
 TEST_F(Colouring, AColourIsStoredAsItIsChosen) {
@@ -26,19 +26,29 @@ TEST_F(Colouring, AColourIsStoredAsItIsChosen) {
   host.onModal(u"frmColorPick"_s, [&](Form& form) {
     const int grid = boxOf(form, u"MUSICGRID"_s);
     EXPECT_EQ(form.find(u"Text1", grid)->colours().back, 255U);
-    host.onModal(u"frmColor"_s, [](Form& dialog) {
-      EXPECT_EQ(textOf(dialog, u"txtNumber"_s), u"255"_s);
-      press(dialog, u"cmdGrey"_s, 15);
-      press(dialog, u"cmdOK"_s);
+    host.onModal(u"frmColor"_s, [](Form& chooser) {
+      EXPECT_EQ(textOf(chooser, u"txtNumber"_s), u"255"_s);
+      press(chooser, u"cmdGrey"_s, 15);
+      press(chooser, u"cmdOK"_s);
     });
     press(form, u"Text1"_s, grid);
     EXPECT_EQ(colour("MUSICGRIDBACK"), QString::number(0x0F0F0F));
     EXPECT_EQ(form.find(u"Text1", grid)->colours().fore, 0x0F0F0FU);
     EXPECT_EQ(colour("MUSICGRIDFOR"), u"NO"_s);
 
-    host.onModal(u"frmColor"_s, [](Form& dialog) {
-      press(dialog, u"cmdGrey"_s, 0);
-      press(dialog, u"cmdCancel"_s);
+    diskCalls.full = true;
+    host.onModal(u"frmColor"_s, [](Form& chooser) {
+      press(chooser, u"cmdGrey"_s, 3);
+      press(chooser, u"cmdOK"_s);
+    });
+    press(form, u"Text1"_s, grid);
+    EXPECT_TRUE(messages.texts.value(0).contains("MUSICGRIDBACK"_L1)) << "said, and not shown";
+    EXPECT_EQ(form.find(u"Text1", grid)->colours().back, 0x0F0F0FU);
+    diskCalls.full = false;
+
+    host.onModal(u"frmColor"_s, [](Form& chooser) {
+      press(chooser, u"cmdGrey"_s, 0);
+      press(chooser, u"cmdCancel"_s);
     });
     form.fireKey({Event::KeyDown, 0, 0, 113});  // F2 on the same box
     EXPECT_EQ(colour("MUSICGRIDBACK"), QString::number(0x0F0F0F));
@@ -48,11 +58,11 @@ TEST_F(Colouring, AColourIsStoredAsItIsChosen) {
 
 TEST_F(Colouring, ElementsWhoseNameEndsInBackKeepTheDoubledKey) {
   host.onModal(u"frmColorPick"_s, [&](Form& form) {
-    host.onModal(u"frmColor"_s, [&](Form& dialog) {
+    host.onModal(u"frmColor"_s, [&](Form& chooser) {
       messages.typed = {u"nonsense"_s, u"#FF8000"_s};
-      press(dialog, u"txtNumber"_s);
-      press(dialog, u"txtNumber"_s);
-      press(dialog, u"cmdOK"_s);
+      press(chooser, u"txtNumber"_s);
+      press(chooser, u"txtNumber"_s);
+      press(chooser, u"cmdOK"_s);
     });
     press(form, u"TS"_s, 4);
     press(form, u"Text1"_s, boxOf(form, u"X10GRIDBACK"_s));
@@ -88,6 +98,8 @@ TEST(Colours, AreReadAndMixed) {
       {u" 16777215 "_s, 0xFFFFFFU},
       {u"16777216"_s, std::nullopt},
       {u"-1"_s, std::nullopt},
+      {u"&HFF"_s, 255U},
+      {u"12.5"_s, std::nullopt},
       {u"#0000FF"_s, 0xFF0000U},
       {u"#00FF"_s, std::nullopt},
       {u"#GGGGGG"_s, std::nullopt},

@@ -15,11 +15,16 @@ class FakeSetupParts : public SetupParts {
   void restartMasterListener() override { calls << u"restartMasterListener"_s; }
   void closeMovieConnection() override { calls << u"closeMovieConnection"_s; }
   QString keyboardLayout() const override { return layout; }
-  void nextKeyboardLayout() override { layout = u"GERMAN"_s; }
+  bool nextKeyboardLayout(QString* error) override {
+    *error = unsaved;
+    if (unsaved.isEmpty()) layout = u"GERMAN"_s;
+    return unsaved.isEmpty();
+  }
   void gridLookChanged() override { calls << u"gridLookChanged"_s; }
 
   QStringList calls;
   QString layout = u"US"_s;
+  QString unsaved;  // why a layout cannot be stored
 };
 
 }  // namespace korvane

@@ -32,13 +32,13 @@ struct GuiSetup : FormWorld {
 
   Form main{u"frmMain"_s, kMain};
   FakeSetupParts parts;
-  GuiSetupForm setup{{host, palette, state, settings, messages, main, parts}};
+  GuiSetupForm setup{{dialog, state, settings, main, parts}};
 };
 
 // The options are "Any" and up to three addresses; what is chosen is stored with Save.
 TEST_F(GuiSetup, ChoosesANetworkCard) {
   FakeNetwork network;
-  NicForm nic(host, palette, network);
+  NicForm nic(dialog, network);
   ScreenDoors doors;
   doors.add({"cmdMulti", -1, [&] { setup.chooseNic(nic); }});
   setup.setDoors(doors);
@@ -130,7 +130,7 @@ TEST_F(GuiSetup, SavesInOrder) {
     if (line.startsWith("[Movies]")) break;
     if (line.contains('=')) keys << line.left(line.indexOf('=')).toUpper();
   }
-  const QByteArrayList told =
+  const QByteArrayList inOrder =
       QByteArray(
           "NICCARD SERVERPORT SERVERIP MYNAME ROUTERIP WWWIP MASTERLISTENERIP "
           "MASTERLISTENERPORT MASTERLISTENERMYNAME LOCALLISTENER X10 X10IP PREMISE TV DEBUG "
@@ -138,8 +138,40 @@ TEST_F(GuiSetup, SavesInOrder) {
           "SHOWSETUP SHOWMIN SHOWMUTE SHOWPHOTO SHOWMAP SHOWCONTROL GRIDFONTSIZE GRIDHEIGHT "
           "MAINPAGE MAPS RADIO CAMERA CAMERADEVICE VIDEOFORMAT")
           .split(' ');
-  EXPECT_EQ(keys, told);
+  EXPECT_EQ(keys, inOrder);
   EXPECT_EQ(stored(key::ControlButtons), u"NO"_s);  // its box is not written
+}
+
+TEST_F(GuiSetup, AFullDiskLosesNothingThatWasTyped) {
+  state.gGridHeight = 19;
+  opens([&](Form& form) {
+    type(form, u"txtMaster"_s, u"10.0.0.7"_s, 0);
+    diskCalls.full = true;
+    press(form, u"cmdCmd"_s, 0);
+    EXPECT_TRUE(form.shown());
+    EXPECT_EQ(messages.texts.size(), 1) << "said once, whatever else could not be stored";
+    EXPECT_TRUE(messages.texts.value(0).contains("The disk is full"_L1));
+    EXPECT_TRUE(parts.calls.isEmpty()) << "the console runs on as it was";
+    host.onModal(u"frmSetupGeneral"_s, [&](Form& general) {
+      type(general, u"txtGridHeight"_s, u"30"_s);
+      messages.typed = {u"Sesame"_s};
+      press(general, u"cmdSetuppw"_s);
+      parts.unsaved = u"No room."_s;
+      press(general, u"cmdKeyboardLayout"_s);
+      EXPECT_EQ(textOf(general, u"txtsetuppw"_s), QString());
+      EXPECT_EQ(textOf(general, u"cmdKeyboardLayout"_s), u"Keyboard: US"_s);
+      EXPECT_EQ(messages.texts.last(), u"No room."_s);
+      press(general, u"cmdOK"_s);
+    });
+    press(form, u"cmdGeneral"_s);
+    EXPECT_EQ(state.gGridHeight, 19);
+    diskCalls.full = false;
+    press(form, u"cmdCmd"_s, 0);
+    EXPECT_FALSE(form.shown());
+  });
+  EXPECT_EQ(stored(key::MasterListenerIP), u"10.0.0.7"_s);
+  EXPECT_EQ(stored(key::Setup), u"NO"_s);
+  EXPECT_EQ(state.gGridHeight, 30);
 }
 
 TEST_F(GuiSetup, MasterListenerStartsAgainOnlyWhenChanged) {
@@ -184,8 +216,8 @@ TEST_F(GuiSetup, GridNumbersAndTheMainPageAreMadeUsable) {
   } cases[] = {
       {"14", "30", "cb", 14, 30, "CB"},      {"2", "10", "xyz", 2, 10, "WB"},
       {"25", "50", "", 25, 50, "WB"},        {"26", "51", "WB", 19, 19, "WB"},
-      {"1", "9", " CB ", 19, 19, "CB"},      {"big", "tall", "wb", 12, 19, "WB"},
-      {"-1e9", "1e300", "CB", 19, 19, "CB"},
+      {"1", "9", " CB ", 19, 19, "WB"},      {"big", "tall", "wb", 12, 19, "WB"},
+      {"-1e9", "1e300", "CB", 19, 19, "CB"}, {"12.5", "13.5", "CB", 12, 14, "CB"},
   };
   for (const auto& it : cases) {
     saves(nullptr, [&](Form& form) {

@@ -162,8 +162,8 @@ TEST_F(KeyboardControls, NctrlKeyboardSendsKeysToTheFocus) {
 }
 
 TEST_F(KeyboardControls, NctrlKeyboardLeavesQuietlyAndHidesThroughItsParent) {
-  int told = 0;
-  sending.shownChanged = [&](bool shown) { told += !shown; };
+  int hidden = 0;
+  sending.shownChanged = [&](bool shown) { hidden += !shown; };
   TextBox& first = box("txtSearch");
   sending.showFor(first);
   first.visible = false;
@@ -171,9 +171,9 @@ TEST_F(KeyboardControls, NctrlKeyboardLeavesQuietlyAndHidesThroughItsParent) {
   EXPECT_EQ(first.text() + host.sent.join(u' '), QString());
   press(form, u"BtnEnh1"_s);
   EXPECT_FALSE(sending.shown());
-  EXPECT_EQ(told, 1);
+  EXPECT_EQ(hidden, 1);
   sending.hide();
-  EXPECT_EQ(told, 1);
+  EXPECT_EQ(hidden, 1);
 }
 
 }  // namespace

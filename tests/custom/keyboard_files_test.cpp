@@ -18,7 +18,7 @@ TEST(KeyboardFile, PutsItsKeysIntoTheUsKeyboard) {
   EXPECT_EQ(read->key(39)->plain + read->key(39)->shifted, u"öÖ"_s);
   EXPECT_EQ(read->key(39)->variants, (QStringList{u"ô"_s, u"œ"_s}));
   EXPECT_EQ(read->key(12)->shifted, QString());
-  EXPECT_EQ(read->key(17)->plain, u"w"_s) << "what is not told stays";
+  EXPECT_EQ(read->key(17)->plain, u"w"_s) << "what the file does not name stays";
 }
 
 TEST(KeyboardFile, IsRefusedWholeWithTheLineThatIsWrong) {

@@ -28,14 +28,14 @@ TEST(SendKeys, BracesAreReadBack) {
     EXPECT_EQ(keyStrokes(keys), strokes) << keys.toStdString();
 }
 
-// As told of the keyboard: the characters that SendKeys would take for something else.
+// The characters that SendKeys would take for something else stand in braces.
 TEST(SendKeys, EveryKeyTypesWhatStandsOnIt) {
   const KeyboardLayout us = sendingKeyboard(usKeyboard());
   const struct {
     int code;
     const char* keys;
-  } told[] = {{6, "{%}"}, {7, "{^}"}, {10, "{(}"}, {11, "{)}"}, {26, "{{}"}, {27, "{}}"}};
-  for (const auto& [code, keys] : told)
+  } braces[] = {{6, "{%}"}, {7, "{^}"}, {10, "{(}"}, {11, "{)}"}, {26, "{{}"}, {27, "{}}"}};
+  for (const auto& [code, keys] : braces)
     EXPECT_EQ(braced(typed(*us.key(code), true)), QLatin1StringView(keys));
   for (const Key& key : us.keys)
     for (const bool shifted : {false, true}) {

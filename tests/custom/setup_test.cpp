@@ -17,7 +17,7 @@ struct Setup : FormWorld {
   Timer& addTimer = *dynamic_cast<Timer*>(main.find(u"AddTimer"));
   Graphics graphics{files, state, home.path()};
   FakeSetupParts parts;
-  SetupForm setup{{host, palette, state, settings, files, graphics, box, addTimer, parts}};
+  SetupForm setup{{dialog, state, settings, files, graphics, box, addTimer, parts}};
   SetupAccess access{{state, settings, messages, parts, setup}};
 };
 
@@ -62,11 +62,16 @@ TEST_F(Setup, AnotherThemeReloadsTheMainForm) {
   for (const QString& group : {u"music"_s, u"More"_s, u"MAIN"_s})
     home.folder(u"krvgraphics/Night/"_s + group);
   home.folder(u"krvgraphics/Unfinished/music"_s);
-  opens([](Form& form) {
+  opens([this](Form& form) {
     auto* themes = dynamic_cast<Grid*>(form.find(u"LstThemes"));
     EXPECT_EQ(themes->maxRows(), 2);
     EXPECT_EQ(themes->cell(1, themes->row()).toUpper(), u"TEST"_s);  // the one in use is marked
     themes->row = themes->SearchCol(1, 1, u"night"_s);
+    diskCalls.full = true;
+    press(form, u"cmdThemes"_s);
+    EXPECT_TRUE(form.shown() && messages.texts.value(0).contains("The disk is full"_L1));
+    EXPECT_EQ(state.gTheme, u"TEST"_s) << "what is not stored is not used";
+    diskCalls.full = false;
     press(form, u"cmdThemes"_s);
     EXPECT_FALSE(form.shown());
   });

@@ -46,7 +46,7 @@ bool FakeFileSystem::CreateFolder(const QString& path) {
   if (!parent.isEmpty() && !CreateFolder(parent)) return false;
   const QString name = clean(path).mid(clean(path).lastIndexOf(u'/') + 1);
   const QString folder = parent.isEmpty() ? QString() : resolve(parent).value_or(parent);
-  nodes_[key(path)] = {BuildPath(folder, name), true, {}};
+  nodes_[key(path)] = {BuildPath(folder, name), true, {}, 0};
   return true;
 }
 
@@ -100,6 +100,11 @@ QStringList FakeFileSystem::Files(const QString& path) const {
   return names(path, false);
 }
 
+FileSystem::Stamp FakeFileSystem::stamp(const QString& path) const {
+  const Node* found = node(path);
+  return found ? Stamp{found->bytes.size(), found->change, 0} : Stamp{};
+}
+
 std::optional<QByteArray> FakeFileSystem::read(const QString& path, qint64 limit) const {
   const Node* found = node(path);
   if (!found || found->folder || found->bytes.size() > limit) return std::nullopt;
@@ -143,6 +148,7 @@ void FakeFileSystem::put(const QString& path, const QByteArray& bytes) {
   if (file.path.isEmpty()) file.path = BuildPath(resolve(parent).value_or(parent), name);
   file.folder = false;
   file.bytes = bytes;
+  file.change = ++changes_;
 }
 
 QByteArray FakeFileSystem::bytes(const QString& path) const {

@@ -21,6 +21,7 @@ class FakeFileSystem : public FileSystem {
   qint64 size(const QString& path) const override;
   QStringList SubFolders(const QString& path) const override;
   QStringList Files(const QString& path) const override;
+  Stamp stamp(const QString& path) const override;
   std::optional<QByteArray> read(const QString& path, qint64 limit = 64 << 20) const override;
   bool replace(const QString& path, const QByteArray& bytes, QString* error = nullptr) override;
   bool append(const QString& path, const QByteArray& bytes) override;
@@ -37,6 +38,7 @@ class FakeFileSystem : public FileSystem {
     QString path;
     bool folder;
     QByteArray bytes;
+    qint64 change = 0;  // the number of its last one
   };
   static QString key(const QString& path);
   const Node* node(const QString& path) const;
@@ -44,6 +46,7 @@ class FakeFileSystem : public FileSystem {
   bool take(const QString& path, qint64 count, QString* error);
 
   std::map<QString, Node> nodes_;
+  qint64 changes_ = 0;
 };
 
 }  // namespace korvane

@@ -3,13 +3,15 @@
 
 #include <gtest/gtest.h>
 
-#include "core/palette.h"
+#include "core/dialog.h"
+#include "core/log.h"
 #include "core/settings.h"
 #include "platform/files/disk_file_system.h"
 #include "tests/fakes/fake_form_host.h"
 #include "tests/fakes/fake_machine.h"
 #include "tests/fakes/fake_messages.h"
 #include "tests/fakes/fake_pump.h"
+#include "tests/fakes/full_disk.h"
 #include "tests/fakes/print.h"
 #include "tests/fakes/temporary_home.h"
 
@@ -27,14 +29,17 @@ struct FormWorld : ::testing::Test {
   void given(const SettingKey& key, const QString& value) { settings.write(key, value); }
 
   TemporaryHome home;
-  DiskFileSystem files;
+  FullDisk diskCalls;
+  DiskFileSystem files{diskCalls};
   FakeClock clock;
   FakePump pump{clock};
   AppState state;
-  Settings settings{files, pump, state, home.path()};
+  Log settingsLog{files, clock, home.path()};
+  Settings settings{files, pump, state, home.path(), &settingsLog};
   Palette palette{settings};
   FakeFormHost host;
   FakeMessages messages;
+  DialogUses dialog{host, palette, messages};
   FakeBox box;
 };
 

@@ -12,19 +12,11 @@
 #include "tests/fakes/fake_media_player.h"
 #include "tests/fakes/fake_system.h"
 #include "tests/fakes/fake_winsock.h"
+#include "tests/fakes/full_disk.h"
 #include "tests/fakes/print.h"
 #include "tests/fakes/temporary_home.h"
 
 namespace korvane {
-
-class FullDisk : public FileCalls {
- public:
-  ssize_t write(int file, const void* bytes, size_t count) override {
-    errno = ENOSPC;
-    return full ? -1 : FileCalls::write(file, bytes, count);
-  }
-  bool full = false;
-};
 
 class CabinTest : public testing::Test {
  protected:

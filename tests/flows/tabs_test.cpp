@@ -69,13 +69,52 @@ TEST_F(Tabs, ARunningPressRefusesATab) {
   EXPECT_EQ(console().desk.state.currentTab, kMainTab);
 }
 
-TEST_F(Tabs, MovedControlsComeBackAndBadLinesAreSkipped) {
+// Every control that an owner can drag comes back to where it was left, in units of the design:
+// on any surface it keeps its distance to the edges that it follows.
+TEST_F(Tabs, MovedControlsStandRightOnAnySurface) {
+  const QStringList movable =
+      u"imgTabs cmdTop cmdControls cmdOneSong lblMusicPlay lblMusicType lblMoviesPlay lblMovieType "
+      "lblVolume lblDuration lblCurrentPlay lblCurrentPlayList mute optMode cmdFavoriateAdd "
+      "cmdMovieFullScreen cmdSetup imgExit cmdMinimize cmdRemoteDVD cmdPhotoSetup "
+      "cmdPlayListChoices cmdPlayListCommands pCamera MoviePic framex10 frameButtons framSongEdit "
+      "Grid gridPlayListSongs MovieList PhotoList playlistslider VscrollAllSongs cmdSaveControls "
+      "cmdCancelMoveControls"_s.split(u' ');
+  Form plain(u"frmMain"_s, mainInventory());
+  QByteArray file;
+  std::vector<const Control*> moved;
+  for (const auto& it : plain.controls()) {
+    if (!movable.contains(it->name)) continue;
+    moved.push_back(it.get());
+    const QString index = it->index < 0 ? QString() : u"@@#"_s + QString::number(it->index);
+    file += u"%1@@#%2@@#%3%4\n"_s
+                .arg(it->name, QString::number(it->design.left + 6),
+                     QString::number(it->design.top + 4), index)
+                .toUtf8();
+  }
+  home.put(u"krvgraphics/TEST/positons.txt"_s, file);
+  setting("ShowMap=1\nShowControl=1\n");
+  start([](Console& console) { console.desk.frmMain.resize(1600, 900); });
+  for (const auto& [width, height] : {std::pair{1600, 900}, {1280, 768}, {1280, 1024}}) {
+    form().resize(width, height);
+    plain.resize(width, height);
+    for (const Control* it : moved) {
+      Rect expected = it->rect();
+      expected.left += 6;
+      expected.top += 4;
+      EXPECT_EQ(control(it->name, it->index).rect(), expected)
+          << qUtf8Printable(it->name) << it->index << " at " << width << 'x' << height;
+    }
+  }
+}
+
+TEST_F(Tabs, LinesOfMovedControlsThatMeanNoneAreSkipped) {
   home.put(u"krvgraphics/TEST/positons.txt"_s,
-           "Slider1@@#300@@#610\nimgTabs@@#20@@#30@@#2\nnobody@@#1@@#2\nlonely\n\nmute@@#1000\n");
-  start();
-  EXPECT_EQ(slider().rect().left, 300);
-  EXPECT_EQ(control(u"imgTabs"_s, 2).rect().top, 30);
+           "nobody@@#1@@#2\nlonely\n\nimgTabs@@#20@@#30\nimgTabs@@#20@@#30@@#9\n"
+           "mute@@#1000.5\nlblVolume@@#7@@#8\n");
+  start([](Console& console) { console.desk.frmMain.find(u"lblVolume")->tag = u"no"_s; });
   EXPECT_EQ(control(u"mute"_s).rect().left, 1000);
+  EXPECT_EQ(control(u"lblVolume"_s).rect().left, 1110) << "its Tag keeps it in its place";
+  for (const int tab : {0, 1, 3}) EXPECT_EQ(control(u"imgTabs"_s, tab).rect().left, 4);
 }
 
 }  // namespace

@@ -22,6 +22,12 @@ void tellStory(FileSystem& files, const QString& root) {
   EXPECT_EQ(files.read(root + u"/new.txt"_s), "c");
   EXPECT_EQ(files.read(song), "12");
   EXPECT_EQ(files.read(song, 1), std::nullopt);
+  const FileSystem::Stamp before = files.stamp(song);
+  EXPECT_EQ(before.size, 2);
+  EXPECT_EQ(before, files.stamp(song));
+  EXPECT_EQ(files.stamp(root + u"/nothing"_s).size, -1);
+  EXPECT_TRUE(files.replace(root + u"/MUSIC/ONE.MP3"_s, "12"));
+  EXPECT_NE(files.stamp(song), before) << "as large, but another one";
   EXPECT_TRUE(files.replace(root + u"/MUSIC/ONE.MP3"_s, "3"));
   EXPECT_EQ(files.read(song), "3");
   EXPECT_EQ(files.Files(root + u"/Music"_s), QStringList{u"One.mp3"_s});
