@@ -37,6 +37,7 @@ class Winsock {
 
   QString RemoteHost;
   quint16 RemotePort = 0;
+  QString LocalHost;  // address of this machine to connect from; empty for any
 
   virtual void Connect() = 0;  // starts connecting to RemoteHost:RemotePort and returns
   virtual void Close() = 0;    // ends the connection at once, without an event
