@@ -14,12 +14,12 @@ constexpr Look kDone = {.caption = "Done", .accent = true};
 
 constexpr InventoryRow kNetwork[] = {
     {"lblTitle", -1, Kind::Label, {24, 12, 1232, 64}, TL, "Network", "", true, kTitle},
-    {"Grid", -1, Kind::Grid, {24, 88, 900, 656}, TL, "Services of the network", "", true, kList},
-    {"VscrollAllSongs", -1, Kind::Slider, {932, 88, 88, 656}, TL, "Scroll", "", true, kScroll},
-    {"cmdAble", 0, Kind::Button, {1040, 88, 216, 96}, TL, "Enable it", "", true, kEnable},
-    {"cmdAble", 1, Kind::Button, {1040, 200, 216, 96}, TL, "Disable it", "", true, kDisable},
-    {"cmdExpand", -1, Kind::Button, {1040, 312, 216, 96}, TL, "Show or hide IP and port"},
-    {"cmdDone", -1, Kind::Button, {1040, 648, 216, 96}, TL, "Done", "", true, kDone},
+    {"Grid", -1, Kind::Grid, {24, 88, 1136, 544}, TL, "Services of the network", "", true, kList},
+    {"VscrollAllSongs", -1, Kind::Slider, {1168, 88, 88, 544}, TL, "Scroll", "", true, kScroll},
+    {"cmdAble", 0, Kind::Button, {24, 648, 296, 96}, TL, "Enable it", "", true, kEnable},
+    {"cmdAble", 1, Kind::Button, {336, 648, 296, 96}, TL, "Disable it", "", true, kDisable},
+    {"cmdExpand", -1, Kind::Button, {648, 648, 296, 96}, TL, "Show or hide IP and port"},
+    {"cmdDone", -1, Kind::Button, {960, 648, 296, 96}, TL, "Done", "", true, kDone},
 };
 
 QString mark(bool on) {
@@ -66,13 +66,15 @@ void NetworkForm::Form_Load(const QList<ListenerEntry>& list) {
   select(1);
 }
 
+// All five columns are whole in the text of the usual size, and cut in a larger one.
 void NetworkForm::showColumns() {
-  panel_.grid->fontSize = state_.gGridFontSize;
+  constexpr int kFits = 12;
+  panel_.grid->fontSize = expanded_ ? std::min(state_.gGridFontSize, kFits) : state_.gGridFontSize;
   panel_.grid->columns = {{u"Description"_s, 30},
                           {u"Type"_s, 13},
                           {u"IP"_s, 25, !expanded_},
                           {u"Port"_s, 10, !expanded_},
-                          {u"ON"_s, 6}};
+                          {u"ON"_s, 7}};
   panel_.cmdExpand->caption = expanded_ ? u"Shrink"_s : u"Expand"_s;
 }
 

@@ -131,6 +131,7 @@ TEST_F(ServerMusicTest, ACommandWaitsForALinkThatIsBeingMade) {
       {"never comes", Winsock::ConnectionPending, [this] { send(u"VOLUME"_s, u"7"_s); }, 3000, {}},
   };
   for (const auto& c : cases) {
+    music.ConnectionMP3Close();
     socket.setState(c.now);
     socket.sent.clear();
     const int before = system.pump.waitedMs;
