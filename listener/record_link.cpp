@@ -125,23 +125,20 @@ void RecordLink::DataArrival(qint64 bytesTotal) {
 
 void RecordLink::Close() {
   close();
-  owner_.linkCloses();
   ended(u"it ended the connection"_s);
+  owner_.linkCloses();
 }
 
-// Where a network card is chosen, its address is a part of what went wrong.
 void RecordLink::Error(const QString& description) {
   if (!owner_.heedsFailures()) return;
-  const QString from = uses_.socket.LocalHost;
-  const QString words = from.isEmpty() ? description : u"%1 (from %2)"_s.arg(description, from);
   close();
-  owner_.linkFails(words);
-  ended(words);
+  ended(description);
+  owner_.linkFails(description);
 }
 
-// Unless the owner has tried anew when it heard of it.
+// Before the owner hears of it: what it does then may yield, and the next try has its time.
 void RecordLink::ended(const QString& why) {
-  if (news_ && !beingMade()) news_->linkEnds(why);
+  if (news_) news_->linkEnds(why);
 }
 
 }  // namespace korvane

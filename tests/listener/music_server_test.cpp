@@ -65,9 +65,10 @@ TEST_F(ServerMusicTest, ConnectsFromTheChosenNetworkCardAndSaysSoWhenThatFails) 
   setting("NICCard= 10.0.0.9 ");
   music.ConnectionMP3Connect();
   EXPECT_EQ(socket.LocalHost, u"10.0.0.9"_s);
-  socket.breakWith(u"The address is not available"_s);
-  EXPECT_EQ(link.ends, QStringList{u"The address is not available (from 10.0.0.9)"_s});
-  EXPECT_TRUE(log().endsWith(u"connectionMP3 "_s + link.ends[0] + u'\n')) << log().toStdString();
+  const QString why = u"Cannot connect from 10.0.0.9: it is no address of this machine."_s;
+  socket.breakWith(why);
+  EXPECT_EQ(link.ends, QStringList{why});
+  EXPECT_TRUE(log().endsWith(u"connectionMP3 "_s + why + u'\n')) << log().toStdString();
 }
 
 TEST_F(ServerMusicTest, CommandsGoOutAsTheirBytes) {
