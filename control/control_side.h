@@ -11,6 +11,7 @@ class ControlSide {
   ControlSide(Desk& desk, ListenerSide& listener);
 
   std::unique_ptr<Winsock> x10Control;
+  RecordLink x10Link;  // to the lights
   MapsTab mapsTab;
   MoreTab moreTab;
 };

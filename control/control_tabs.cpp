@@ -6,7 +6,7 @@ namespace {
 constexpr int kParkedMap = 795;  // where the map waits before its first use
 constexpr Rect kMapPlace{444, 8, 828, 752};
 constexpr int kUnits = 16;  // of an X10 house
-constexpr int kCloseWait = 300;
+constexpr int kConnectWaitMs = 300;
 
 }  // namespace
 
@@ -44,11 +44,10 @@ void MapsTab::enter() {
   parts_.controls.hide();
 }
 
-MoreTab::MoreTab(TabParts& parts, System& system, const Palette& palette, Winsock& x10Control)
+MoreTab::MoreTab(TabParts& parts, const Palette& palette, RecordLink& x10Link)
     : parts_(parts),
-      system_(system),
       palette_(palette),
-      x10Control_(x10Control),
+      x10Link_(x10Link),
       lights_(parts.form, {"framex10"}),
       links_(parts.form, {"lblConnectStat"}) {}
 
@@ -87,7 +86,7 @@ void MoreTab::openLights() {
   units->setRows(std::move(rows));
 
   connectLights();
-  parts_.form.find(u"lblX10")->caption = x10Control_.state() == Winsock::Connected
+  parts_.form.find(u"lblX10")->caption = x10Link_.state() == Winsock::Connected
                                              ? u"X10 listener Active"_s
                                              : u"X10 listener DISCONNECTED"_s;
   static constexpr const char* colours[] = {"X10ON", "X10OFF", "X10DIM", "X10BRIGHT"};
@@ -97,13 +96,9 @@ void MoreTab::openLights() {
 }
 
 void MoreTab::connectLights() {
-  const AppState& state = parts_.state;
-  if (x10Control_.state() == Winsock::Connected || state.gX10IP == "NO"_L1) return;
-  x10Control_.Close();
-  x10Control_.RemoteHost = state.gX10IP;
-  x10Control_.RemotePort = static_cast<quint16>(val(state.gX10Port));
-  x10Control_.Connect();
-  system_.pump.wait(kCloseWait, [this] { return x10Control_.state() == Winsock::Connected; });
+  const QString& ip = parts_.state.gX10IP;
+  if (ip.isEmpty() || ip == "NO"_L1) return;
+  if (x10Link_.connect()) x10Link_.letStand(kConnectWaitMs);
 }
 
 }  // namespace korvane

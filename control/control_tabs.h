@@ -5,7 +5,7 @@
 #include "core/tab.h"
 #include "core/tab_controller.h"
 #include "core/tab_parts.h"
-#include "platform/system.h"
+#include "listener/record_link.h"
 
 namespace korvane {
 
@@ -22,7 +22,8 @@ class MapsTab : public Tab {
 
 class MoreTab : public Tab {
  public:
-  MoreTab(TabParts& parts, System& system, const Palette& palette, Winsock& x10Control);
+  // `x10Link` leads to the lights; it is made when the tab opens.
+  MoreTab(TabParts& parts, const Palette& palette, RecordLink& x10Link);
   void leave() override;
   void enter() override;
 
@@ -31,9 +32,8 @@ class MoreTab : public Tab {
   void connectLights();
 
   TabParts& parts_;
-  System& system_;
   const Palette& palette_;
-  Winsock& x10Control_;
+  RecordLink& x10Link_;
   ControlSet lights_, links_;
 };
 

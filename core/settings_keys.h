@@ -68,7 +68,7 @@ inline constexpr SettingKey SERVERIP{"STARTUP", "SERVERIP", Rule::Text, When::Ke
 inline constexpr SettingKey SERVERPORT{"STARTUP", "SERVERPORT", Rule::Text, When::Kept};
 inline constexpr SettingKey RouterIP{"STARTUP", "RouterIP", Rule::Str, When::Kept};
 inline constexpr SettingKey WWWIP{"STARTUP", "WWWIP", Rule::Str, When::Kept};
-inline constexpr SettingKey NICCard{"STARTUP", "NICCard", Rule::Str, When::Kept};
+inline constexpr SettingKey NICCard{"STARTUP", "NICCard", Rule::Str, When::Live};
 inline constexpr SettingKey Maps{"STARTUP", "Maps", Rule::Flag1NoIsZero, When::Start};
 inline constexpr SettingKey Radio{"STARTUP", "Radio", Rule::Flag1NoIsZero, When::Start};
 inline constexpr SettingKey ShowPhoto{"STARTUP", "ShowPhoto", Rule::Shown, When::Start};

@@ -12,11 +12,11 @@ class CoverTransfer {
  public:
   static constexpr double kLargest = 64 << 20;  // bytes; a larger picture is not taken
 
-  CoverTransfer(FileSystem& files, const QString& home);
+  CoverTransfer(FileSystem& files, const QString& home);  // the program directory
 
-  bool receivingCoverArt() const { return receiving_; }
+  bool receivingCoverArt() const { return receiving_; }  // deliveries are for take()
   void begin(double coverArtSize);  // deletes the picture before; nothing for a size that cannot be
-  void cancel() { receiving_ = false; }
+  void cancel() { receiving_ = false; }  // what has come stays in the file
 
   // Adds a delivery. The whole picture once its size has come; until then, or when the file cannot
   // be read back, nothing.

@@ -21,6 +21,7 @@ class LinkSupervision {
     MasterListener& master;
     MusicConnection& music;
   };
+  // Hears the news of both links while it lives.
   LinkSupervision(Form& form, Uses uses);
   ~LinkSupervision();
 
@@ -34,7 +35,8 @@ class LinkSupervision {
   // followed there.
   void listHeard(const QList<ListenerEntry>& entries, bool all);
 
-  // "connected", "Connection refused; again in 2 s"...
+  // How the link to the Music Listener, or else to the Master Listener, stands: "connected",
+  // "Connection refused; again in 2 s"...
   QString words(bool music) const;
 
  private:

@@ -1,5 +1,7 @@
 #include "listener/listener_list.h"
 
+#include "core/settings.h"
+
 namespace korvane {
 namespace {
 
@@ -10,7 +12,7 @@ QString plain(QByteArrayView bytes, WireText encoding) {
   QString text = decode(bytes.first(std::min(bytes.size(), 4 * kLongestText)), encoding);
   for (QChar& c : text)
     if (c.category() == QChar::Other_Control) c = u' ';
-  return text.trimmed().left(kLongestText);
+  return text.left(kLongestText);
 }
 
 // The bytes up to `end`, and `rest` moved behind it; nothing when `rest` is spent.
@@ -35,6 +37,10 @@ ListenerEntry entryOf(QByteArrayView field, WireText encoding) {
 
 }  // namespace
 
+bool ListenerEntry::isAt(const QString& otherIp, const QString& otherPort) const {
+  return ip == otherIp && val(port) == val(otherPort);
+}
+
 QList<ListenerEntry> listenerEntries(QByteArrayView record, WireText encoding) {
   std::optional<QByteArrayView> rest = record;
   nextPiece(rest, kFieldEnd);  // the keyword
@@ -52,7 +58,7 @@ std::optional<ListenerEntry> inPlaceOf(const ListenerEntry& current,
   std::optional<ListenerEntry> first;
   for (const ListenerEntry& entry : entries) {
     if (entry.type != current.type || entry.ip.isEmpty()) continue;
-    if (entry.ip == current.ip && entry.port == current.port) return std::nullopt;
+    if (entry.isAt(current.ip, current.port)) return std::nullopt;
     const bool namesake = first && first->description == current.description;
     if (!first || (!namesake && entry.description == current.description)) first = entry;
   }

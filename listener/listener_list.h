@@ -9,13 +9,16 @@ namespace korvane {
 struct ListenerEntry {
   QString description, ip, port;
   QString type;  // "MOVIES", "MUSIC", "X10" or "CLIENT"
+  // Whether it is the service at that address; ports are the same when their numbers are.
+  bool isAt(const QString& otherIp, const QString& otherPort) const;
   bool operator==(const ListenerEntry&) const = default;
 };
 
 inline constexpr char kSubFieldEnd = 2;
 
-// The entries of a record, without its 0x01. A missing sub-field is empty, control characters
-// become blanks, a text is cut at 200 characters; what follows the 4,096th entry is not looked at.
+// The entries of a record, without its 0x01. A missing sub-field is empty, blanks
+// stay, control characters become blanks, a text is cut at 200 characters; what follows the 4,096th
+// entry is not looked at.
 QList<ListenerEntry> listenerEntries(QByteArrayView record, WireText encoding);
 
 // Which entry is to take the place of a Music Listener that cannot be reached, when the whole list

@@ -38,6 +38,11 @@ std::optional<double> ListenerRecord::number(int index) const {
   return index < count_ ? numberOf(field(index)) : std::nullopt;
 }
 
+std::optional<double> ListenerRecord::whole(int index) const {
+  const std::optional<double> read = number(index);
+  return read ? std::optional(std::nearbyint(*read)) : std::nullopt;
+}
+
 QString commandRecord(const QString& target, const QString& command, const QString& argument1,
                       const QString& argument2) {
   QString record = withoutSeparators(target);

@@ -2,7 +2,7 @@
 //
 // A record is field 0, 0x00, field 1, 0x00, ..., field n, 0x01. Fields are plain text, one byte a
 // character; numbers are decimal text. There is no length, no checksum and no escape: a separator
-// inside a field cannot be told, so building a record turns it into a blank.
+// inside a field cannot be sent, so building a record turns it into a blank.
 #pragma once
 
 #include <cstring>
@@ -20,8 +20,9 @@ enum class WireText { Windows1252, Utf8 };
 // The encoding that a setting's text means: "UTF-8", in any case, or else Windows-1252.
 WireText wireTextOf(QStringView setting);
 
-QByteArray encode(QStringView text,
-                  WireText encoding);  // '?' for a character that it does not have
+// With '?' for a character that the encoding does not have.
+QByteArray encode(QStringView text, WireText encoding);
+// Never fails; what is no text of the encoding becomes a replacement character.
 QString decode(QByteArrayView bytes, WireText encoding);
 
 // A record without its 0x01, in bytes that outlive it.
@@ -30,6 +31,7 @@ class ListenerRecord {
   static constexpr int kMostFields = 4;            // further ones are not looked at
   static constexpr qsizetype kLongestText = 1000;  // bytes of a field that text() takes
 
+  // Texts of the fields are decoded by `encoding` when they are asked for.
   ListenerRecord(QByteArrayView bytes, WireText encoding) : encoding_(encoding) {
     while (count_ < kMostFields) {
       const void* end =
@@ -44,14 +46,16 @@ class ListenerRecord {
     }
   }
 
-  int count() const { return count_; }
+  int count() const { return count_; }  // of the fields that are looked at, 1 at least
   QByteArrayView name() const { return fields_[0]; }
+  // Empty when there is no such field.
   QByteArrayView field(int index) const {
     return index < count_ ? fields_[index] : QByteArrayView();
   }
 
   std::optional<QString> text(int index) const;   // nothing when there is no such field
   std::optional<double> number(int index) const;  // nothing unless the field is one finite number
+  std::optional<double> whole(int index) const;   // the same, rounded; a half to the even number
 
  private:
   static size_t length(QByteArrayView bytes) { return static_cast<size_t>(bytes.size()); }

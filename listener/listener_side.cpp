@@ -9,9 +9,10 @@ ListenerSide::ListenerSide(Desk& d)
     : connectionMP3(d.system.makeWinsock()),
       connectionMovie(d.system.makeWinsock()),
       connectionML(d.system.makeWinsock()),
-      master({d.state, d.settings, d.screen, d.messages, d.log, d.system.pump, *connectionML}),
-      network({d.host, d.palette, d.state, d.messages}),
-      listeners({d.host, d.palette, d.state, d.system.network, *connectionML}),
+      master({d.state, d.settings, d.screen, d.messages, d.log, d.system.pump, d.system.clock,
+              *connectionML}),
+      network(d.dialogs, d.state),
+      listeners(d.dialogs, {d.state, d.system.network, *connectionML}),
       music({d.frmMain, d.state, d.settings, d.messages, d.log, d.system.pump, d.system.files,
              d.system.player, d.system.mixer, *connectionMP3,
              [&d](const QString& path) {

@@ -14,6 +14,7 @@
 
 namespace korvane {
 
+// A command of "MUSIC" as ConnectionMP3Send takes it, without blanks at its ends.
 struct MusicCommand {
   QString command, argument1, argument2;
 };
@@ -25,7 +26,7 @@ class LocalReplies {
   virtual void localReply(const QString& record) = 0;  // a whole record, handled before it returns
   virtual void localCover(const QByteArray* image) = 0;  // of the song to be played; null for none
   virtual void localSongFailed(const QString& description) = 0;  // after it seemed to play
-  virtual void localEndOfStream() = 0;
+  virtual void localEndOfStream() = 0;                           // of the song at hand. Yields.
 };
 
 class LocalMusic : private MediaPlayer::Events {
@@ -41,7 +42,7 @@ class LocalMusic : private MediaPlayer::Events {
     LocalReplies& replies;
     CoverArt coverArtBytes;  // a song's own picture
   };
-  explicit LocalMusic(Uses uses);
+  explicit LocalMusic(Uses uses);  // the player's events come here while it lives
   ~LocalMusic() override;
 
   void perform(const MusicCommand& command);  // unknown ones are ignored. Yields.

@@ -3,49 +3,44 @@
 namespace korvane {
 namespace {
 
-constexpr int kClosingWaitMs = 300, kConnectedWaitMs = 300, kResetWaitMs = 500;
+constexpr int kConnectedWaitMs = 300;
+constexpr qint64 kUnaskedMs = 60'000;  // between two lists that nobody has asked for
 constexpr qsizetype kLongestRecord = 1 << 20;
 
 }  // namespace
 
-MasterListener::MasterListener(Uses uses) : uses_(uses) {
-  uses_.connectionML.setEvents(this);
-}
-
-MasterListener::~MasterListener() {
-  uses_.connectionML.setEvents(nullptr);
-}
+MasterListener::MasterListener(Uses uses)
+    : uses_(uses),
+      link_({uses_.connectionML, uses_.pump, uses_.settings, uses_.log,
+             uses_.state.gMasterListenerIP, uses_.state.gMasterListenerPort, "connectionMLConnect"},
+            this) {}
 
 bool MasterListener::isNamed() const {
   const QString& ip = uses_.state.gMasterListenerIP;
-  return !ip.isEmpty() && ip != "NO"_L1 && uses_.state.gMasterListenerPort.toUShort() > 0;
+  return !ip.isEmpty() && ip != "NO"_L1 && link_.hasPort();
 }
 
 void MasterListener::connectionMLConnect() {
-  uses_.log.guard("connectionMLConnect", "Form frmMain", [this] { connectNow(); });
-}
-
-void MasterListener::connectNow() {
-  if (connectionState() == Winsock::Connected || !isNamed()) return;
-  uses_.connectionML.Close();
-  uses_.pump.wait(kClosingWaitMs, [this] { return connectionState() == Winsock::Closed; });
-  connectAgain();
+  if (!isNamed() || connectionState() == Winsock::Connected) return;
+  forget();
+  if (!link_.connect()) return;
   uses_.pump.doEvents();
-  uses_.pump.wait(kConnectedWaitMs, [this] { return connectionState() == Winsock::Connected; });
+  link_.letStand(kConnectedWaitMs);
 }
 
 void MasterListener::connectAgain() {
-  close();
-  wireText_ = wireTextOf(uses_.settings.upper(key::ListenerEncoding));
-  uses_.connectionML.RemotePort = uses_.state.gMasterListenerPort.toUShort();
-  uses_.connectionML.RemoteHost = uses_.state.gMasterListenerIP;
-  uses_.connectionML.Connect();
-  if (news_) news_->linkTries();
+  forget();
+  link_.connectAgain();
 }
 
 void MasterListener::close() {
+  forget();
+  link_.close();
+}
+
+void MasterListener::forget() {
   unfinished_.clear();
-  uses_.connectionML.Close();
+  listAsked_ = false;
 }
 
 void MasterListener::mlreset() {
@@ -53,66 +48,73 @@ void MasterListener::mlreset() {
   const Busy busy(uses_.screen, Screen::Custom);
   if (connectionState() != Winsock::Connected) {
     connectionMLConnect();
-    uses_.pump.wait(kResetWaitMs, [this] { return connectionState() == Winsock::Connected; });
-    uses_.pump.doEvents();
+    link_.letStand();
   }
-  if (connectionState() == Winsock::Connected)
+  listAsked_ = connectionState() == Winsock::Connected;
+  if (listAsked_)
     send({u"ML"_s, u"GET"_s, u"ALL"_s});
   else
     uses_.messages.say(u"Master Listener is not running, unable to connect."_s);
 }
 
-void MasterListener::send(std::initializer_list<QString> fields) {
+void MasterListener::send(std::initializer_list<QString> fields, bool answered) {
   QString record = replyRecord(fields);
   record.replace(QLatin1Char(kSubFieldEnd), u' ');  // it would end a sub-field of the list
-  uses_.connectionML.SendData(encode(record, wireText_));
+  link_.send(record, answered);
 }
 
-void MasterListener::Connect() {
+void MasterListener::linkStands() {
   unfinished_.clear();
-  if (news_) news_->linkStands();
-  send({u"ML"_s, u"REG"_s, uses_.state.gMasterListenerMyName, uses_.connectionML.LocalIP(),
-        u"N/A"_s, u"CLIENT"_s, u"CLIENT"_s});
-  if (connectionState() != Winsock::Connected) return;
-  send({u"ML"_s, u"IGET"_s, u"ALL"_s});
-  if (news_) news_->linkAsks();
+  failure_.clear();
+  send({u"ML"_s, u"REG"_s, uses_.state.gMasterListenerMyName, link_.localIP(), u"N/A"_s,
+        u"CLIENT"_s, u"CLIENT"_s});
+  send({u"ML"_s, u"IGET"_s, u"ALL"_s}, true);
 }
 
-void MasterListener::Close() {
-  ended(u"it ended the connection"_s);
+void MasterListener::linkCloses() {
+  forget();
 }
 
-void MasterListener::Error(const QString& description) {
-  ended(description);
-}
-
-void MasterListener::ended(const QString& why) {
-  close();
-  if (news_) news_->linkEnds(why);
+// A supervised link fails every two seconds while there is no Master Listener.
+void MasterListener::linkFails(const QString& description) {
+  forget();
+  if (std::exchange(failure_, description) != description)
+    uses_.log.logIt(u"Error in connectionML "_s + description);
 }
 
 // As the records of a Listener, a piece without its end is dropped; a supervised link joins it with
 // what follows, since a long list comes in several deliveries.
-void MasterListener::DataArrival(qint64 bytesTotal) {
-  const QByteArray block = unfinished_ + uses_.connectionML.GetData(bytesTotal);
+void MasterListener::linkDelivers(const QByteArray& delivery) {
+  const QByteArray block = unfinished_ + delivery;
   unfinished_.clear();
   const qsizetype end = block.lastIndexOf(kRecordEnd) + 1;
-  if (news_ && end > 0) news_->linkHears();  // half a record is no answer
+  if (end > 0) link_.heard();  // half a record is no answer
   if (uses_.settings.flag(key::LinkSupervision) && block.size() - end <= kLongestRecord)
     unfinished_ = block.sliced(end);
-  forEachRecord(block, [this](QByteArrayView record) { return handle(record); });
+  forEachRecord(block, [this](QByteArrayView record) {
+    handle(record);
+    return true;
+  });
 }
 
-bool MasterListener::handle(QByteArrayView record) {
-  const QByteArrayView name = ListenerRecord(record, wireText_).name();
+void MasterListener::handle(QByteArrayView record) {
+  const QByteArrayView name = ListenerRecord(record, link_.wireText()).name();
   const bool all = name == "IREQUEST";
   if (all || name == "NEW") {
-    const QList<ListenerEntry> entries = listenerEntries(record, wireText_);
+    const QList<ListenerEntry> entries = listenerEntries(record, link_.wireText());
     applyListenerList(entries);
     if (listHeard) listHeard(entries, all);
   }
-  if (name == "REQUEST" && networkAsked) networkAsked(listenerEntries(record, wireText_));
-  return true;
+  if (name == "REQUEST") showNetwork(listenerEntries(record, link_.wireText()));
+}
+
+void MasterListener::showNetwork(const QList<ListenerEntry>& entries) {
+  const bool asked = std::exchange(listAsked_, false);
+  const bool early = shownMs_ && uses_.clock.monotonicMs() - *shownMs_ < kUnaskedMs;
+  if (!networkAsked || (early && !asked)) return;
+  shownMs_ = uses_.clock.monotonicMs();  // what comes while it is open is not shown behind it
+  networkAsked(entries);
+  shownMs_ = uses_.clock.monotonicMs();
 }
 
 void MasterListener::applyListenerList(const QList<ListenerEntry>& entries) {

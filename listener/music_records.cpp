@@ -1,6 +1,7 @@
-// What each record of the Music Listener does: the table, and a handler a record. A statement whose
-// field is missing or no number is skipped; the others of its record still run.
-#include "listener/music_connection.h"
+// A statement whose field is missing or no number is skipped; the others of its record still run.
+// What a handler changes in the state is there before the captions change: who mirrors a caption
+// reads the state with it.
+#include "listener/music_records.h"
 
 namespace korvane {
 namespace {
@@ -11,38 +12,37 @@ bool isTime(double seconds) {
 
 }  // namespace
 
-const MusicConnection::RecordHandler MusicConnection::kRecords[] = {
-    {"MUSICTIMER", &MusicConnection::musicTimer},
-    {"MUSICDURATION", &MusicConnection::musicDuration},
-    {"MEDIAPLAYERSTATE", &MusicConnection::mediaPlayerState},
-    {"SONGPLAYING", &MusicConnection::songPlaying},
-    {"ENDOFSTREAM", &MusicConnection::endOfStream},
-    {"ERROR", &MusicConnection::error},
-    {"PAUSETOPLAY", &MusicConnection::pauseToPlay},
-    {"VOLUME", &MusicConnection::volume},
-    {"MAXVOLUME", &MusicConnection::maxVolume},
-    {"RECEIVEJPG", &MusicConnection::receiveJpg},
+const MusicRecords::Entry MusicRecords::kRecords[] = {
+    {"MUSICTIMER", &MusicRecords::musicTimer},
+    {"MUSICDURATION", &MusicRecords::musicDuration},
+    {"MEDIAPLAYERSTATE", &MusicRecords::mediaPlayerState},
+    {"SONGPLAYING", &MusicRecords::songPlaying},
+    {"ENDOFSTREAM", &MusicRecords::endOfStream},
+    {"ERROR", &MusicRecords::error},
+    {"PAUSETOPLAY", &MusicRecords::pauseToPlay},
+    {"VOLUME", &MusicRecords::volume},
+    {"MAXVOLUME", &MusicRecords::maxVolume},
+    {"RECEIVEJPG", &MusicRecords::receiveJpg},
 };
 
-void MusicConnection::DataArrival(qint64 bytesTotal) {
-  if (bytesTotal == -1) {
-    const QByteArray reply = localListenerReply_;  // a handler may answer anew
-    return handleRecords(reply, WireText::Utf8);
-  }
-  if (connectionState() == Winsock::Connecting)
-    uses_.pump.wait(3000, [this] { return connectionState() != Winsock::Connecting; });
-  const QByteArray block = uses_.connectionMP3.GetData(bytesTotal);
-  const bool heard = cover_.receivingCoverArt() || block.contains(kRecordEnd);
-  if (linkNews_ && heard) linkNews_->linkHears();  // half a record is no answer
-  if (uses_.state.gLocalListener) return;          // of a Listener that nobody listens to
-  if (!cover_.receivingCoverArt()) return handleRecords(block, wireText_);
-  if (const auto image = cover_.take(block)) showCover(*image);
+MusicRecords::MusicRecords(Uses uses)
+    : uses_(std::move(uses)),
+      cover_(uses_.files, uses_.home),
+      trouble_(uses_.messages, uses_.pump) {}
+
+bool MusicRecords::isAnswer(QByteArrayView block) const {
+  return cover_.receivingCoverArt() || block.contains(kRecordEnd);
 }
 
-void MusicConnection::handleRecords(QByteArrayView block, WireText encoding) {
+void MusicRecords::deliver(const QByteArray& block, WireText encoding) {
+  if (!cover_.receivingCoverArt()) return handle(block, encoding);
+  if (const auto image = cover_.take(block)) uses_.presenter.showCover(*image);
+}
+
+void MusicRecords::handle(QByteArrayView block, WireText encoding) {
   forEachRecord(block, [&](QByteArrayView bytes) {
     const ListenerRecord record(bytes, encoding);
-    for (const RecordHandler& entry : kRecords) {
+    for (const Entry& entry : kRecords) {
       if (entry.name != record.name()) continue;
       (this->*entry.handle)(record);
       break;
@@ -51,68 +51,76 @@ void MusicConnection::handleRecords(QByteArrayView block, WireText encoding) {
   });
 }
 
-void MusicConnection::receiveJpg(const ListenerRecord& record) {
-  if (const auto coverArtSize = record.number(1)) cover_.begin(*coverArtSize);
+void MusicRecords::listenerGone() {
+  uses_.state.gSongPlayingTitle.clear();
+  if (news_) news_->playerStopped();
+  uses_.state.gPlayMode = PlayMode::Stopped;
+  uses_.presenter.backToStart();
+  uses_.songs.forget();
 }
 
-void MusicConnection::musicTimer(const ListenerRecord& record) {
+void MusicRecords::receiveJpg(const ListenerRecord& record) {
+  if (const auto coverArtSize = record.whole(1)) cover_.begin(*coverArtSize);
+}
+
+void MusicRecords::musicTimer(const ListenerRecord& record) {
   const auto position = record.number(2);
-  if (position.value_or(0) > 0) failuresInARow_ = 0;
+  if (position.value_or(0) > 0) uses_.songs.sounds();
   if (uses_.state.sliderHeld) return;
-  if (position && isTime(*position)) panel_.Slider1->value = *position;
-  ShowSliderTimes();
+  if (position && isTime(*position)) uses_.presenter.showPosition(*position);
+  uses_.presenter.ShowSliderTimes();
 }
 
-void MusicConnection::musicDuration(const ListenerRecord& record) {
+void MusicRecords::musicDuration(const ListenerRecord& record) {
   const auto seconds = record.number(1);
-  if (!seconds || !isTime(*seconds)) return;
-  DisplayDuration(*seconds);
-  panel_.Slider1->maximum = std::max(*seconds, 0.0);
+  if (seconds && isTime(*seconds)) uses_.presenter.showLength(*seconds);
 }
 
-void MusicConnection::endOfStream(const ListenerRecord&) {
-  songEnded();
+void MusicRecords::endOfStream(const ListenerRecord&) {
+  uses_.songs.ended();
 }
 
-void MusicConnection::error(const ListenerRecord& record) {
+void MusicRecords::error(const ListenerRecord& record) {
   if (const auto text = record.text(1)) trouble_.say(*text);
-  if (std::exchange(songAwaited_, false)) takeNextSong();
+  uses_.songs.failed();
 }
 
-void MusicConnection::maxVolume(const ListenerRecord& record) {
-  listenerMaxVolume = record.number(1).value_or(listenerMaxVolume);
+void MusicRecords::maxVolume(const ListenerRecord& record) {
+  double& maximum = uses_.reports.listenerMaxVolume;
+  maximum = record.whole(1).value_or(maximum);
 }
 
-void MusicConnection::volume(const ListenerRecord& record) {
-  listenerVolume = record.number(1).value_or(listenerVolume);
-  if (listenerMaxVolume > 0)
-    panel_.lblVolume->caption =
-        u"Volume %1%"_s.arg(std::round(100 * listenerVolume / listenerMaxVolume));
-  if (volumeTold) volumeTold();
+void MusicRecords::volume(const ListenerRecord& record) {
+  MusicReports& reports = uses_.reports;
+  reports.listenerVolume = record.whole(1).value_or(reports.listenerVolume);
+  uses_.presenter.showVolume(reports.listenerVolume, reports.listenerMaxVolume);
+  if (reports.volumeTold) reports.volumeTold();
 }
 
-void MusicConnection::pauseToPlay(const ListenerRecord&) {
+void MusicRecords::pauseToPlay(const ListenerRecord&) {
   uses_.state.gPlayMode = PlayMode::Playing;
   uses_.state.gMusicState = MusicState::Play;
-  panel_.play->setPicture(u"Music"_s, u"playb"_s);
-  panel_.pause->setPicture(u"Music"_s, u"pause"_s);
-  panel_.stop->setPicture(u"Music"_s, u"stop"_s);
+  uses_.presenter.showResumed();
 }
 
-void MusicConnection::mediaPlayerState(const ListenerRecord& record) {
-  const auto told = record.number(1);
-  if (!told || std::abs(*told) > 1000) return;
-  const auto mode = playModeOf(static_cast<int>(std::lround(*told)));
+void MusicRecords::mediaPlayerState(const ListenerRecord& record) {
+  const auto number = record.whole(1);
+  if (!number || std::abs(*number) > 1000) return;
+  const auto mode = playModeOf(static_cast<int>(*number));
   if (!mode || *mode == uses_.state.gPlayMode) return;
   uses_.state.gPlayMode = *mode;
+  if (*mode == PlayMode::Playing) uses_.state.gMusicState = MusicState::Play;
   if (!news_) return;
   if (*mode == PlayMode::Paused) news_->playerPaused();
   if (*mode == PlayMode::Stopped) news_->playerStopped();
 }
 
-void MusicConnection::songPlaying(const ListenerRecord& record) {
-  songAwaited_ = false;
-  if (const auto title = record.text(1)) panel_.lblCurrentPlay->caption = u"Playing: "_s + *title;
+void MusicRecords::songPlaying(const ListenerRecord& record) {
+  uses_.songs.plays();
+  const auto title = record.text(1);
+  if (!title) return;
+  uses_.state.gSongPlayingTitle = *title;
+  uses_.presenter.showSong(*title);
 }
 
 }  // namespace korvane

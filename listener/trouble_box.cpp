@@ -11,7 +11,7 @@ void TroubleBox::say(const QString& text) {
   if (waiting_.size() < kMostTexts)
     waiting_ << text;
   else
-    ++untold_;
+    ++further_;
   if (!busy_) post();
 }
 
@@ -24,7 +24,7 @@ void TroubleBox::post() {
 
 void TroubleBox::show() {
   QStringList texts = std::exchange(waiting_, {});
-  if (const int more = std::exchange(untold_, 0)) texts << u"And %1 more."_s.arg(more);
+  if (const int more = std::exchange(further_, 0)) texts << u"And %1 more."_s.arg(more);
   const std::weak_ptr<bool> alive = alive_;
   messages_.say(texts.join(u'\n'));
   if (alive.expired()) return;

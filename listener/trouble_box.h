@@ -8,6 +8,7 @@ namespace korvane {
 
 class TroubleBox {
  public:
+  // Both outlive the box; it may itself go while a message is up.
   TroubleBox(Messages& messages, Pump& pump) : messages_(messages), pump_(pump) {}
 
   void say(const QString& text);  // shown from the event loop; the same text waits only once
@@ -19,7 +20,7 @@ class TroubleBox {
   Messages& messages_;
   Pump& pump_;
   QStringList waiting_;
-  int untold_ = 0;  // more than a box can hold
+  int further_ = 0;  // more than a box can hold
   bool busy_ = false;
   std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
 };

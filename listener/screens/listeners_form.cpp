@@ -1,7 +1,5 @@
 #include "listener/screens/listeners_form.h"
 
-#include "core/dressing.h"
-
 namespace korvane {
 namespace {
 
@@ -10,48 +8,42 @@ constexpr int kPingMs = 500, kPauseMs = 1000;
 constexpr Colour kGreen = 65280, kRed = 255;
 constexpr const char* kNames[] = {"Movie ", "Music ", "Master "};
 
+constexpr Look kTitle = {.caption = "IP Ping of Listeners ", .text = 44, .bold = true};
+constexpr Look kAddress = {.text = 30}, kDone = {.caption = "Done", .accent = true};
+constexpr Look kName = {.text = 34}, kState = {.text = 28}, kLamp = {.text = 64, .align = 0};
+
 constexpr InventoryRow kRows[] = {
-    {"Label1", -1, Kind::Label, {24, 16, 1232, 64}, TL, "IP Ping of Listeners"},
-    {"lblIP", 0, Kind::Label, {136, 112, 1120, 56}, TL, "Movie Listener"},
-    {"lblIP", 1, Kind::Label, {136, 256, 1120, 56}, TL, "Music Listener"},
-    {"lblIP", 2, Kind::Label, {136, 400, 1120, 56}, TL, "Master Listener"},
-    {"lblState", 0, Kind::Label, {136, 172, 1120, 48}, TL, "State of the Movie Listener"},
-    {"lblState", 1, Kind::Label, {136, 316, 1120, 48}, TL, "State of the Music Listener"},
-    {"lblState", 2, Kind::Label, {136, 460, 1120, 48}, TL, "State of the Master Listener"},
-    {"Shape", 0, Kind::Label, {40, 120, 80, 88}, TL, "Lamp of the Movie Listener"},
-    {"Shape", 1, Kind::Label, {40, 264, 80, 88}, TL, "Lamp of the Music Listener"},
-    {"Shape", 2, Kind::Label, {40, 408, 80, 88}, TL, "Lamp of the Master Listener"},
-    {"lblthisIP", -1, Kind::Label, {40, 568, 900, 56}, TL, "This address"},
-    {"cmdDone", -1, Kind::Button, {1000, 648, 256, 96}, TL, "Done"},
+    {"Label1", -1, Kind::Label, {24, 16, 1232, 64}, TL, "IP Ping of Listeners", "", true, kTitle},
+    {"lblIP", 0, Kind::Label, {136, 112, 1120, 56}, TL, "Movie Listener", "", true, kName},
+    {"lblIP", 1, Kind::Label, {136, 256, 1120, 56}, TL, "Music Listener", "", true, kName},
+    {"lblIP", 2, Kind::Label, {136, 400, 1120, 56}, TL, "Master Listener", "", true, kName},
+    {"lblState", 0, Kind::Label, {136, 172, 1120, 48}, TL, "Movie state", "", true, kState},
+    {"lblState", 1, Kind::Label, {136, 316, 1120, 48}, TL, "Music state", "", true, kState},
+    {"lblState", 2, Kind::Label, {136, 460, 1120, 48}, TL, "Master state", "", true, kState},
+    {"Shape", 0, Kind::Label, {40, 120, 80, 88}, TL, "Movie lamp", "", true, kLamp},
+    {"Shape", 1, Kind::Label, {40, 264, 80, 88}, TL, "Music lamp", "", true, kLamp},
+    {"Shape", 2, Kind::Label, {40, 408, 80, 88}, TL, "Master lamp", "", true, kLamp},
+    {"lblthisIP", -1, Kind::Label, {40, 568, 900, 56}, TL, "This address", "", true, kAddress},
+    {"cmdDone", -1, Kind::Button, {1000, 648, 256, 96}, TL, "Done", "", true, kDone},
     {"Timer1", -1, Kind::Timer, {}, TL, ""},
 };
 
 }  // namespace
 
-ListenersForm::ListenersForm(Uses uses)
-    : uses_(uses), form_(u"frmListeners"_s, kRows), panel_(form_) {
-  title(*panel_.Label1, u"IP Ping of Listeners "_s);
-  for (size_t i = 0; i < kListeners; ++i) {
-    panel_.lblIP[i]->fontUnits = 34;
-    panel_.lblState[i]->fontUnits = 28;
-    panel_.Shape[i]->fontUnits = 64;
-    panel_.Shape[i]->align = 0;
-  }
-  panel_.lblthisIP->fontUnits = 30;
-  panel_.cmdDone->caption = u"Done"_s;
-  panel_.cmdDone->look.accent = true;
+ListenersForm::ListenersForm(const DialogUses& dialogs, Uses uses)
+    : Dialog(dialogs, u"frmListeners"_s, kRows), uses_(uses), panel_(form_) {
   panel_.Timer1->interval = kPauseMs;
   panel_.Timer1->enabled = false;
   form_.on(u"Timer1", Event::Tick, [this](auto&, auto&) { Timer1_Timer(); });
-  form_.on(u"cmdDone", Event::Click, [this](auto&, auto&) { uses_.host.hide(form_); });
+  onClick(u"cmdDone", [this](int) { leave(); });
 }
 
 void ListenersForm::open() {
-  if (form_.shown()) return;
-  dress(form_, uses_.palette);
-  Form_Load();
-  Timer1_Timer();
-  uses_.host.showModal(form_);
+  const bool shown = run([this] {
+    Form_Load();
+    Timer1_Timer();
+  });
+  if (!shown) return;
   panel_.Timer1->enabled = false;
   uses_.network.cancelPing();
 }

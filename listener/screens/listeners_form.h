@@ -2,39 +2,33 @@
 #pragma once
 
 #include "core/app_state.h"
-#include "core/form/form.h"
+#include "core/dialog.h"
 #include "core/form/panel.h"
-#include "core/palette.h"
 #include "platform/network.h"
 #include "platform/winsock.h"
 
 namespace korvane {
 
-class ListenersForm {
+class ListenersForm : public Dialog {
  public:
   struct Uses {
-    FormHost& host;
-    const Palette& palette;
     const AppState& state;
     Network& network;
-    const Winsock& connectionML;
+    const Winsock& connectionML;  // whose own address is shown
   };
-  explicit ListenersForm(Uses uses);
+  ListenersForm(const DialogUses& dialogs, Uses uses);
 
-  void open();  // Yields.
-
-  Form& form() { return form_; }
+  // Pings round after round until it is left. Yields.
+  void open();
 
  private:
   static constexpr size_t kListeners = 3;
   struct Panel : FormPanel {
     using FormPanel::FormPanel;
-    Label* Label1 = bind("Label1");
     Label* lblthisIP = bind("lblthisIP");
     std::array<Label*, kListeners> lblIP = bind("lblIP");
     std::array<Label*, kListeners> Shape = bind("Shape");
     std::array<Label*, kListeners> lblState = bind("lblState");
-    Button* cmdDone = bind("cmdDone");
     Timer* Timer1 = bind("Timer1");
   };
 
@@ -44,8 +38,7 @@ class ListenersForm {
   void lamp(size_t listener, Network::EchoStatus status);
   QString address(size_t listener) const;
 
-  Uses uses_;
-  Form form_;
+  const Uses uses_;
   Panel panel_;
   size_t next_ = 0;  // of the round that runs
 };

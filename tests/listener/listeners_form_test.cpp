@@ -24,7 +24,7 @@ struct ListenersFormTest : MusicWorld {
   FakeFormHost host;
   FakeNetwork& network = system.network;
   FakeWinsock connectionML;
-  ListenersForm listeners{{host, palette, state, network, connectionML}};
+  ListenersForm listeners{{host, palette, messages}, {state, network, connectionML}};
 };
 
 // One address after the other, and again after a pause; nothing once the form is left.
@@ -48,13 +48,13 @@ TEST_F(ListenersFormTest, PingsTheThreeInTurn) {
                            u"Master 10.0.0.1: green answers"_s}));
     EXPECT_FALSE(network.answer());
     network.status[u"10.0.0.1"_s] = Network::Forbidden;
-    state.gMusicListenerIP = u"10.0.0.3"_s;  // told by the Master Listener meanwhile
+    state.gMusicListenerIP = u"10.0.0.3"_s;  // from the Master Listener, meanwhile
     window.fire(*window.find(u"Timer1"), {Event::Tick});
     while (network.answer()) continue;
     EXPECT_EQ(lamps(window)[1], u"Music 10.0.0.3: green answers"_s);
     EXPECT_TRUE(lamps(window)[2].startsWith(u"Master 10.0.0.1: red this system forbids pings"_s));
     window.fire(*window.find(u"Timer1"), {Event::Tick});
-    press(window, u"cmdDone"_s);
+    EXPECT_TRUE(window.fireKey({.type = Event::KeyDown, .key = 27}));  // Escape is Done
   });
   listeners.open();
   EXPECT_FALSE(network.answer());

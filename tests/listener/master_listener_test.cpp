@@ -16,7 +16,6 @@ struct MasterListenerTest : MusicWorld {
     state.gMasterListenerIP = u"10.0.0.1"_s;
     state.gMasterListenerPort = u"4000"_s;
     state.gMasterListenerMyName = u"Seat 1\2A"_s;
-    master.networkAsked = [this](const QList<ListenerEntry>& list) { shown.push_back(list); };
   }
   void stand() {
     master.connectionMLConnect();
@@ -25,8 +24,8 @@ struct MasterListenerTest : MusicWorld {
 
   FakeWinsock connectionML;
   Screen screen;
-  MasterListener master{{state, settings, screen, messages, logger, system.pump, connectionML}};
-  std::vector<QList<ListenerEntry>> shown;
+  MasterListener master{
+      {state, settings, screen, messages, logger, system.pump, system.clock, connectionML}};
 };
 
 TEST_F(MasterListenerTest, RegistersAndAsksWhenItStands) {
@@ -40,16 +39,38 @@ TEST_F(MasterListenerTest, RegistersAndAsksWhenItStands) {
 }
 
 TEST_F(MasterListenerTest, ResetAsksForTheTableOrSaysThatThereIsNone) {
-  master.mlreset();
+  master.mlreset();  // nobody is there
   EXPECT_EQ(messages.texts, QStringList{u"Master Listener is not running, unable to connect."_s});
   EXPECT_EQ(screen.MousePointer(), Screen::Custom);
-  stand();
-  connectionML.sent.clear();
+  system.pump.at(2000, [this] { connectionML.stand(); });
   master.mlreset();
-  EXPECT_EQ(connectionML.sent, QByteArrayList{bytes("ML|GET|ALL$")});
+  EXPECT_EQ(connectionML.sent, QByteArrayList({bytes("ML|REG|Seat 1 A|10.0.0.7|N/A|CLIENT|CLIENT$"),
+                                               bytes("ML|IGET|ALL$"), bytes("ML|GET|ALL$")}));
   screen.MousePointer = Screen::Hourglass;
   master.mlreset();  // a second press while one is at work
-  EXPECT_EQ(connectionML.sent.size(), 1);
+  EXPECT_EQ(connectionML.sent.size(), 3);
+  EXPECT_EQ(messages.texts.size(), 1);
+}
+
+TEST_F(MasterListenerTest, AListThatNobodyAskedForIsShownOnceAMinute) {
+  const QByteArray list = table("REQUEST|a,1.1.1.1,1,MUSIC$");
+  int shows = 0;
+  master.networkAsked = [&](const QList<ListenerEntry>&) {
+    if (++shows > 1) return;
+    connectionML.arrive(list);  // the form is up, and so for two minutes
+    system.clock.advance(120'000);
+  };
+  stand();
+  connectionML.arrive(list.repeated(3));
+  system.clock.advance(59'999);
+  connectionML.arrive(list);
+  EXPECT_EQ(shows, 1);
+  master.mlreset();
+  connectionML.arrive(list.repeated(2));
+  EXPECT_EQ(shows, 2);
+  system.clock.advance(60'000);
+  connectionML.arrive(list.repeated(2));
+  EXPECT_EQ(shows, 3);
 }
 
 TEST_F(MasterListenerTest, NoAddressMeansNoAttempt) {
@@ -87,18 +108,6 @@ TEST_F(MasterListenerTest, TheFirstEntryOfATypeWins) {
   EXPECT_EQ(state.gMusicListenerIP, u"4.4.4.4"_s);
 }
 
-TEST_F(MasterListenerTest, ATableIsShownAsPlainTextAndWithinItsCap) {
-  stand();
-  connectionML.arrive(table("REQUEST$REQUEST|Sa\nlon\x7F,1.1.1.1, 5 |alone$"));
-  ASSERT_EQ(shown.size(), 2u);
-  EXPECT_TRUE(shown[0].empty());
-  EXPECT_EQ(shown[1], QList<ListenerEntry>(
-                          {{u"Sa lon"_s, u"1.1.1.1"_s, u"5"_s, {}}, {u"alone"_s, {}, {}, {}}}));
-  connectionML.arrive(table("REQUEST" + QByteArray("|x,1.1.1.1,1,CLIENT").repeated(5000) + "|" +
-                            QByteArray(100'000, 'y') + "$"));
-  EXPECT_EQ(shown.back().size(), 4096);
-}
-
 // A list of a thousand services comes in several deliveries.
 TEST_F(MasterListenerTest, ASupervisedLinkJoinsWhatADeliveryCut) {
   setting("LinkSupervision=YES");
@@ -109,6 +118,20 @@ TEST_F(MasterListenerTest, ASupervisedLinkJoinsWhatADeliveryCut) {
   EXPECT_EQ(state.gMusicListenerIP, u"1.1.1.1"_s);
 }
 
+TEST(ListenerList, IsPlainTextWithItsBlanksAndWithinItsCap) {
+  const auto entries = [](const QByteArray& text) {
+    return listenerEntries(table(text), WireText::Windows1252);
+  };
+  EXPECT_TRUE(entries("REQUEST").isEmpty());
+  EXPECT_EQ(entries("REQUEST| Sa\nlon\x7F,1.1.1.1, 5 |alone"),
+            QList<ListenerEntry>(
+                {{u" Sa lon "_s, u"1.1.1.1"_s, u" 5 "_s, {}}, {u"alone"_s, {}, {}, {}}}));
+  EXPECT_EQ(entries("REQUEST" + QByteArray("|x,1.1.1.1,1,CLIENT").repeated(5000) + "|" +
+                    QByteArray(100'000, 'y'))
+                .size(),
+            4096);
+}
+
 TEST(ListenerList, FollowsAListenerThatMoved) {
   const ListenerEntry current{u"Cabin"_s, u"1.1.1.1"_s, u"7"_s, u"MUSIC"_s};
   const ListenerEntry moved{u"Cabin"_s, u"2.2.2.2"_s, u"7"_s, u"MUSIC"_s};
@@ -117,7 +140,8 @@ TEST(ListenerList, FollowsAListenerThatMoved) {
   EXPECT_EQ(inPlaceOf(current, {other, moved}), moved);
   EXPECT_EQ(inPlaceOf(current, {moved, other}), moved);
   EXPECT_EQ(inPlaceOf(current, {movies, other}), other);
-  EXPECT_EQ(inPlaceOf(current, {moved, current}), std::nullopt);
+  EXPECT_EQ(inPlaceOf(current, {moved, {u"Cabin"_s, u"1.1.1.1"_s, u" 07"_s, u"MUSIC"_s}}),
+            std::nullopt);
   EXPECT_EQ(inPlaceOf(current, {movies, {u"Cabin"_s, {}, {}, u"MUSIC"_s}}), std::nullopt);
 }
 

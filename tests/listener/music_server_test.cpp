@@ -5,22 +5,41 @@
 namespace korvane {
 namespace {
 
+// The supervision, which only keeps why the link ended.
+struct HeardLink : LinkNews {
+  void linkTries() override {}
+  void linkStands() override {}
+  void linkAsks() override {}
+  void linkHears() override {}
+  void linkEnds(const QString& why) override { ends << why; }
+  void linkChanged() override {}
+  QStringList ends;
+};
+
 struct ServerMusicTest : MusicWorld {
   ServerMusicTest() {
     state.gMusicListenerIP = u"10.0.0.2"_s;
     state.gMusicListenerPort = u" 4001 "_s;
+    music.setLinkNews(&link);
   }
+  ~ServerMusicTest() override { music.setLinkNews(nullptr); }
   void connect() {
     music.ConnectionMP3Connect();
     socket.stand();
     socket.sent.clear();
   }
+  void send(const QString& command, const QString& argument = {}) {
+    music.ConnectionMP3Send(u"MUSIC"_s, command, argument);
+  }
+
+  HeardLink link;
 };
 
 TEST_F(ServerMusicTest, ConnectsOnceAndAsksForTheStatus) {
   music.ConnectionMP3Connect();
   EXPECT_EQ(socket.RemoteHost, u"10.0.0.2"_s);
   EXPECT_EQ(socket.RemotePort, 4001);
+  EXPECT_EQ(socket.LocalHost, u""_s);
   EXPECT_EQ(caption("lblCurrentPlay"), u"Status:Idle"_s);
   EXPECT_EQ(system.pump.waitedMs, 0);
   socket.stand();
@@ -39,6 +58,17 @@ TEST_F(ServerMusicTest, APortThatIsNoNumberIsLoggedAndNothingWaits) {
   EXPECT_EQ(log().count(u"Error 13 (Type mismatch) in procedure connectionmp3Connect of Form "
                         u"frmMain\n"_s),
             4);
+  EXPECT_EQ(link.ends.count(u"its port is no number"_s), 4);
+}
+
+TEST_F(ServerMusicTest, ConnectsFromTheChosenNetworkCardAndSaysSoWhenThatFails) {
+  setting("NICCard= 10.0.0.9 ");
+  music.ConnectionMP3Connect();
+  EXPECT_EQ(socket.LocalHost, u"10.0.0.9"_s);
+  const QString why = u"Cannot connect from 10.0.0.9: it is no address of this machine."_s;
+  socket.breakWith(why);
+  EXPECT_EQ(link.ends, QStringList{why});
+  EXPECT_TRUE(log().endsWith(u"connectionMP3 "_s + why + u'\n')) << log().toStdString();
 }
 
 TEST_F(ServerMusicTest, CommandsGoOutAsTheirBytes) {
@@ -66,15 +96,77 @@ TEST_F(ServerMusicTest, TheEncodingIsASetting) {
   EXPECT_EQ(caption("lblCurrentPlay"), u"Playing: \u4e2d"_s);
 }
 
-TEST_F(ServerMusicTest, WithoutAConnectionCommandsAreDropped) {
-  music.ConnectionMP3Send(u"MUSIC"_s, u"STOP"_s);
-  socket.setState(Winsock::ConnectionPending);
-  music.ConnectionMP3Send(u"MUSIC"_s, u"STOP"_s);
-  EXPECT_EQ(system.pump.waitedMs, 3000);
-  system.pump.at(100, [this] { socket.setState(Winsock::Connected); });
-  music.ConnectionMP3Send(u"MUSIC"_s, u"STOP"_s);
-  EXPECT_EQ(system.pump.waitedMs, 3100);
-  EXPECT_EQ(socket.sent, QByteArrayList{bytes("MUSIC|STOP$")});
+TEST_F(ServerMusicTest, ACommandWaitsForALinkThatIsBeingMade) {
+  const QByteArray status = bytes("MUSIC|STATUS$");
+  const struct {
+    const char* what;
+    Winsock::State now;
+    std::function<void()> afterOneSecond;
+    int waitedMs;
+    QByteArrayList sent;
+  } cases[] = {
+      {"no link", Winsock::Closed, {}, 0, {}},
+      {"comes late",
+       Winsock::Connecting,
+       [this] { system.pump.at(1000, [this] { socket.stand(); }); },
+       2000,
+       {status, bytes("MUSIC|PLAY|/a$")}},
+      {"another press meanwhile, and the page is opened",
+       Winsock::ResolvingHost,
+       [this] {
+         send(u"VOLUME"_s, u"7"_s);
+         send(u"STATUS"_s);
+         system.pump.at(500, [this] { socket.stand(); });
+       },
+       1500,
+       {status, bytes("MUSIC|PLAY|/a$"), bytes("MUSIC|VOLUME|7$")}},
+      {"tried again meanwhile",
+       Winsock::Connecting,
+       [this] {
+         music.connectAgain();
+         socket.stand();
+       },
+       1000,
+       {status, bytes("MUSIC|PLAY|/a$")}},
+      {"refused", Winsock::Connecting, [this] { socket.breakWith(u"refused"_s); }, 1000, {}},
+      {"never comes", Winsock::ConnectionPending, [this] { send(u"VOLUME"_s, u"7"_s); }, 3000, {}},
+  };
+  for (const auto& c : cases) {
+    music.ConnectionMP3Close();
+    socket.setState(c.now);
+    socket.sent.clear();
+    const int before = system.pump.waitedMs;
+    if (c.afterOneSecond) system.pump.at(1000, c.afterOneSecond);
+    send(u"PLAY"_s, u"/a"_s);
+    EXPECT_EQ(system.pump.waitedMs - before, c.waitedMs) << c.what;
+    EXPECT_EQ(socket.sent, c.sent) << c.what;
+  }
+  socket.stand();  // after all: what was dropped does not come back
+  EXPECT_EQ(socket.sent, QByteArrayList{status});
+}
+
+// Who mirrors what plays reads the state when the caption changes.
+TEST_F(ServerMusicTest, TheStateIsTrueBeforeTheCaptionChanges) {
+  struct Mirror : FormObserver {
+    explicit Mirror(const AppState& of) : state(of) {}
+    void controlChanged(Control& control, Aspect) override {
+      if (control.name == u"lblCurrentPlay") titles << state.gSongPlayingTitle;
+    }
+    void formChanged(Form&, Aspect) override {}
+    const AppState& state;
+    QStringList titles;
+  } mirror(state);
+  connect();
+  form.observe(&mirror);
+  socket.arrive(bytes("SONGPLAYING|One$MEDIAPLAYERSTATE|2$"));
+  form.forget(&mirror);
+  EXPECT_EQ(mirror.titles, QStringList{u"One"_s});
+  EXPECT_EQ(state.gMusicState, MusicState::Play);
+  state.gMusicState = MusicState::Paused;
+  socket.arrive(bytes("PAUSETOPLAY$"));
+  EXPECT_EQ(state.gMusicState, MusicState::Play);
+  socket.peerCloses();
+  EXPECT_EQ(state.gSongPlayingTitle, u""_s);
 }
 
 TEST_F(ServerMusicTest, RecordsShowOnTheForm) {
@@ -108,7 +200,7 @@ TEST_F(ServerMusicTest, StatesPressTheTransport) {
   using enum PlayMode;
   const struct {
     PlayMode before;
-    QByteArray told;
+    QByteArray number;
     PlayMode after;
     QStringList heard;
   } cases[] = {
@@ -125,9 +217,9 @@ TEST_F(ServerMusicTest, StatesPressTheTransport) {
   for (const auto& c : cases) {
     state.gPlayMode = c.before;
     news.heard.clear();
-    socket.arrive(bytes("MEDIAPLAYERSTATE|" + c.told + "$"));
-    EXPECT_EQ(state.gPlayMode, c.after) << c.told.constData();
-    EXPECT_EQ(news.heard, c.heard) << c.told.constData();
+    socket.arrive(bytes("MEDIAPLAYERSTATE|" + c.number + "$"));
+    EXPECT_EQ(state.gPlayMode, c.after) << c.number.constData();
+    EXPECT_EQ(news.heard, c.heard) << c.number.constData();
   }
 }
 
@@ -225,7 +317,7 @@ TEST_F(ServerMusicTest, AListenerThatVanishesStopsTheFrontEnd) {
     }
     if (end == End::DropsAllItIsSent) {
       music.connectAgain();
-      EXPECT_EQ(news.heard, QStringList{u"stopped"_s}) << "before any error is told";
+      EXPECT_EQ(news.heard, QStringList{u"stopped"_s}) << "before any error comes";
     }
     end == End::Closes ? socket.peerCloses() : socket.breakWith(u"Connection timed out"_s);
     EXPECT_EQ(news.heard, QStringList{u"stopped"_s});
@@ -254,6 +346,7 @@ TEST_F(ServerMusicTest, TheRoleChangesOnlyWhileNothingPlays) {
   form.find(u"lblMusicPlay", 0)->visible = true;
   form.fire(*form.find(u"lblMusicPlay", 0), {Event::Click});
   EXPECT_FALSE(state.gLocalListener);
+  EXPECT_EQ(messages.texts, QStringList{u"Stop the music first, then choose where it plays."_s});
   Slider1.value = 0;
   form.fire(*form.find(u"lblMusicPlay", 0), {Event::Click});
   EXPECT_TRUE(state.gLocalListener);

@@ -43,6 +43,7 @@ class Service:
                 self.peers.remove(peer)
 
     def die(self):
+        self.door.shutdown(socket.SHUT_RDWR)  # else the accept that waits takes one more
         self.door.close()
         for peer in self.peers:
             peer.shutdown(socket.SHUT_RDWR)

@@ -45,6 +45,7 @@ def lists_all(console, name):
     rows = console.must(cmd="rows", name="Grid", form="frmNetwork")["rows"]
     shown = {row["cells"][0]: (row["cells"][1], bool(row["cells"][4])) for row in rows}
     assert shown == {"Salon": ("MUSIC", True), "Seat 1": ("CLIENT", True), "Seat 2": ("CLIENT", True)}, rows
+    console.must(cmd="press", name="cmdExpand", form="frmNetwork")
     console.screenshot(name)
     console.must(cmd="press", name="cmdDone", form="frmNetwork")
 
