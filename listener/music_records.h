@@ -13,8 +13,7 @@
 
 namespace korvane {
 
-// What the Listener has reported of its volume, and the finger on the slider: shared with the
-// transport and the volume.
+// What the Listener has reported of its volume.
 struct MusicReports {
   double listenerMaxVolume = 0, listenerVolume = 0;
   std::function<void()> volumeTold;  // a VOLUME report has come
