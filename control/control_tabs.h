@@ -17,9 +17,17 @@ class MapsTab : public Tab {
   void pressTransport(int index) override { music_.pressTransport(index); }
 
  private:
+  struct Panel : FormPanel {
+    using FormPanel::FormPanel;
+    Surface* MappointControl = bind("MappointControl");
+    std::array<Image*, 8> cmdControls = bind("cmdControls");
+    Label* lblCurrentPlayList = bind("lblCurrentPlayList");
+  };
+
   TabParts& parts_;
+  Panel panel_;
   Tab& music_;
-  ControlSet map_, radio_;
+  ControlSet map_, radio_, note_;
 };
 
 class MoreTab : public Tab {
@@ -30,15 +38,25 @@ class MoreTab : public Tab {
   void pressTransport(int index) override { music_.pressTransport(index); }
 
  private:
+  struct Panel : FormPanel {
+    using FormPanel::FormPanel;
+    Grid* ssX10 = bind("ssX10");
+    Label* lblX10 = bind("lblX10");
+    std::array<Button*, 4> cmdX10 = bind("cmdX10");
+    Frame* framex10 = bind("framex10");
+    Label* lblCurrentPlayList = bind("lblCurrentPlayList");
+  };
+
   void openLights();
   void connectLights();
 
   TabParts& parts_;
+  Panel panel_;
   System& system_;
   const Palette& palette_;
   Winsock& x10Control_;
   Tab& music_;
-  ControlSet lights_, links_;
+  ControlSet lights_, links_, note_;
 };
 
 }  // namespace korvane

@@ -13,10 +13,11 @@ TabParts::TabParts(MainForm& mainForm, AppState& sharedState, Settings& storedSe
       mute(form, {"mute"}),
       status(form, {"lblCurrentPlay", "Slider1", "TxtTime", "lblDuration"}),
       listPaging(form, {"VscrollAllSongs", "cmdOneSong#0", "cmdOneSong#1"}),
-      windowButtons(form, {"cmdSetup", "imgExit", "cmdMinimize"}) {}
+      windowButtons(form, {"cmdSetup", "imgExit", "cmdMinimize"}),
+      panel_(form) {}
 
-void TabParts::tabPicture(int tab, const QString& group, const QString& name) const {
-  form.find(u"imgTabs", tab)->setPicture(group, name);
+void TabParts::tabPicture(TabIndex tab, const QString& group, const QString& name) const {
+  panel_.imgTabs[tab]->setPicture(group, name);
 }
 
 void TabParts::showSound() const {
@@ -28,23 +29,23 @@ void TabParts::hidePlaying() const {
   volume.hide();
   mute.hide();
   status.hide();
-  form.find(u"lblCurrentPlayList")->visible = false;
+  panel_.lblCurrentPlayList->visible = false;
   top.hide();
   main.HideAllGrids();
   listPaging.hide();
 }
 
 void TabParts::showWindowButtons() const {
-  form.find(u"cmdSetup")->visible = state.gShowSetup;
-  form.find(u"imgExit")->visible = state.gShowExit;
-  form.find(u"cmdMinimize")->visible = state.gShowMin;
+  panel_.cmdSetup->visible = state.gShowSetup;
+  panel_.imgExit->visible = state.gShowExit;
+  panel_.cmdMinimize->visible = state.gShowMin;
 }
 
 void TabParts::page(int rows, int row) const {
-  auto* slider = dynamic_cast<Slider*>(form.find(u"VscrollAllSongs"));
-  slider->minimum = 1;
-  slider->maximum = std::max(rows, 1);
-  slider->value = std::clamp(row, 1, std::max(rows, 1));
+  Slider& slider = *panel_.VscrollAllSongs;
+  slider.minimum = 1;
+  slider.maximum = std::max(rows, 1);
+  slider.value = std::clamp(row, 1, std::max(rows, 1));
 }
 
 }  // namespace korvane

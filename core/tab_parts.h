@@ -17,7 +17,7 @@ struct TabParts {
 
   ControlSet controls, top, volume, mute, status, listPaging, windowButtons;
 
-  void tabPicture(int tab, const QString& group, const QString& name) const;
+  void tabPicture(TabIndex tab, const QString& group, const QString& name) const;
   // Volume and mute by their flags, as the tabs with sound show them.
   void showSound() const;
   // The pages without lists or transport: volume and mute go if they were shown, all else goes.
@@ -25,6 +25,18 @@ struct TabParts {
   void showWindowButtons() const;  // each under its own flag
   // The paging slider and its buttons for a list of that many rows at that row.
   void page(int rows, int row) const;
+
+ private:
+  struct Panel : FormPanel {
+    using FormPanel::FormPanel;
+    std::array<Image*, 6> imgTabs = bind("imgTabs");
+    Image* cmdSetup = bind("cmdSetup");
+    Image* cmdMinimize = bind("cmdMinimize");
+    Image* imgExit = bind("imgExit");
+    Label* lblCurrentPlayList = bind("lblCurrentPlayList");
+    Slider* VscrollAllSongs = bind("VscrollAllSongs");
+  };
+  Panel panel_;
 };
 
 }  // namespace korvane

@@ -5,6 +5,7 @@ namespace korvane {
 MusicTab::MusicTab(TabParts& parts, Browsing& browsing, PlaylistEditor& editor,
                    Transport& transport, MusicConnection& connection, MediaPlayer& player)
     : parts_(parts),
+      panel_(parts.form),
       browsing_(browsing),
       editor_(editor),
       transport_(transport),
@@ -17,8 +18,7 @@ MusicTab::MusicTab(TabParts& parts, Browsing& browsing, PlaylistEditor& editor,
       cover_(parts.form, {"coverArt"}) {}
 
 void MusicTab::leave() {
-  Control* mute = parts_.form.find(u"mute");
-  mute->setPicture(u"music"_s, mute->tag().startsWith(u'1') ? u"muteb"_s : u"mute"_s);
+  panel_.mute->setPicture(u"music"_s, panel_.mute->tag().startsWith(u'1') ? u"muteb"_s : u"mute"_s);
   favourite_.hide();
   types_.hide();
   roles_.hide();
@@ -43,13 +43,13 @@ void MusicTab::enter() {
     editor_.show();
   else
     modes_.show();
-  cover_.show(parts_.form.find(u"coverArt")->tag() == "TRUE"_L1);
+  cover_.show(panel_.coverArt->tag() == "TRUE"_L1);
   parts_.tabPicture(kMusicTab, u"music"_s, u"musicb"_s);
   parts_.top.show();
   parts_.controls.show();
   if (state.jukeboxMode) {
-    parts_.form.find(u"cmdControls", 0)->visible = false;
-    parts_.form.find(u"cmdControls", 7)->visible = false;
+    panel_.cmdControls[at(TransportButton::Previous)]->visible = false;
+    panel_.cmdControls[at(TransportButton::Continue)]->visible = false;
   }
   showLists();
   askListener();
@@ -58,10 +58,9 @@ void MusicTab::enter() {
 void MusicTab::showStatus() {
   const bool cd = parts_.state.gMusicType == MusicSource::Cd;
   if (parts_.state.gPlayMode != PlayMode::Stopped) return;
-  Control* status = parts_.form.find(u"lblCurrentPlay");
-  status->caption = cd ? u"CD Stopped"_s : u"Status: Idle"_s;
-  parts_.form.find(u"TxtTime")->caption = u"--:--:--"_s;
-  dynamic_cast<Slider*>(parts_.form.find(u"Slider1"))->text = u"--:--:--"_s;
+  panel_.lblCurrentPlay->caption = cd ? u"CD Stopped"_s : u"Status: Idle"_s;
+  panel_.TxtTime->caption = u"--:--:--"_s;
+  panel_.Slider1->text = u"--:--:--"_s;
 }
 
 void MusicTab::showLists() {

@@ -19,12 +19,23 @@ class MusicTab : public Tab {
   void pressTransport(int index) override { transport_.pressMusic(index); }
 
  private:
+  struct Panel : FormPanel {
+    using FormPanel::FormPanel;
+    Image* mute = bind("mute");
+    PictureArea* coverArt = bind("coverArt");
+    std::array<Image*, 8> cmdControls = bind("cmdControls");
+    Label* lblCurrentPlay = bind("lblCurrentPlay");
+    Label* TxtTime = bind("TxtTime");
+    Slider* Slider1 = bind("Slider1");
+  };
+
   void showStatus();
   void showLists();
   void firstVisit();
   void askListener();
 
   TabParts& parts_;
+  Panel panel_;
   Browsing& browsing_;
   PlaylistEditor& editor_;
   Transport& transport_;

@@ -23,6 +23,7 @@ PlaybackSide::PlaybackSide(Desk& d, LibrarySide& library, ListenerSide& listener
   listener.music.volumeTold = [this] { volume.volumeTold(); };
   d.system.mixer.watch([this] { volume.mixerChanged(); });
   d.tabs.setTab(kMusicTab, musicTab);
+  d.steps.at(Step::SetUpLists, [this] { jukebox.setUpQueue(); });
   d.steps.at(Step::StopDisc, [this] { cd.stopCd(); });
   d.onTabPress.push_back([this] { listUndo.hide(); });
   connectTransport(d);

@@ -1,5 +1,7 @@
 #include "library/lists/browsing.h"
 
+#include "core/dressing.h"
+
 namespace korvane {
 namespace {
 
@@ -23,6 +25,8 @@ void Browsing::showGrid(int index) {
   Grid& grid = *panel_.grid[static_cast<size_t>(index)];
   for (Grid* other : panel_.grid)
     if (other != &grid) other->visible = false;
+  if (!uses_.state.jukeboxMode || index != static_cast<int>(MusicList::Playlists))
+    dressControl(grid, uses_.palette);
   grid.visible = true;
   uses_.state.gridMode = index;
   panel_.VscrollAllSongs->minimum = 1;
