@@ -68,13 +68,13 @@ class Pictures {
     found->width = std::max(found->width, width);
     found->height = std::max(found->height, height);
   }
+  // Names with a space between, each with its other state.
   void addBoth(const QString& group, const QString& names, int width, int height) {
     for (const QString& name : names.split(u' ')) {
       add(group, name, width, height);
       add(group, otherState(name), width, height);
     }
   }
-  // "continue off" is one name.
   void add(const InventoryRow& row) {
     const QString picture = QString::fromLatin1(row.look.picture);
     if (picture.isEmpty()) return;

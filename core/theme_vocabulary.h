@@ -1,7 +1,7 @@
 // The names that a theme draws, with the size each is shown at, and the colour elements it sets.
 // They follow from the inventories of the core's forms: a picture or a colour that a row wears is
 // in the vocabulary by that. What no row names, since it is shown later or by another folder's
-// form, is told in the table of the .cpp.
+// form, stands in the tables of the .cpp.
 #pragma once
 
 #include <vector>
