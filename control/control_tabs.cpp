@@ -1,5 +1,7 @@
 #include "control/control_tabs.h"
 
+#include "core/dressing.h"
+
 namespace korvane {
 namespace {
 
@@ -12,17 +14,20 @@ constexpr int kConnectWaitMs = 300;
 
 MapsTab::MapsTab(TabParts& parts)
     : parts_(parts),
+      panel_(parts.form),
       map_(parts.form, {"frameMap", "MappointControl"}),
-      radio_(parts.form, {"AMSlider", "FMSlider", "Grid#9", "Grid#10"}) {}
+      radio_(parts.form, {"AMSlider", "FMSlider", "Grid#9", "Grid#10"}),
+      note_(parts.form, {"lblNote#0"}) {}
 
 void MapsTab::leave() {
   const bool radio = parts_.state.gRadioEnabled;
   if (parts_.state.gMapsEnabled) map_.hide();
   if (radio) radio_.hide();
+  note_.hide();
   const QString group = radio ? u"radio"_s : u"maps"_s;
   parts_.tabPicture(kMapsTab, group, group);
   parts_.controls.show();
-  parts_.form.find(u"lblCurrentPlayList")->visible = true;
+  panel_.lblCurrentPlayList->visible = true;
 }
 
 void MapsTab::enter() {
@@ -32,32 +37,38 @@ void MapsTab::enter() {
   parts_.tabPicture(kMapsTab, group, group + u'b');
   parts_.hidePlaying();
   if (parts_.state.gMapsEnabled) {
-    Control* map = parts_.form.find(u"MappointControl");
-    if (map->rect().left == kParkedMap) map->rect = kMapPlace;
+    Surface& map = *panel_.MappointControl;
+    if (map.rect().left == kParkedMap) map.rect = kMapPlace;
     map_.show();
   }
   if (radio) {
     radio_.show();
-    for (int i : {6, 5, 7, 2}) parts_.form.find(u"cmdControls", i)->visible = false;
+    using enum TransportButton;
+    for (const TransportButton button : {Random, Repeat, Continue, Pause})
+      panel_.cmdControls[at(button)]->visible = false;
     return;
   }
+  note_.show(!parts_.state.gMapsEnabled);
   parts_.controls.hide();
 }
 
 MoreTab::MoreTab(TabParts& parts, const Palette& palette, RecordLink& x10Link)
     : parts_(parts),
+      panel_(parts.form),
       palette_(palette),
       x10Link_(x10Link),
       lights_(parts.form, {"framex10"}),
-      links_(parts.form, {"lblConnectStat"}) {}
+      links_(parts.form, {"lblConnectStat"}),
+      note_(parts.form, {"lblNote#1"}) {}
 
 void MoreTab::leave() {
   parts_.tabPicture(kMoreTab, u"more"_s, u"more"_s);
   lights_.hide();
+  note_.hide();
   parts_.top.show();
   parts_.controls.show();
   links_.hide();
-  parts_.form.find(u"lblCurrentPlayList")->visible = true;
+  panel_.lblCurrentPlayList->visible = true;
 }
 
 void MoreTab::enter() {
@@ -66,11 +77,13 @@ void MoreTab::enter() {
   parts_.hidePlaying();
   parts_.controls.hide();
   if (parts_.state.gPremise) parts_.state.gX10 = u"NO"_s;
-  if (parts_.state.gX10 == "YES"_L1) openLights();
+  const bool lights = parts_.state.gX10 == "YES"_L1;
+  note_.show(!lights);
+  if (lights) openLights();
 }
 
 void MoreTab::openLights() {
-  auto* units = dynamic_cast<Grid*>(parts_.form.find(u"ssX10"));
+  Grid& units = *panel_.ssX10;
   std::vector<RowTable::Row> rows;
   for (int unit = 1; unit <= kUnits; ++unit) {
     const QString name = u'A' + QString::number(unit);
@@ -79,19 +92,17 @@ void MoreTab::openLights() {
     rows.push_back(
         {{description, parts_.settings.readSetting(u"X10", name + u"DIM"_s)}, false, false});
   }
-  units->columns = std::vector<Grid::Column>{{u"Light"_s}, {QString(), 0, true}};
-  units->fontSize = parts_.state.gGridFontSize;
-  units->rowHeight = parts_.state.gGridHeight;
-  units->colours = palette_.grid(u"X10GRIDBACK", u"MUSICGridSelected", u"X10GRIDBACK");
-  units->setRows(std::move(rows));
+  units.columns = std::vector<Grid::Column>{{u"Light"_s}, {QString(), 0, true}};
+  units.fontSize = parts_.state.gGridFontSize;
+  units.rowHeight = parts_.state.gGridHeight;
+  units.setRows(std::move(rows));
 
   connectLights();
-  parts_.form.find(u"lblX10")->caption = x10Link_.state() == Winsock::Connected
-                                             ? u"X10 listener Active"_s
-                                             : u"X10 listener DISCONNECTED"_s;
-  static constexpr const char* colours[] = {"X10ON", "X10OFF", "X10DIM", "X10BRIGHT"};
-  for (int i = 0; i < 4; ++i)
-    parts_.form.find(u"cmdX10", i)->colours = palette_.button(QString::fromLatin1(colours[i]));
+  panel_.lblX10->caption = x10Link_.state() == Winsock::Connected ? u"X10 listener Active"_s
+                                                                  : u"X10 listener DISCONNECTED"_s;
+  for (Control* control : std::initializer_list<Control*>{&units, panel_.framex10, panel_.lblX10})
+    dressControl(*control, palette_);
+  for (Button* button : panel_.cmdX10) dressControl(*button, palette_);
   lights_.show();
 }
 

@@ -16,8 +16,16 @@ class MapsTab : public Tab {
   void enter() override;
 
  private:
+  struct Panel : FormPanel {
+    using FormPanel::FormPanel;
+    Surface* MappointControl = bind("MappointControl");
+    std::array<Image*, 8> cmdControls = bind("cmdControls");
+    Label* lblCurrentPlayList = bind("lblCurrentPlayList");
+  };
+
   TabParts& parts_;
-  ControlSet map_, radio_;
+  Panel panel_;
+  ControlSet map_, radio_, note_;
 };
 
 class MoreTab : public Tab {
@@ -28,13 +36,23 @@ class MoreTab : public Tab {
   void enter() override;
 
  private:
+  struct Panel : FormPanel {
+    using FormPanel::FormPanel;
+    Grid* ssX10 = bind("ssX10");
+    Label* lblX10 = bind("lblX10");
+    std::array<Button*, 4> cmdX10 = bind("cmdX10");
+    Frame* framex10 = bind("framex10");
+    Label* lblCurrentPlayList = bind("lblCurrentPlayList");
+  };
+
   void openLights();
   void connectLights();
 
   TabParts& parts_;
+  Panel panel_;
   const Palette& palette_;
   RecordLink& x10Link_;
-  ControlSet lights_, links_;
+  ControlSet lights_, links_, note_;
 };
 
 }  // namespace korvane

@@ -4,7 +4,6 @@ namespace korvane {
 namespace {
 
 constexpr int kRowHeight = 38, kFontSize = 13;  // 76 and 31 form units
-constexpr const char* kGrid = "MUSICGRID/MUSICGridSelected/MUSICGridTopLine";
 
 Colours ink(const Palette& palette, QStringView element) {
   Colours colours;
@@ -13,42 +12,62 @@ Colours ink(const Palette& palette, QStringView element) {
   return colours;
 }
 
-Colours coloursOf(const Control& control, const Palette& palette, QStringView ground) {
-  const QString own = QString::fromLatin1(control.look.colours);
-  const auto element = [&own](QStringView standard) {
-    return own.isEmpty() ? standard.toString() : own;
-  };
-  switch (control.kind) {
-    case Kind::Button:
-      return palette.button(element(control.look.accent ? u"Accent" : u"Button"));
-    case Kind::Label:
-    case Kind::Check:
-      return ink(palette, element(ground));
-    case Kind::Text:
-      return palette.button(element(u"MUSICGRID"));
-    case Kind::Frame:
-      return palette.button(element(u"Surface"));
-    case Kind::Slider:
-      return palette.slider(element(u"DurationSlider"));
-    case Kind::Grid: {
-      const QStringList three = element(QString::fromLatin1(kGrid)).split(u'/');
-      return palette.grid(three.value(0), three.value(1), three.value(2));
-    }
-    case Kind::Image:
-    case Kind::Timer:
-    case Kind::PictureArea:
-    case Kind::Surface:
-      break;
-  }
-  return control.colours();
+Colours coloursOf(Kind kind, const QStringList& elements, const Palette& palette) {
+  if (kind == Kind::Label || kind == Kind::Check) return ink(palette, elements[0]);
+  if (kind == Kind::Slider) return palette.slider(elements[0]);
+  if (kind == Kind::Grid)
+    return palette.grid(elements.value(0), elements.value(1), elements.value(2));
+  return palette.button(elements[0]);
 }
 
 }  // namespace
 
+QStringList colourElements(Kind kind, const Look& look, QStringView ground) {
+  const QStringList own = QString::fromLatin1(look.colours).split(u'/', Qt::SkipEmptyParts);
+  const auto orElse = [&own](const QStringList& standard) {
+    return own.isEmpty() ? standard : own;
+  };
+  switch (kind) {
+    case Kind::Button:
+      return orElse({look.accent ? u"Accent"_s : u"Button"_s});
+    case Kind::Label:
+    case Kind::Check:
+      return orElse({ground.toString()});
+    case Kind::Text:
+      return orElse({u"MUSICGRID"_s});
+    case Kind::Frame:
+      return orElse({u"Surface"_s});
+    case Kind::Slider:
+      return orElse({u"DurationSlider"_s});
+    case Kind::Grid:
+      return orElse({u"MUSICGRID"_s, u"MUSICGridSelected"_s, u"MUSICGridTopLine"_s});
+    case Kind::Image:
+    case Kind::Timer:
+    case Kind::PictureArea:
+    case Kind::Surface:
+      return {};
+  }
+  Q_UNREACHABLE();
+}
+
+void dressControl(Control& control, const Palette& palette, QStringView ground) {
+  const QStringList elements = colourElements(control.kind, control.look, ground);
+  if (!elements.isEmpty()) control.colours = coloursOf(control.kind, elements, palette);
+}
+
+// Many controls wear the same: each is looked up once.
 void dressColours(Form& form, const Palette& palette, QStringView ground) {
+  QHash<std::pair<int, QStringList>, Colours> known;
   form.colours = palette.button(ground);
-  for (const auto& control : form.controls())
-    control->colours = coloursOf(*control, palette, ground);
+  for (const auto& control : form.controls()) {
+    const QStringList elements = colourElements(control->kind, control->look, ground);
+    if (elements.isEmpty()) continue;
+    const std::pair worn(static_cast<int>(control->kind), elements);
+    const auto found = known.constFind(worn);
+    control->colours = found != known.constEnd()
+                           ? *found
+                           : *known.insert(worn, coloursOf(control->kind, elements, palette));
+  }
 }
 
 void dress(Form& form, const Palette& palette) {

@@ -51,6 +51,10 @@ constexpr InventoryRow kBox[] = {
 
 }  // namespace
 
+std::span<const InventoryRow> messageBoxInventory() {
+  return kBox;
+}
+
 class ThemedMessages::Box {
  public:
   explicit Box(FormHost& host) : host_(host) {

@@ -53,4 +53,6 @@ class ThemedMessages : public Messages {
   LinePrompt* prompt_ = nullptr;
 };
 
+std::span<const InventoryRow> messageBoxInventory();  // frmMsgBox
+
 }  // namespace korvane

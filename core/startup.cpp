@@ -30,7 +30,7 @@ std::span<const InventoryRow> splashInventory() {
   return kSplash;
 }
 
-Startup::Startup(Uses uses) : uses_(uses), splash_(uses.splash) {}
+Startup::Startup(Uses uses) : uses_(uses), splash_(uses.splash), panel_(uses.main.form()) {}
 
 void Startup::run(Step step) {
   for (const std::function<void()>& work : uses_.steps.works(step))

@@ -48,8 +48,9 @@ class Startup {
   bool requirementsHold();
   bool readSettings();  // false when another console runs here
   void readNetworkSettings();
-  void applyColours();
-  void applyPictures();
+  void clearStatus();
+  void showByFlags();
+  void showCamera();
   void chooseMovieType();
   void chooseMusicRole();
   void removeTabs();
@@ -60,9 +61,30 @@ class Startup {
     Label* lblVersion = bind("lblVersion");
   };
 
+  struct Panel : FormPanel {
+    using FormPanel::FormPanel;
+    std::array<Image*, 6> imgTabs = bind("imgTabs");
+    Image* cmdSetup = bind("cmdSetup");
+    Image* cmdMinimize = bind("cmdMinimize");
+    Image* imgExit = bind("imgExit");
+    Image* pCamera = bind("pCamera");
+    Grid* artists = bind("Grid", 0);
+    Grid* artistAlbums = bind("Grid", 2);
+    std::array<Label*, 2> lblConnectStat = bind("lblConnectStat");
+    Label* lblDuration = bind("lblDuration");
+    Label* lblCurrentPlayList = bind("lblCurrentPlayList");
+    Image* previous = bind("cmdControls", 0);
+    Image* next = bind("cmdControls", 4);
+    std::array<Image*, 3> lblMovieType = bind("lblMovieType");
+    std::array<Image*, 2> lblMusicPlay = bind("lblMusicPlay");
+    std::array<Image*, 2> lblMusicType = bind("lblMusicType");
+    Timer* AddTimer = bind("AddTimer");
+  };
+
   Uses uses_;
   SplashPanel splash_;
   bool mixerMissing_ = false;
+  Panel panel_;
 };
 
 std::span<const InventoryRow> splashInventory();  // frmSplash

@@ -14,10 +14,11 @@ TabParts::TabParts(MainForm& mainForm, Paging& listPaging, AppState& sharedState
       volume(form, {"ScrollVolumeUp", "ScrollVolumeDN", "lblVolume", "scrollVolume"}),
       mute(form, {"mute"}),
       status(form, {"lblCurrentPlay", "Slider1", "TxtTime", "lblDuration"}),
-      windowButtons(form, {"cmdSetup", "imgExit", "cmdMinimize"}) {}
+      windowButtons(form, {"cmdSetup", "imgExit", "cmdMinimize"}),
+      panel_(form) {}
 
-void TabParts::tabPicture(int tab, const QString& group, const QString& name) const {
-  form.find(u"imgTabs", tab)->setPicture(group, name);
+void TabParts::tabPicture(TabIndex tab, const QString& group, const QString& name) const {
+  panel_.imgTabs[tab]->setPicture(group, name);
 }
 
 void TabParts::showSound() const {
@@ -29,16 +30,16 @@ void TabParts::hidePlaying() const {
   volume.hide();
   mute.hide();
   status.hide();
-  form.find(u"lblCurrentPlayList")->visible = false;
+  panel_.lblCurrentPlayList->visible = false;
   top.hide();
   main.HideAllGrids();
   paging.hide();
 }
 
 void TabParts::showWindowButtons() const {
-  form.find(u"cmdSetup")->visible = state.gShowSetup;
-  form.find(u"imgExit")->visible = state.gShowExit;
-  form.find(u"cmdMinimize")->visible = state.gShowMin;
+  panel_.cmdSetup->visible = state.gShowSetup;
+  panel_.imgExit->visible = state.gShowExit;
+  panel_.cmdMinimize->visible = state.gShowMin;
 }
 
 }  // namespace korvane

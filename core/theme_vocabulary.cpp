@@ -1,229 +1,128 @@
 #include "core/theme_vocabulary.h"
 
+#include "core/dressing.h"
+#include "core/prompt.h"
+#include "core/startup.h"
+#include "core/window_buttons.h"
+
 namespace korvane {
 namespace {
 
-constexpr ThemePicture kPictures[] = {
-    {"root", "splash", 1280, 768},
-    {"root", "exit", 120, 72},
-    {"root", "minimize", 120, 72},
-    {"root", "setup", 120, 72},
-    {"root", "UP", 88, 88},
-    {"root", "DOWN", 88, 88},
-    {"root", "yes", 180, 84},
-    {"root", "no", 180, 84},
-    {"root", "ok", 180, 84},
-    {"main", "background", 1280, 768},
-    {"main", "main", 120, 84},
-    {"main", "mainb", 120, 84},
-    {"main", "btnmusic", 96, 96},
-    {"main", "btnmusicb", 96, 96},
-    {"main", "btnmovies", 96, 96},
-    {"main", "btnmoviesb", 96, 96},
-    {"main", "btnphotos", 96, 96},
-    {"main", "btnphotosb", 96, 96},
-    {"main", "btnmaps", 96, 96},
-    {"main", "btnmapsb", 96, 96},
-    {"main", "btnmore", 96, 96},
-    {"main", "btnmoreb", 96, 96},
-    {"main", "btnartists", 96, 96},
-    {"main", "btnartistsb", 96, 96},
-    {"main", "btnalbums", 96, 96},
-    {"main", "btnalbumsb", 96, 96},
-    {"main", "btnsongs", 96, 96},
-    {"main", "btnsongsb", 96, 96},
-    {"main", "btnsearch", 96, 96},
-    {"main", "btnsearchb", 96, 96},
-    {"main", "btnplaylists", 96, 96},
-    {"main", "btnplaylistsb", 96, 96},
-    {"main", "btnfavourites", 96, 96},
-    {"main", "btnfavouritesb", 96, 96},
-    {"main", "btnjukebox", 96, 96},
-    {"main", "btnjukeboxb", 96, 96},
-    {"main", "btnshuffle", 96, 96},
-    {"main", "btnshuffleb", 96, 96},
-    {"main", "btnplaypause", 96, 96},
-    {"main", "btnplaypauseb", 96, 96},
-    {"main", "btncd", 96, 96},
-    {"main", "btncdb", 96, 96},
-    {"main", "btnmute", 96, 96},
-    {"main", "btnmuteb", 96, 96},
-    {"main", "btnsetup", 96, 96},
-    {"main", "btnsetupb", 96, 96},
-    {"main", "btnminimise", 96, 96},
-    {"main", "btnminimiseb", 96, 96},
-    {"main", "btnexit", 96, 96},
-    {"main", "btnexitb", 96, 96},
-    {"main", "btnripper", 96, 96},
-    {"main", "btnripperb", 96, 96},
-    {"main", "btnrestart", 96, 96},
-    {"main", "btnrestartb", 96, 96},
-    {"main", "btnshutdown", 96, 96},
-    {"main", "btnshutdownb", 96, 96},
-    {"main", "btnconnect", 96, 96},
-    {"main", "btnconnectb", 96, 96},
-    {"main", "btnpictureedit", 96, 96},
-    {"main", "btnpictureeditb", 96, 96},
-    {"main", "btnprogram", 96, 96},
-    {"main", "btnprogramb", 96, 96},
-    {"maps", "background", 1280, 768},
-    {"maps", "maps", 120, 84},
-    {"maps", "mapsb", 120, 84},
-    {"more", "background", 1280, 768},
-    {"more", "more", 120, 84},
-    {"more", "moreb", 120, 84},
-    {"radio", "background", 1280, 768},
-    {"radio", "radio", 120, 84},
-    {"radio", "radiob", 120, 84},
-    {"photos", "background", 1280, 768},
-    {"photos", "photo", 120, 84},
-    {"photos", "photob", 120, 84},
-    {"photos", "UpDirectory", 96, 96},
-    {"photos", "folderclosed", 96, 96},
-    {"photos", "manage", 107, 84},
-    {"movies", "background", 1280, 768},
-    {"movies", "movies", 120, 84},
-    {"movies", "moviesb", 120, 84},
-    {"movies", "menu", 107, 84},
-    {"movies", "fullscreen", 107, 84},
-    {"movies", "AtSeatOn", 107, 84},
-    {"movies", "AtSeatOff", 107, 84},
-    {"movies", "InCabinOn", 107, 84},
-    {"movies", "InCabinOff", 107, 84},
-    {"movies", "DigitalMovieOn", 107, 84},
-    {"movies", "DigitalMovieOFF", 107, 84},
-    {"movies", "DVDPlayerON", 107, 84},
-    {"movies", "DVDPlayerOFF", 107, 84},
-    {"movies", "DVDDigitalOn", 107, 84},
-    {"movies", "DVDDigitalOFF", 107, 84},
-    {"music", "play", 96, 80},
-    {"music", "playb", 96, 80},
-    {"music", "pause", 96, 80},
-    {"music", "pauseb", 96, 80},
-    {"music", "stop", 96, 80},
-    {"music", "stopb", 96, 80},
-    {"music", "next", 96, 80},
-    {"music", "nextb", 96, 80},
-    {"music", "prev", 96, 80},
-    {"music", "prevb", 96, 80},
-    {"music", "random", 96, 80},
-    {"music", "randomb", 96, 80},
-    {"music", "repeat", 96, 80},
-    {"music", "repeatb", 96, 80},
-    {"music", "continue off", 96, 80},
-    {"music", "continue on", 96, 80},
-    {"music", "mute", 76, 80},
-    {"music", "muteb", 76, 80},
-    {"music", "volplus", 76, 80},
-    {"music", "volplusb", 76, 80},
-    {"music", "volminus", 76, 80},
-    {"music", "volminusb", 76, 80},
-    {"music", "up", 88, 88},
-    {"music", "down", 88, 88},
-    {"music", "left", 88, 88},
-    {"music", "right", 88, 88},
-    {"music", "enter", 88, 88},
-    {"music", "background", 1280, 768},
-    {"music", "music", 120, 84},
-    {"music", "musicb", 120, 84},
-    {"music", "album", 112, 76},
-    {"music", "albumb", 112, 76},
-    {"music", "artist", 112, 76},
-    {"music", "artistb", 112, 76},
-    {"music", "back", 112, 76},
-    {"music", "playlist", 112, 76},
-    {"music", "playlistb", 112, 76},
-    {"music", "search", 112, 76},
-    {"music", "searchb", 112, 76},
-    {"music", "song", 112, 76},
-    {"music", "songb", 112, 76},
-    {"music", "Favorites", 112, 76},
-    {"music", "Favoritesb", 112, 76},
-    {"music", "jukebox", 112, 76},
-    {"music", "jukeboxb", 112, 76},
-    {"music", "jukeboxon", 107, 84},
-    {"music", "jukeboxoff", 107, 84},
-    {"music", "normalon", 107, 84},
-    {"music", "normaloff", 107, 84},
-    {"music", "AddFav", 107, 76},
-    {"music", "AddFavb", 107, 76},
-    {"music", "trash", 105, 76},
-    {"music", "addSong", 105, 76},
-    {"music", "moveSongup", 105, 76},
-    {"music", "moveSongdown", 105, 76},
-    {"music", "addAlbum", 105, 76},
-    {"music", "plmanage", 107, 76},
-    {"music", "pluseplaylist", 292, 96},
-    {"music", "pldone", 292, 96},
-    {"music", "plrename", 292, 96},
-    {"music", "pldelete", 292, 96},
-    {"music", "pledit", 292, 96},
-    {"music", "plcreate", 292, 96},
-    {"music", "delete", 96, 80},
-    {"music", "AtSeatOn", 107, 84},
-    {"music", "AtSeatOff", 107, 84},
-    {"music", "InCabinOn", 107, 84},
-    {"music", "InCabinOff", 107, 84},
-    {"music", "CDplayerOn", 107, 84},
-    {"music", "CDplayerOff", 107, 84},
-    {"music", "DigitalMusicOn", 107, 84},
-    {"music", "DigitalMusicOff", 107, 84},
+struct Inventory {
+  std::span<const InventoryRow> rows;
+  QStringView ground;  // the colour element of its form
 };
 
-constexpr const char* kColours[] = {
-    "PlayListSlider",
-    "PlayListcontrols",
-    "PlayListSave",
-    "PlayListCancel",
-    "PlayListGrid",
-    "PlayListGridSelected",
-    "MusicSlider",
-    "MovieGrid",
-    "MovieGridSelected",
-    "MovieFullScreen",
-    "DurationSlider",
-    "DurationSliderON",
-    "DurationSliderOFF",
-    "DurationSliderKNOB",
-    "MUSICGRID",
-    "MUSICGridSelected",
-    "MUSICGridTopLine",
-    "JUKEBOXGRID",
-    "JUKEBOXGridSelected",
-    "PHOTOGRID",
-    "PhotogridSelect",
-    "CustomButtons",
-    "Messagebox",
-    "Keyboard",
-    "X10GRIDBACK",
-    "X10BACK",
-    "X10ON",
-    "X10OFF",
-    "X10DIM",
-    "X10BRIGHT",
-    "plgrid",
-    "plgridSelect",
-    "plslider",
-    "plwindow",
-    "plrename",
-    "pldelete",
-    "pledit",
-    "plcreate",
-    "pluseplaylist",
-    "pldone",
-    "Status",
-    "Surface",
-    "Button",
-    "Accent",
+std::vector<Inventory> inventories() {
+  return {{mainInventory(), u"Status"},
+          {messageBoxInventory(), u"Messagebox"},
+          {splashInventory(), u"Surface"},
+          {stripInventory(), u"Surface"}};
+}
+
+// Pictures that a control of the main form wears later, at its size.
+constexpr struct {
+  const char *group, *names, *like;
+  int index;
+} kLater[] = {
+    {"radio", "radio", "imgTabs", kMapsTab},
+    {"music", "jukebox", "cmdTop", 2},
+    {"music", "delete", "cmdControls", 5},
+};
+
+// Pictures of other sizes and of other folders' forms, in form units.
+constexpr struct {
+  const char *group, *names;
+  int width, height;
+} kSized[] = {
+    {"main",
+     "btnmusic btnmovies btnphotos btnmaps btnmore btnartists btnalbums btnsongs btnsearch "
+     "btnplaylists btnfavourites btnjukebox btnshuffle btnplaypause btncd btnmute btnsetup "
+     "btnminimise btnexit btnripper btnrestart btnshutdown btnconnect btnpictureedit btnprogram",
+     96, 96},
+    {"photos", "UpDirectory folderclosed", 96, 96},
+    {"root", "capslockon", 96, 64},
+    {"music", "pluseplaylist pldone plrename pldelete pledit plcreate", 292, 96},
+};
+
+// Pictures with one state, as large as the screen.
+constexpr const char* kGrounds[] = {"root/splash",       "main/background",   "music/background",
+                                    "movies/background", "photos/background", "maps/background",
+                                    "more/background",   "radio/background"};
+
+// Colours that no row wears at first.
+constexpr const char* kElements =
+    "Edge ButtonPressed DurationSliderON DurationSliderOFF DurationSliderKNOB "
+    "JUKEBOXGRID JUKEBOXGridSelected MovieFullScreen "
+    "plwindow plslider plcreate plrename pledit pldelete pluseplaylist pldone";
+
+class Pictures {
+ public:
+  void add(const QString& group, const QString& name, int width, int height) {
+    const auto same = [&](const ThemePicture& other) {
+      return other.group.compare(group, Qt::CaseInsensitive) == 0 &&
+             other.name.compare(name, Qt::CaseInsensitive) == 0;
+    };
+    const auto found = std::ranges::find_if(all, same);
+    if (found == all.end()) return all.push_back({group, name, width, height});
+    found->width = std::max(found->width, width);
+    found->height = std::max(found->height, height);
+  }
+  // Names with a space between, each with its other state.
+  void addBoth(const QString& group, const QString& names, int width, int height) {
+    for (const QString& name : names.split(u' ')) {
+      add(group, name, width, height);
+      add(group, otherState(name), width, height);
+    }
+  }
+  void add(const InventoryRow& row) {
+    const QString picture = QString::fromLatin1(row.look.picture);
+    if (picture.isEmpty()) return;
+    const QString group = picture.section(u'/', 0, 0), name = picture.section(u'/', 1);
+    add(group, name, row.rect.width, row.rect.height);
+    if (row.kind != Kind::PictureArea)
+      add(group, otherState(name), row.rect.width, row.rect.height);
+  }
+
+  std::vector<ThemePicture> all;
 };
 
 }  // namespace
 
-std::span<const ThemePicture> themePictures() {
-  return kPictures;
+QString otherState(const QString& name) {
+  if (name.endsWith("on"_L1, Qt::CaseInsensitive)) return name.chopped(2) + u"Off"_s;
+  if (name.endsWith("off"_L1, Qt::CaseInsensitive)) return name.chopped(3) + u"On"_s;
+  return name.endsWith(u'b') ? name.chopped(1) : name + u'b';
 }
-std::span<const char* const> themeColours() {
-  return kColours;
+
+std::vector<ThemePicture> themePictures() {
+  Pictures pictures;
+  for (const Inventory& inventory : inventories())
+    for (const InventoryRow& row : inventory.rows) pictures.add(row);
+  const Form form(u"frmMain"_s, mainInventory());
+  for (const auto& [group, names, like, index] : kLater) {
+    const Rect size = controlOf<Image>(form, QString::fromLatin1(like), index).design;
+    pictures.addBoth(QString::fromLatin1(group), QString::fromLatin1(names), size.width,
+                     size.height);
+  }
+  for (const auto& [group, names, width, height] : kSized)
+    pictures.addBoth(QString::fromLatin1(group), QString::fromLatin1(names), width, height);
+  for (const char* ground : kGrounds) {
+    const QString picture = QString::fromLatin1(ground);
+    pictures.add(picture.section(u'/', 0, 0), picture.section(u'/', 1), form.design.width,
+                 form.design.height);
+  }
+  return pictures.all;
+}
+
+QStringList themeColours() {
+  QStringList elements = QString::fromLatin1(kElements).split(u' ');
+  for (const auto& [rows, ground] : inventories()) {
+    elements << ground.toString();
+    for (const InventoryRow& row : rows) elements << colourElements(row.kind, row.look, ground);
+  }
+  elements.removeDuplicates();
+  return elements;
 }
 
 }  // namespace korvane

@@ -5,18 +5,29 @@ namespace {
 
 constexpr Rect kStrip{0, 0, 92, 80};
 constexpr InventoryRow kStripRows[] = {
-    {"imgRestore", -1, Kind::Image, {0, 0, 92, 80}, Left | Top, "Back to Korvane"},
+    {"imgRestore",
+     -1,
+     Kind::Image,
+     {0, 0, 92, 80},
+     Left | Top,
+     "Back to Korvane",
+     "",
+     true,
+     {.picture = "root/logo"}},
 };
 
 enum ExitFlags { kShutDown = 1, kRestart = 2, kForce = 4, kPowerOff = 8 };
 
 }  // namespace
 
+std::span<const InventoryRow> stripInventory() {
+  return kStripRows;
+}
+
 WindowButtons::WindowButtons(Uses uses, std::function<void()> end)
     : uses_(uses),
       end_(std::move(end)),
       strip_(u"frmAlwaysOnTop"_s, kStripRows, kStrip, FormRole::Strip) {
-  strip_.find(u"imgRestore")->setPicture(u"root"_s, u"logo"_s);
   for (const Event::Type type : {Event::Click, Event::DblClick})
     strip_.on(u"imgRestore", type, [this](Control&, const Event&) { closeAlwaysOnTop(); });
 }

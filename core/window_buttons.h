@@ -41,4 +41,6 @@ class WindowButtons {
   Form strip_;  // frmAlwaysOnTop
 };
 
+std::span<const InventoryRow> stripInventory();  // frmAlwaysOnTop
+
 }  // namespace korvane

@@ -12,8 +12,8 @@ CustomSide::CustomSide(Desk& d, LibrarySide& library, ListenerSide& listener,
       panel_(d.frmMain),
       buttons(d.frmMain,
               {d.graphics, d.palette, d.system.files, d.log, d.screen, d.system.programs, d.words}),
-      buttonEditor(d.frmMain, {buttons, d.palette, d.messages}),
-      homePanel(d.frmMain, {d.state, d.settings, d.palette, d.system.clock}),
+      buttonEditor(d.frmMain, {buttons, d.messages}),
+      homePanel(d.frmMain, {d.state, d.settings, d.system.clock}),
       mainTab(d.parts, d.tabs, buttons, homePanel),
       movedControls({d.main, d.graphics, d.system.files}),
       guestLock(d.frmMain, {d.state, d.settings, d.messages}),
@@ -104,7 +104,7 @@ void CustomSide::connectEditor() {
 }
 
 void CustomSide::connectKeyboards(ListUndo& listUndo) {
-  constexpr int kSmallCaption = 22, kKeyboard = 1;  // form units; of cmdmap
+  constexpr int kKeyboard = 1;  // of cmdmap
   PlaylistEditor& editor = library_.editor;
   editor.searchPanel().showKeyboard = [this, &listUndo](bool on) {
     if (!on) return searchKeyboard.hide();
@@ -118,7 +118,6 @@ void CustomSide::connectKeyboards(ListUndo& listUndo) {
     panel_.mapKeyboard->caption = shown ? u"Keyboard Off"_s : u"Keyboard On"_s;
   };
   newKeyboard.shownChanged(false);
-  panel_.mapKeyboard->fontUnits = kSmallCaption;
   desk_.on(u"cmdmap", Event::Click, [this](int i) {
     if (i != kKeyboard) return;
     if (newKeyboard.shown()) return newKeyboard.hide();

@@ -18,21 +18,6 @@ QString timeText(const QTime& time) {
 }  // namespace
 
 HomePanel::HomePanel(Form& form, Uses uses) : form_(form), uses_(uses), panel_(form) {
-  const struct {
-    Label* label;
-    int units;
-    bool bold;
-  } fonts[] = {{panel_.lblHomeClock, 150, true},
-               {panel_.lblHomeDate, 36, false},
-               {panel_.lblHomeTitle, 34, true},
-               {panel_.lblHomeArtist, 28, false},
-               {panel_.lblHomePosition, 24, false}};
-  for (const auto& [label, units, bold] : fonts) {
-    label->fontUnits = units;
-    label->bold = bold;
-  }
-  panel_.cmdHome[kPrevious]->setPicture(u"music"_s, u"prev"_s);
-  panel_.cmdHome[kNext]->setPicture(u"music"_s, u"next"_s);
   form_.observe(this);
 }
 
@@ -40,21 +25,8 @@ HomePanel::~HomePanel() {
   form_.forget(this);
 }
 
-void HomePanel::dress() {
-  const auto ink = [](Colour fore) {
-    Colours colours;
-    colours.fore = fore;
-    return colours;
-  };
-  const Colour status = uses_.palette.fore(u"Status"), dim = uses_.palette.fore(u"Dim");
-  panel_.lblHomeClock->colours = panel_.lblHomeDate->colours = ink(status);
-  panel_.lblHomeTitle->colours = ink(uses_.palette.fore(u"Surface"));
-  panel_.lblHomeArtist->colours = panel_.lblHomePosition->colours = ink(dim);
-}
-
 void HomePanel::show() {
   if (!uses_.settings.flag(key::HomePanel)) return hide();
-  dress();
   form_.moveDesign(*panel_.frameHome, uses_.state.gCamera ? kBesideCamera : kPlace);
   for (Control* control :
        std::initializer_list<Control*>{panel_.lblHomeClock, panel_.lblHomeDate, panel_.frameHome})
@@ -96,7 +68,7 @@ void HomePanel::showMusic() {
   const QString title = uses_.state.gSongPlayingTitle;
   const bool song = !title.isEmpty();
   panel_.lblHomeTitle->caption = song ? title : u"Nothing is playing"_s;
-  panel_.lblHomeArtist->caption = song ? artist() : u"Press play to hear any of your songs"_s;
+  panel_.lblHomeArtist->caption = song ? artist() : u"Press play for any song"_s;
   const QString time = panel_.TxtTime->caption();
   panel_.lblHomePosition->caption =
       song && !time.contains(u'-') ? time + u" / "_s + panel_.lblDuration->caption() : QString();

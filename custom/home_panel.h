@@ -4,7 +4,6 @@
 
 #include "core/form/form.h"
 #include "core/form/panel.h"
-#include "core/palette.h"
 #include "core/settings.h"
 #include "platform/clock.h"
 
@@ -15,7 +14,6 @@ class HomePanel : private FormObserver {
   struct Uses {
     const AppState& state;
     const Settings& settings;
-    const Palette& palette;
     const Clock& clock;
   };
   HomePanel(Form& form, Uses uses);  // all must outlive it
@@ -56,7 +54,6 @@ class HomePanel : private FormObserver {
 
   void controlChanged(Control& control, Aspect aspect) override;
   void formChanged(Form&, Aspect) override {}
-  void dress();
   void showMusic();
 
   Form& form_;

@@ -4,6 +4,7 @@ namespace korvane {
 
 MainTab::MainTab(TabParts& parts, TabController& tabs, CustomButtons& buttons, HomePanel& home)
     : parts_(parts),
+      panel_(parts.form),
       tabs_(tabs),
       buttons_(buttons),
       home_(home),
@@ -20,12 +21,12 @@ void MainTab::leave() {
   home_.hide();
   parts_.controls.show();
   parts_.status.show();
-  parts_.form.find(u"lblCurrentPlayList")->visible = true;
+  panel_.lblCurrentPlayList->visible = true;
 }
 
 void MainTab::enter() {
   parts_.main.setBackground(u"main"_s);
-  if (parts_.state.gCamera) parts_.form.find(u"pCamera")->visible = true;
+  if (parts_.state.gCamera) panel_.pCamera->visible = true;
   if (parts_.state.gControlButtonsMain) parts_.showWindowButtons();
   parts_.tabPicture(kMainTab, u"main"_s, u"mainb"_s);
   parts_.hidePlaying();

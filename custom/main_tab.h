@@ -20,9 +20,16 @@ class MainTab : public Tab {
   void domainpage();
 
  private:
+  struct Panel : FormPanel {
+    using FormPanel::FormPanel;
+    Image* pCamera = bind("pCamera");
+    Label* lblCurrentPlayList = bind("lblCurrentPlayList");
+  };
+
   void showContent();
 
   TabParts& parts_;
+  Panel panel_;
   TabController& tabs_;
   CustomButtons& buttons_;
   HomePanel& home_;

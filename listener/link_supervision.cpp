@@ -41,11 +41,6 @@ void LinkSupervision::Link::linkChanged() {
 
 LinkSupervision::LinkSupervision(Form& form, Uses uses) : uses_(uses), panel_(form) {
   panel_.LinkTimer->interval = kTickMs;
-  panel_.cmdLink->caption = u"Try again"_s;
-  for (Label* label : panel_.lblLink) {
-    label->fontUnits = 24;
-    label->wraps = true;
-  }
   master_.of = music_.of = this;
   uses_.master.setLinkNews(&master_);
   uses_.music.setLinkNews(&music_);

@@ -19,10 +19,20 @@ class MoviesTab : public Tab {
   void lblMoviesPlay_Click(int index);
 
  private:
+  struct Panel : FormPanel {
+    using FormPanel::FormPanel;
+    std::array<Image*, 8> cmdControls = bind("cmdControls");
+    std::array<Image*, 2> lblMoviesPlay = bind("lblMoviesPlay");
+    std::array<Grid*, kMusicLists> grid = bind("Grid");
+    Image* mute = bind("mute");
+    Grid* MovieList = bind("MovieList");
+    Timer* movieTimer = bind("movieTimer");
+  };
+
   void showMute();
-  void showTypes();
 
   TabParts& parts_;
+  Panel panel_;
   ControlSet list_, picture_, remote_, menu_, types_, roles_, listPlay_;
 };
 

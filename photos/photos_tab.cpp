@@ -10,6 +10,7 @@ constexpr int kLongestDelay = 60;   // seconds a picture
 
 PhotosTab::PhotosTab(TabParts& parts, System& system, Messages& messages)
     : parts_(parts),
+      panel_(parts.form),
       system_(system),
       messages_(messages),
       page_(parts.form, {"PhotoList", "cmdPhotoSetup"}),
@@ -17,9 +18,8 @@ PhotosTab::PhotosTab(TabParts& parts, System& system, Messages& messages)
       otherPlay_(parts.form, {"cmdControls#5", "cmdControls#6"}),
       fullScreen_(parts.form, {"cmdMovieFullScreen"}),
       movies_(parts.form, {"MovieList"}) {
-  auto* delay = dynamic_cast<Slider*>(parts.form.find(u"scrollDelay"));
-  delay->minimum = 1;
-  delay->maximum = kLongestDelay;
+  panel_.scrollDelay->minimum = 1;
+  panel_.scrollDelay->maximum = kLongestDelay;
 }
 
 void PhotosTab::setScreenPower(bool restore) {
@@ -37,11 +37,10 @@ void PhotosTab::leave() {
   setScreenPower(true);
   system_.pump.doEvents();
   page_.hide();
-  const auto* delay = dynamic_cast<Slider*>(parts_.form.find(u"scrollDelay"));
-  parts_.settings.write(key::Delay, QString::number(std::lround(delay->value())));
+  parts_.settings.write(key::Delay, QString::number(std::lround(panel_.scrollDelay->value())));
   parts_.paging.hide();
   parts_.tabPicture(kPhotosTab, u"photos"_s, u"photo"_s);
-  parts_.form.find(u"pictimer")->enabled = false;
+  panel_.pictimer->enabled = false;
   otherPlay_.show();
   show_.hide();
   parts_.main.showPlayState(parts_.state.gPlayMode);
@@ -55,36 +54,42 @@ void PhotosTab::enter() {
   parts_.mute.show();
   parts_.main.HideAllGrids();
 
-  const QString directory = parts_.settings.str(key::PDirectory);
-  if (!system_.files.FolderExists(directory)) {
-    if (directory != "NO"_L1) system_.files.CreateFolder(directory);
-    if (!system_.files.FolderExists(directory))
-      messages_.say(
-          u"Photos directory has not be set up or is INVALID. Click on setup, then click on Setup "
-          "Movies Directory to select where the photos are located"_s);
-  }
+  lookForDirectory();
   movies_.hide();
   parts_.tabPicture(kPhotosTab, u"photos"_s, u"photob"_s);
   page_.show();
   parts_.paging.show(*list());
   otherPlay_.hide();
-  parts_.form.find(u"cmdControls", 7)->visible = false;
+  panel_.cmdContinue->visible = false;
   parts_.main.showTransport(u"play"_s, u"pause"_s, u"stopb"_s);
   showDelay();
-  parts_.form.find(u"pictimer")->enabled = false;
+  panel_.pictimer->enabled = false;
   parts_.top.hide();
   fullScreen_.show();
 }
 
+// The box comes once; after that the empty list says it, and the box only to who presses the open
+// tab again.
+void PhotosTab::lookForDirectory() {
+  const QString directory = parts_.settings.str(key::PDirectory);
+  if (system_.files.FolderExists(directory)) return;
+  if (directory != "NO"_L1) system_.files.CreateFolder(directory);
+  if (system_.files.FolderExists(directory)) return;
+  const bool pressedAgain = parts_.state.currentTab == kPhotosTab;
+  if (std::exchange(warned_, true) && !pressedAgain) return;
+  messages_.say(
+      u"Photos directory has not be set up or is INVALID. Click on setup, then click on Setup "
+      "Movies Directory to select where the photos are located"_s);
+}
+
 void PhotosTab::showDelay() {
-  auto* delay = dynamic_cast<Slider*>(parts_.form.find(u"scrollDelay"));
-  delay->value =
-      std::clamp(val(parts_.settings.str(key::Delay)), delay->minimum(), delay->maximum());
-  delay->visible = true;
+  Slider& delay = *panel_.scrollDelay;
+  delay.value = std::clamp(val(parts_.settings.str(key::Delay)), delay.minimum(), delay.maximum());
+  delay.visible = true;
 }
 
 Grid* PhotosTab::list() {
-  return &controlOf<Grid>(parts_.form, u"PhotoList");
+  return panel_.PhotoList;
 }
 
 }  // namespace korvane

@@ -21,12 +21,23 @@ class PhotosTab : public Tab {
   void setScreenPower(bool restore);
 
  private:
+  struct Panel : FormPanel {
+    using FormPanel::FormPanel;
+    Grid* PhotoList = bind("PhotoList");
+    Slider* scrollDelay = bind("scrollDelay");
+    Timer* pictimer = bind("pictimer");
+    Image* cmdContinue = bind("cmdControls", 7);
+  };
+
+  void lookForDirectory();
   void showDelay();
 
   TabParts& parts_;
+  Panel panel_;
   System& system_;
   Messages& messages_;
   ControlSet page_, show_, otherPlay_, fullScreen_, movies_;
+  bool warned_ = false;  // that there is no directory, in this run
 };
 
 }  // namespace korvane

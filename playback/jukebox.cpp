@@ -19,7 +19,9 @@ void Jukebox::optMode_Click(int index) {
   if (modeChanged) modeChanged();
 }
 
-void Jukebox::setupJukeboxGrid(Grid& grid) const {
+void Jukebox::setUpQueue() {
+  if (!uses_.state.jukeboxMode) return;
+  Grid& grid = *panel_.queue;
   grid.columns = {{QString(), 62}, {QString(), 38}, {QString(), 0, true}, {QString(), 0, true}};
   grid.fontSize = uses_.state.gGridFontSize;
   grid.rowHeight = uses_.state.gGridHeight;
@@ -34,7 +36,7 @@ void Jukebox::enter() {
   panel_.optMode[1]->setPicture(u"music"_s, u"jukeboxon"_s);
   panel_.cmdTopPlaylist->setPicture(u"music"_s,
                                     uses_.main.topPicture(2, panel_.cmdTopPlaylist->tagged()));
-  setupJukeboxGrid(*panel_.queue);
+  setUpQueue();
   panel_.queue->setRows(std::vector<RowTable::Row>());
   panel_.lblCurrentPlayList->caption = u"Jukebox on  number of selections (0)"_s;
   for (const TransportButton button : {Previous, Continue}) image(button).visible = false;

@@ -16,8 +16,6 @@ bool replaced(const Transport::Running& before, const Transport::Running& after)
 }  // namespace
 
 ListUndo::ListUndo(Form& form, Uses uses) : uses_(uses), panel_(form) {
-  panel_.cmdListUndo->caption = u"Bring it back"_s;
-  panel_.lblListUndo->fontUnits = 28;
   panel_.ListUndoTimer->interval = kOffered;
 }
 
@@ -46,9 +44,6 @@ void ListUndo::around(const std::function<void()>& press) {
   QString name = caption_.section(u" = "_s, 1).section(u"  ("_s, 0, -2);
   if (name.isEmpty()) name = kept_.songs.value(std::max(kept_.record, 1) - 1).Album.trimmed();
   panel_.lblListUndo->caption = name + u" was replaced"_s;
-  Colours ink;
-  ink.fore = panel_.framListUndo->colours().fore;
-  panel_.lblListUndo->colours = ink;
   panel_.ListUndoTimer->enabled = false;  // counts anew
   panel_.ListUndoTimer->enabled = true;
   panel_.framListUndo->visible = true;

@@ -27,6 +27,7 @@ PlaybackSide::PlaybackSide(Desk& d, LibrarySide& library, ListenerSide& listener
   d.players.add(cd);
   d.tabs.setTab(kMusicTab, musicTab);
   d.tabs.entered.push_back([this, &d] { showHeard(d); });
+  d.steps.at(Step::SetUpLists, [this] { jukebox.setUpQueue(); });
   d.steps.at(Step::StopDisc, [this] { cd.stopCd(); });
   d.onTabPress.push_back([this] { listUndo.hide(); });
   connectTransport(d);

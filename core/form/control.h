@@ -55,7 +55,7 @@ enum Anchor : unsigned { Left = 1, Top = 2, Right = 4, Bottom = 8, Spread = 16 }
 // How a control looks at first, as its row of the inventory says.
 struct Look {
   const char* picture = "";  // "<group>/<name>" of the theme
-  const char* caption = "";  // UTF-8
+  const char* caption = "";  // UTF-8; of a list, what it says where it has no row
   const char* tip = "";      // UTF-8
   // The element of COLORS.INI that it wears; of a list those of its rows, its selected row and its
   // header, with '/' between. "" for what its kind wears.

@@ -85,8 +85,13 @@ void Form::apply(Control& control, const Look& look) {
   control.look = look;
   const QString picture = QString::fromLatin1(look.picture);
   if (!picture.isEmpty()) control.setPicture(picture.section(u'/', 0, 0), picture.section(u'/', 1));
-  control.caption = QString::fromUtf8(look.caption);
+  const QString caption = QString::fromUtf8(look.caption);
   control.toolTip = QString::fromUtf8(look.tip);
+  if (auto* grid = dynamic_cast<Grid*>(&control)) {
+    grid->emptyText = caption;
+    return;
+  }
+  control.caption = caption;
   if (auto* label = dynamic_cast<Label*>(&control)) {
     if (look.text > 0) label->fontUnits = look.text;
     label->align = look.align;

@@ -16,33 +16,10 @@ bool meet(const Rect& a, const Rect& b) {
 }  // namespace
 
 ButtonEditor::ButtonEditor(Form& form, Uses uses) : form_(form), uses_(uses), panel_(form) {
-  const struct {
-    Button* button;
-    const char* caption;
-  } captions[] = {{panel_.cmdButtonAdd, "Add"},           {panel_.cmdButtonLabel, "Label"},
-                  {panel_.cmdButtonAction, "Action"},     {panel_.cmdButtonApplyAttr, "Apply"},
-                  {panel_.cmdButtonKeyboard, "Keyboard"}, {panel_.cmdButtonDel, "Delete"},
-                  {panel_.cmdButtonDone, "Done"},         {panel_.cmdButtonCancel, "Cancel"}};
-  for (const auto& [button, caption] : captions) button->caption = QString::fromLatin1(caption);
-  const char* const attributes[] = {"Wide", "High", "Font size"};
-  for (size_t i = 0; i < 3; ++i) {
-    panel_.lblButtonAttr[i]->caption = QString::fromLatin1(attributes[i]);
-    panel_.lblButtonAttr[i]->fontUnits = 24;
-  }
-  panel_.frameButtons->caption = u"Custom Buttons"_s;
   panel_.frameButtons->draggable = true;
-  panel_.cmdButtonDone->look.accent = true;
 }
 
 void ButtonEditor::open() {
-  const Colours surface = uses_.palette.button(u"Surface");
-  panel_.frameButtons->colours = surface;
-  Colours ink;
-  ink.fore = surface.fore;
-  for (Label* label : panel_.lblButtonAttr) label->colours = ink;
-  for (TextBox* box : {panel_.txtButtonWide, panel_.txtButtonHigh, panel_.txtButtonFontSize})
-    box->colours = uses_.palette.button(u"MUSICGRID");
-  panel_.cmdButtonDone->colours = uses_.palette.button(u"Accent");
   typedInto_ = panel_.txtButtonWide;
   editing(true);
   uses_.buttons.button(0).caption = u"Pattern"_s;
@@ -101,8 +78,8 @@ Rect ButtonEditor::freePlace() const {
       if (const Button& other = uses_.buttons.button(i);
           other.visible() && meet(place, other.design))
         return true;
-    const auto& home = controlOf<Frame>(form_, u"frameHome");
-    return (home.visible() && meet(place, home.design)) || meet(place, panel_.frameButtons->rect());
+    return (panel_.frameHome->visible() && meet(place, panel_.frameHome->design)) ||
+           meet(place, panel_.frameButtons->rect());
   };
   for (place.top = kPage.top; place.bottom() <= kPage.bottom(); place.top += kStep)
     for (place.left = kPage.left; place.right() <= kPage.right(); place.left += kStep)

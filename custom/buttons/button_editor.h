@@ -12,7 +12,6 @@ class ButtonEditor {
  public:
   struct Uses {
     CustomButtons& buttons;
-    const Palette& palette;
     Messages& messages;
   };
   ButtonEditor(Form& form, Uses uses);  // all must outlive it
@@ -43,15 +42,7 @@ class ButtonEditor {
   struct Panel : FormPanel {
     using FormPanel::FormPanel;
     Frame* frameButtons = bind("frameButtons");
-    Button* cmdButtonAdd = bind("cmdButtonAdd");
-    Button* cmdButtonLabel = bind("cmdButtonLabel");
-    Button* cmdButtonAction = bind("cmdButtonAction");
-    Button* cmdButtonApplyAttr = bind("cmdButtonApplyAttr");
-    Button* cmdButtonKeyboard = bind("cmdButtonKeyboard");
-    Button* cmdButtonDel = bind("cmdButtonDel");
-    Button* cmdButtonDone = bind("cmdButtonDone");
-    Button* cmdButtonCancel = bind("cmdButtonCancel");
-    std::array<Label*, 3> lblButtonAttr = bind("lblButtonAttr");
+    Frame* frameHome = bind("frameHome");
     TextBox* txtButtonWide = bind("txtButtonWide");
     TextBox* txtButtonHigh = bind("txtButtonHigh");
     TextBox* txtButtonFontSize = bind("txtButtonFontSize");

@@ -1,5 +1,7 @@
 #include "library/lists/browsing.h"
 
+#include "core/dressing.h"
+
 namespace korvane {
 namespace {
 
@@ -17,6 +19,8 @@ void Browsing::showGrid(MusicList list) {
   Grid& grid = page(list).grid;
   for (Grid* other : panel_.grid)
     if (other != &grid) other->visible = false;
+  if (!uses_.state.jukeboxMode || index != static_cast<int>(MusicList::Playlists))
+    dressControl(grid, uses_.palette);
   grid.visible = true;
   uses_.state.gridMode = list;
   uses_.paging.show(grid);

@@ -16,11 +16,7 @@ PlaylistEditor::PlaylistEditor(Form& form, Uses uses)
     : uses_(uses),
       panel_(form),
       search_(form, {uses.messages, uses.screen, uses.palette, uses.state, uses.database},
-              [this](const QString& title, const QString& path) { addSong(title, path); }) {
-  panel_.cmdPlayListChoices[0]->caption = u"Cancel"_s;
-  panel_.cmdPlayListChoices[1]->caption = u"Save"_s;
-  for (Button* choice : panel_.cmdPlayListChoices) choice->fontUnits = 24;
-}
+              [this](const QString& title, const QString& path) { addSong(title, path); }) {}
 
 void PlaylistEditor::create() {
   if (uses_.state.playListEditing) close();

@@ -6,7 +6,6 @@ namespace {
 constexpr const char* kKinds[] = {"ARTIST", "ALBUM", "SONG"};
 constexpr int kGap = 6;         // form units
 constexpr int kRowHeight = 30;  // above the keyboard, in the unit of GridHeight
-constexpr const char* kCaptions[] = {"Artists", "Albums", "Songs"};
 
 }  // namespace
 
@@ -15,10 +14,7 @@ SearchPanel::SearchPanel(Form& form, Uses uses, Add add)
       uses_(uses),
       add_(std::move(add)),
       panel_(form),
-      search_(*panel_.gridSearch, uses.database, uses.palette, uses.state) {
-  for (size_t i = 0; i < panel_.cmdSearchKind.size(); ++i)
-    panel_.cmdSearchKind[i]->caption = QString::fromLatin1(kCaptions[i]);
-}
+      search_(*panel_.gridSearch, uses.database, uses.palette, uses.state) {}
 
 void SearchPanel::open() {
   search_.SetupPlaySongs();

@@ -1,6 +1,8 @@
 #include "core/graphics.h"
 
+#include "core/theme_vocabulary.h"
 #include "tests/fakes/form_world.h"
+#include "view/drawing/theme_check.h"
 
 namespace korvane {
 namespace {
@@ -60,6 +62,44 @@ TEST_F(GraphicsTest, ColoursAreReadableEvenWhereAThemeIsSilent) {
   EXPECT_EQ(palette.back(u"Grid"), 1315860u);
   EXPECT_EQ(palette.fore(u"Grid"), 15790320u);
   EXPECT_NEAR(contrast(0x000000, 0xFFFFFF), 21, 0.01);
+}
+
+TEST(Themes, TheShippedOnesHaveAllThatIsShown) {
+  for (const char* theme : {"MERIDIAN", "DAYBREAK"}) {
+    const QString home = QStringLiteral(THEMES);
+    AppState state;
+    state.gTheme = QString::fromLatin1(theme);
+    DiskFileSystem files;
+    FakeClock clock;
+    FakePump pump{clock};
+    const Settings settings{files, pump, state, home};
+    Graphics graphics{files, state, home};
+    EXPECT_EQ(themeFaults(graphics, Palette(settings)), QStringList()) << theme;
+  }
+}
+
+TEST_F(GraphicsTest, TheCheckOfAThemeFindsWhatIsMissingTooSmallAndTooFaint) {
+  home.put(u"krvgraphics/TEST/MUSIC/play.gif"_s,
+           QByteArray::fromHex(
+               "47494638396101000100800000000000ffffff2c00000000010001000002024401003b"));
+  home.put(u"krvgraphics/TEST/MUSIC/stop.svg"_s, "<svg");
+  home.put(u"krvgraphics/TEST/COLORS.INI"_s, "[COLORS]\nDimBACK=0\nDimFOR=2105376\n");
+  const QString faults = themeFaults(graphics, palette).join(u'\n');
+  for (const char* fault :
+       {"play.gif is 1x1, shown at 96x80 and more", "stop.svg is no readable SVG",
+        "root/camera is missing", "root/camerab is missing", "music/normalOff is missing",
+        "main/btnmusicb is missing", "radio/radio is missing",
+        "text on Dim has a contrast of 1.3:1", "COLORS.INI has no PlayListSaveBACK",
+        "COLORS.INI has no EdgeBACK"})
+    EXPECT_TRUE(faults.contains(QString::fromLatin1(fault))) << fault << faults.toStdString();
+}
+
+TEST(ThemeVocabulary, KnowsTheOtherStateOfAPicture) {
+  const std::pair<QString, QString> table[] = {{u"play"_s, u"playb"_s},
+                                               {u"stopb"_s, u"stop"_s},
+                                               {u"continue off"_s, u"continue On"_s},
+                                               {u"DVDPlayerON"_s, u"DVDPlayerOff"_s}};
+  for (const auto& [name, other] : table) EXPECT_EQ(otherState(name), other);
 }
 
 }  // namespace

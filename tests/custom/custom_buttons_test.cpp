@@ -50,7 +50,7 @@ struct ButtonsTest : FormWorld {
   FakePrograms programs;
   ButtonWords words;
   CustomButtons buttons{form, {graphics, palette, files, logFile, screen, programs, words}};
-  ButtonEditor editor{form, {buttons, palette, messages}};
+  ButtonEditor editor{form, {buttons, messages}};
   const TextBox* typesInto = nullptr;
   QByteArrayList done;
   QStringList strip;

@@ -13,7 +13,7 @@ struct HomePanelTest : FormWorld {
   bool shown(const char* name) { return form.find(QString::fromLatin1(name))->visible(); }
 
   Form form{u"frmMain"_s, mainInventory()};
-  HomePanel panel{form, {state, settings, palette, clock}};
+  HomePanel panel{form, {state, settings, clock}};
 };
 
 TEST_F(HomePanelTest, IsNotThereUnlessItsKeyIsOn) {

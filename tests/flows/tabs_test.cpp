@@ -30,10 +30,10 @@ TEST_F(Tabs, EachTabShowsItsOwnFromWhicheverBefore) {
       {kMainTab,
        {},
        {{"cmdControls", 1}, {"cmdTop", 0}, {"Slider1", -1}, {"lblCurrentPlayList", -1}}},
-      {kMapsTab, {{"MappointControl", -1}}, {{"cmdControls", 1}, {"Grid", 0}}},
-      {kMoreTab, {}, {{"framex10", -1}, {"cmdControls", 1}, {"MappointControl", -1}}},
+      {kMapsTab, {{"MappointControl", -1}}, {{"cmdControls", 1}, {"Grid", 0}, {"lblNote", 1}}},
+      {kMoreTab, {{"lblNote", 1}}, {{"framex10", -1}, {"cmdControls", 1}, {"MappointControl", -1}}},
   };
-  for (int i = 0; i < 13; ++i) answer({});
+  for (int i = 0; i < 3; ++i) answer({});  // Photos: the first time, and pressed while open
   for (int before = 0; before < 6; ++before)
     for (const auto& [tab, seen, unseen] : table) {
       press(u"imgTabs"_s, before);
@@ -45,6 +45,82 @@ TEST_F(Tabs, EachTabShowsItsOwnFromWhicheverBefore) {
         EXPECT_FALSE(shown(QString::fromLatin1(name), index)) << name << index;
       EXPECT_TRUE(control(u"imgTabs"_s, tab).tagged());
     }
+  EXPECT_TRUE(host->allDone());
+}
+
+TEST_F(Tabs, APageThatIsNotSetUpSaysSoInItsPlace) {
+  setting("ShowMap=1\nShowControl=1\n");
+  start();
+  const auto emptyText = [this](const char* name) {
+    return dynamic_cast<Grid&>(control(QString::fromLatin1(name))).emptyText();
+  };
+  answer(u"Photos directory has not be set up"_s);
+  for (const int tab : {kPhotosTab, kMoviesTab, kPhotosTab}) press(u"imgTabs"_s, tab);
+  answer(u"Photos directory has not be set up"_s);
+  press(u"imgTabs"_s, kPhotosTab);  // whoever presses the open tab reads it again
+  EXPECT_TRUE(host->allDone());
+  EXPECT_TRUE(emptyText("PhotoList").contains("Setup Photos Directory"_L1));
+  EXPECT_TRUE(emptyText("MovieList").contains("Movies Setup"_L1));
+  press(u"imgTabs"_s, kMapsTab);
+  EXPECT_TRUE(shown(u"lblNote"_s, 0) && !shown(u"MappointControl"_s));
+  press(u"imgTabs"_s, kMoreTab);
+  EXPECT_TRUE(shown(u"lblNote"_s, 1) && !shown(u"lblNote"_s, 0));
+  EXPECT_TRUE(control(u"lblNote"_s, 1).caption().contains("Show X10 Controls"_L1));
+  console().desk.state.gX10 = u"YES"_s;
+  press(u"imgTabs"_s, kMoreTab);
+  EXPECT_TRUE(shown(u"framex10"_s) && !shown(u"lblNote"_s, 1));
+}
+
+TEST_F(Tabs, AReloadKeepsWhatIsLit) {
+  givenDays();
+  setting("LOCALLISTENER=1\nShowMute=1\n");
+  start();
+  openAlbum(1, 1);
+  playRow(1, 1);
+  press(u"optMode"_s, 1);
+  press(u"cmdControls"_s, Transport::Random);
+  press(u"mute"_s);
+  const auto lit = [this] {
+    QStringList pictures{picture(u"mute"_s)};
+    for (int i = 0; i < 8; ++i) pictures << picture(u"cmdControls"_s, i);
+    for (int i = 0; i < 7; ++i) pictures << picture(u"cmdTop"_s, i);
+    for (int i = 0; i < 2; ++i) pictures << picture(u"optMode"_s, i);
+    return pictures;
+  };
+  const QStringList before = lit();
+  for (const QString& name : {u"playb"_s, u"randomb"_s, u"delete"_s, u"muteb"_s, u"jukebox"_s,
+                              u"jukeboxon"_s, u"normaloff"_s})
+    EXPECT_TRUE(before.contains(name)) << name.toStdString();
+  const Colours queue = grid(6).colours();
+  console().desk.startup.Form_Load();
+  press(u"imgTabs"_s, kMusicTab);
+  EXPECT_EQ(lit(), before);
+  EXPECT_EQ(grid(6).columns().size(), 4u);
+  EXPECT_EQ(grid(6).colours(), queue);
+}
+
+TEST_F(Tabs, AListWearsAColourThatItsOwnerHasChanged) {
+  givenDays();
+  start();
+  press(u"imgTabs"_s, kMusicTab);
+  press(u"cmdTop"_s, 1);
+  EXPECT_NE(grid(4).colours().back, 255u);
+  console().desk.settings.writeSetting(u"COLORS", u"MUSICGRIDBACK", u"255"_s);
+  press(u"cmdTop"_s, 1);
+  EXPECT_EQ(grid(4).colours().back, 255u);
+}
+
+TEST_F(Tabs, TheCameraShowsWhereItsProgramIs) {
+  setting("HomePanel=YES\n");
+  for (const bool there : {false, true}) {
+    if (there) home.put(u"krvCamera.exe"_s, "x");
+    start();
+    EXPECT_EQ(shown(u"pCamera"_s), there);
+    const Rect panel = control(u"frameHome"_s).rect();
+    EXPECT_EQ(control(u"pCamera"_s).rect().left >= panel.right(), there) << "the home page's panel";
+    press(u"imgTabs"_s, kMusicTab);
+    EXPECT_FALSE(shown(u"pCamera"_s));
+  }
 }
 
 TEST_F(Tabs, PhotosKeepTheScreenAwakeWhileOpen) {

@@ -92,6 +92,9 @@ ICONS = {
     'caps': line(CAPS, 'M8.2 20.4h7.6'),
     'capslit': solid(CAPS) + line('M8.2 20.4h7.6'),
 
+    'camera': both(rect(2.6, 6.4, 12.8, 11.2, 2.4))
+        + line('M15.4 10.8l6-3.4v9.2l-6-3.4M6.2 10h2.4'),
+
     # lists of the music
     'artist': both(rect(8.7, 2.7, 6.6, 11.6, 3.3))
         + line('M5 11.2a7 7 0 0 0 14 0M12 18.2v3.1M8.6 21.3h6.8'),

@@ -78,7 +78,9 @@ def draw(palette, contrasts):
     t.put('ION', tiles.lamp_globe(palette, True, contrasts))
     t.put('IOFF', tiles.lamp_globe(palette, False, contrasts))
     t.put('emptyart', tiles.empty_art(palette, contrasts))
-    t.put('logo', tiles.logo(palette))
+    for suffix, pressed in (('', False), ('b', True)):
+        t.put('logo' + suffix, tiles.logo(palette, pressed))
+    t.pressable('camera', 'pressed', 107, 84, 'camera', 'Camera')
 
     # lists of the music
     for name, icon, word in (('artist', 'artist', 'Artists'), ('album', 'album', 'Albums'),

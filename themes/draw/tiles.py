@@ -233,14 +233,16 @@ def mark(ink, accent):
             + '<circle cx="186" cy="128" r="17" fill="%s"/>' % accent)
 
 
-def logo(palette):
-    top, bottom = palette.badge
+def logo(palette, pressed):
+    """The badge; touched, it is filled with the accent, as a tile is."""
+    top, bottom = (palette.pressed, palette.pressed) if pressed else palette.badge
+    ink, sun = (palette.pressed_ink,) * 2 if pressed else ('#F4F7FA', '#F5B85F')
     defs = (linear('b', 0, 4, 0, 252, [(0, top, 1), (1, bottom, 1)])
             + linear('e', 0, 4, 0, 252, [(0, '#FFFFFF', 0.35), (1, '#FFFFFF', 0.06)])
             + radial('g', 128, 270, 170, 130, fade('#F5A94A', 0.75)))
     body = (rect(4, 4, 248, 248, 56, 'url(#b)')
             + rect(4, 4, 248, 248, 56, 'url(#g)', ' stroke="url(#e)" stroke-width="2"')
-            + mark('#F4F7FA', '#F5B85F'))
+            + mark(ink, sun))
     return svg(256, 256, body, defs)
 
 

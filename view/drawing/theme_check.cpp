@@ -12,8 +12,7 @@ namespace {
 constexpr double kReadable = 4.5;
 
 QString pictureFault(const PictureFile* file, const ThemePicture& wanted) {
-  const QString name = QString::fromLatin1(wanted.group) + u'/' + QString::fromLatin1(wanted.name);
-  if (!file) return name + u" is missing"_s;
+  if (!file) return wanted.group + u'/' + wanted.name + u" is missing"_s;
   if (file->svg())
     return QSvgRenderer(file->bytes).isValid() ? QString() : file->path + u" is no readable SVG"_s;
   QBuffer buffer;
@@ -34,12 +33,10 @@ QString pictureFault(const PictureFile* file, const ThemePicture& wanted) {
 QStringList themeFaults(Graphics& graphics, const Palette& palette) {
   QStringList faults;
   for (const ThemePicture& wanted : themePictures()) {
-    const PicturePtr file =
-        graphics.loadGraphic(QString::fromLatin1(wanted.group), QString::fromLatin1(wanted.name));
+    const PicturePtr file = graphics.loadGraphic(wanted.group, wanted.name);
     if (const QString fault = pictureFault(file.get(), wanted); !fault.isEmpty()) faults << fault;
   }
-  for (const char* name : themeColours()) {
-    const QString element = QString::fromLatin1(name);
+  for (const QString& element : themeColours()) {
     if (!palette.has(QString(element + u"BACK"_s))) {
       faults << u"COLORS.INI has no %1BACK"_s.arg(element);
       continue;

@@ -6,8 +6,8 @@
 
 namespace korvane {
 
-// A line for each fault, "" for none: a picture that is missing, broken, or a bitmap smaller than
-// it is shown; a colour key that is missing; text under 4.5:1 on its ground.
+// A line for each fault, empty for none: a picture that is missing, broken, or a bitmap smaller
+// than it is shown; a colour key that is missing; text under 4.5:1 on its ground.
 QStringList themeFaults(Graphics& graphics, const Palette& palette);
 
 }  // namespace korvane
