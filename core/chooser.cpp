@@ -65,9 +65,7 @@ Chooser::Chooser(const DialogUses& dialogs, const FileSystem& files)
   panel_.Dir1->columns = {{u"Folder"_s}};
   panel_.File1->columns = {{u"File"_s}};
   // The entry as it is stored, and the two halves of it that are read.
-  panel_.customSelect->columns = {{u"Entry"_s, 0, true, false},
-                                  {u"Action"_s, 39, false, false},
-                                  {u"Meaning"_s, 61, false, false}};
+  panel_.customSelect->columns = {{u"Entry"_s, 0, true}, {u"Action"_s, 39}, {u"Meaning"_s, 61}};
   form_.on(u"Drive1", Event::Click,
            [this](Control&, const Event& event) { Drive1_Change(event.row); });
   form_.on(u"Dir1", Event::Click, [this](Control&, const Event& event) { Dir1_Change(event.row); });
@@ -207,7 +205,10 @@ void Chooser::takeFile() {
 
 void Chooser::take(const QString& chosen) {
   const QString error = request_.keep ? request_.keep(chosen) : QString();
-  if (!error.isEmpty()) return dialog_.messages.say(error);
+  if (!error.isEmpty()) {
+    dialog_.messages.say(error);
+    return;
+  }
   chosen_ = chosen;
   leave();
 }

@@ -2,9 +2,9 @@
 
 namespace korvane {
 
-std::optional<PlayMode> playModeOf(int told) {
+std::optional<PlayMode> playModeOf(int report) {
   enum { Stopped, Paused, Playing, Waiting, ScanningOn, ScanningBack, Closed };
-  switch (told) {
+  switch (report) {
     case Stopped:
     case Closed:
       return PlayMode::Stopped;

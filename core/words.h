@@ -37,9 +37,9 @@ enum class TransportButton { Previous, Play, Pause, Stop, Next, Repeat, Random, 
 // What a player does. The numbers are those of MediaPlayer::PlayState, and of the records of a
 // Listener.
 enum class PlayMode { Stopped, Paused, Playing };
-// Of a told number: nothing for one that is no state. A player that waits for its file or searches
-// in it (3 to 5) plays; one that has closed it (6) has stopped.
-std::optional<PlayMode> playModeOf(int told);
+// Of a reported number: nothing for one that is no state. A player that waits for its file or
+// searches in it (3 to 5) plays; one that has closed it (6) has stopped.
+std::optional<PlayMode> playModeOf(int report);
 
 // The transport's own state, which music and movies share.
 enum class MusicState { Stop, Play, Paused };

@@ -3,8 +3,8 @@
 namespace korvane {
 
 ControlSet::ControlSet(Form& form, std::initializer_list<const char*> names) {
-  for (const char* told : names) {
-    const QStringList parts = QString::fromLatin1(told).split(u'#');
+  for (const char* name : names) {
+    const QStringList parts = QString::fromLatin1(name).split(u'#');
     const int upper = form.upperBound(parts[0]);
     const size_t before = controls_.size();
     if (parts.size() == 2) {
@@ -15,7 +15,7 @@ ControlSet::ControlSet(Form& form, std::initializer_list<const char*> names) {
       for (int i = 0; i <= upper; ++i)
         if (Control* member = form.find(parts[0], i)) controls_.push_back(member);
     }
-    if (controls_.size() == before) qFatal("the form has no %s", told);
+    if (controls_.size() == before) qFatal("the form has no %s", name);
   }
 }
 

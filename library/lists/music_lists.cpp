@@ -43,7 +43,8 @@ std::vector<Grid::Column> columnsOf(MusicList list) {
     case MusicList::Playlists:
       return {shown, hidden, hidden, hidden};
     case MusicList::Favourites:
-      return {{QString(), 84}, hidden, hidden, hidden, hidden, {QString(), 16, false, Grid::CellKind::Button}};
+      return {{QString(), 84}, hidden, hidden,
+              hidden,          hidden, {QString(), 16, false, Grid::CellKind::Button}};
     case MusicList::Artists:
     case MusicList::ArtistAlbums:
     case MusicList::PlaylistSongs:

@@ -25,8 +25,8 @@ def type_on_screen(text):
 
 def box(contains):
     console.wait_until(lambda: console.must(cmd="messages")["messages"], f"a box with {contains}")
-    told = str(console.must(cmd="messages")["messages"])
-    assert contains in told, told
+    shown = str(console.must(cmd="messages")["messages"])
+    assert contains in shown, shown
     console.must(cmd="messages", answer="ok")
 
 
@@ -36,17 +36,15 @@ def edit():
     console.wait_until(lambda: console.get("frameButtons")["visible"], "the button tools")
 
 
-def choose_action(row=None, file=None):
+def choose_action(word=None, file=None):
     console.press("cmdButtonAction")
     console.wait_until(lambda: console.ask(cmd="get", name="customSelect", form="frmDirectorys")["ok"],
                        "the chooser")
     console.screenshot("buttons_action")
-    if row:
-        console.must(cmd="press", name="customSelect", form="frmDirectorys", row=row)
-    else:
-        rows = console.must(cmd="rows", name="File1", form="frmDirectorys", count=10000)["rows"]
-        names = [each["cells"][0] for each in rows]
-        console.must(cmd="press", name="File1", form="frmDirectorys", row=names.index(file) + 1)
+    grid = "customSelect" if word else "File1"
+    rows = console.must(cmd="rows", name=grid, form="frmDirectorys", count=10000)["rows"]
+    names = [each["cells"][0].split()[0] if word else each["cells"][0] for each in rows]
+    console.must(cmd="press", name=grid, form="frmDirectorys", row=names.index(word or file) + 1)
     console.must(cmd="press", name="cmdok", form="frmDirectorys")
 
 
@@ -105,7 +103,7 @@ for digit in "120":
 assert console.get("txtButtonHigh")["text"] == "120", console.get("txtButtonHigh")
 console.press("BtnEnh1")
 console.press("cmdButtonApplyAttr")
-choose_action(row=15)
+choose_action(word="SONGS")
 assert console.get("cmdbutton", made)["tag"] == "SONGS", console.get("cmdbutton", made)
 left, top = console.get("cmdbutton", made)["rect"][:2]
 console.must(cmd="drag", name="cmdbutton", index=made, dx=260 - left, dy=600 - top)

@@ -23,8 +23,8 @@ def type_on_screen(text):
 
 def box(contains, answer="ok"):
     console.wait_until(lambda: console.must(cmd="messages")["messages"], f"a box with {contains}")
-    told = str(console.must(cmd="messages")["messages"])
-    assert contains in told, told
+    shown = str(console.must(cmd="messages")["messages"])
+    assert contains in shown, shown
     console.must(cmd="messages", answer=answer)
 
 
