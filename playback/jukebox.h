@@ -24,7 +24,7 @@ class Jukebox : public Transport::Queue {
   Jukebox(Form& form, Uses uses);
 
   void optMode_Click(int index);  // 0 normal, 1 jukebox; nothing when it is so already. Yields.
-  void setUpQueue();  // while it is on, the list of the queue looks like one
+  void setUpQueue();              // while it is on, the list of the queue looks like one
 
   std::function<void()> modeChanged;
 
