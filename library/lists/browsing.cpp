@@ -19,8 +19,7 @@ void Browsing::showGrid(MusicList list) {
   Grid& grid = page(list).grid;
   for (Grid* other : panel_.grid)
     if (other != &grid) other->visible = false;
-  if (!uses_.state.jukeboxMode || list != MusicList::Playlists)
-    dressControl(grid, uses_.palette);
+  if (!uses_.state.jukeboxMode || list != MusicList::Playlists) dressControl(grid, uses_.palette);
   grid.visible = true;
   uses_.state.gridMode = list;
   uses_.paging.show(grid);
