@@ -36,10 +36,13 @@ struct Line {
 double screenMs(Database& db, const AllSongs& all) {
   int screen = 0;
   return 1000 * median(7, [&] {
-           AllSongs rows(all.image(), [&db]() -> sql::Connection& {
-             db.DbOpen();
-             return db.connection();
-           });
+           AllSongs rows(
+               all.image(),
+               [&db]() -> sql::Connection& {
+                 db.DbOpen();
+                 return db.connection();
+               },
+               [](const QString&) {});
            const int first = 1 + all.rowCount() / 224 * 32 * screen++;
            for (int row = first; row < first + 20; ++row)
              for (int column = 1; column <= 4; ++column) rows.cell(column, row);
