@@ -30,11 +30,9 @@ TEST(ReadID3v1, TakesTheFieldsAsTheyStand) {
     char with;
     QString read;
   } const cases[] = {
-      {"Song", '\0', u"Song"_s},
       {"Song", ' ', u"Song"_s},
       {QByteArray("So\0ng", 5), '\0', u"Song"_s},
       {"   ", ' ', QString()},
-      {"  x", '\0', u"x"_s},
       {"Caf\xE9 \x80", '\0', u"Café €"_s},
       {QByteArray(30, 'y'), '\0', QString(30, u'y')},
   };
@@ -68,17 +66,10 @@ TEST(ConvertBase, ConvertsAndRefuses) {
     const char16_t* number;
     int from, to;
     const char16_t* result;
-  } const cases[] = {{u"5", 10, 2, u"00000101"},
-                     {u" 255 ", 10, 16, u"FF"},
-                     {u"100000000", 2, 10, u"256"},
-                     {u"Z", 36, 10, u"35"},
-                     {u"0", 10, 2, u"00000000"},
-                     {u"2", 2, 10, u"Error"},
-                     {u"", 10, 2, u"Error"},
-                     {u"f", 16, 10, u"Error"},
-                     {u"1", 1, 10, u"Error"},
-                     {u"1", 10, 37, u"Error"},
-                     {u"ZZZZZZZZZZZZZZ", 36, 10, u"Error"}};
+  } const cases[] = {
+      {u"5", 10, 2, u"00000101"}, {u" 255 ", 10, 16, u"FF"}, {u"100000000", 2, 10, u"256"},
+      {u"Z", 36, 10, u"35"},      {u"", 10, 2, u"Error"},    {u"f", 16, 10, u"Error"},
+      {u"1", 1, 10, u"Error"},    {u"1", 10, 37, u"Error"},  {u"ZZZZZZZZZZZZZZ", 36, 10, u"Error"}};
   for (const auto& [number, from, to, result] : cases)
     EXPECT_EQ(convertBase(QString::fromUtf16(number), from, to), QString::fromUtf16(result));
 }
@@ -112,8 +103,7 @@ TEST(CoverArt, FindsTheImageOfTheFirstPicture) {
     QByteArray file;
     std::optional<QByteArray> image;
   } const cases[] = {
-      {"after another frame", tag(title + apic("image/jpeg", "", jpeg)), jpeg},
-      {"with a description", tag(apic("image/jpeg", "front cover", jpeg)), jpeg},
+      {"described, after another", tag(title + apic("image/jpeg", "cover", jpeg)), jpeg},
       {"of another kind", tag(apic("image/png", "", png) + apic("image/jpeg", "", jpeg)), png},
       {"a short mime: the start is lost", tag(apic("PNG", "", png)), png.sliced(3)},
       {"no tag", "xID3" + apic("image/jpeg", "", jpeg), {}},
@@ -123,7 +113,6 @@ TEST(CoverArt, FindsTheImageOfTheFirstPicture) {
       {"too large a size", tag("APIC\xFF\xFF\xFF\xFF__0123456789" + jpeg), jpeg},
       {"a frame beyond the end", tag("TIT2\x7F\xFF\xFF\xFF__" + apic("image/jpeg", "", jpeg)), {}},
       {"an empty frame", tag(frame("APIC", QByteArray(40, '\0'))), {}},
-      {"nothing", {}, {}},
       {"only a header", "ID3", {}},
   };
   for (const auto& [what, bytes, image] : cases) {
@@ -132,10 +121,7 @@ TEST(CoverArt, FindsTheImageOfTheFirstPicture) {
     file.open(QIODevice::ReadOnly);
     auto found = attachedPicture(file);
     if (found) found = imageWithin(*found);
-    EXPECT_EQ(found.has_value(), image.has_value()) << what;
-    if (found && image) {
-      EXPECT_EQ(*found, *image) << what;
-    }
+    EXPECT_EQ(found, image) << what;
   }
   EXPECT_EQ(imageWithin("no image here"), "no image here");
   EXPECT_EQ(imageWithin("BM is no bitmap RIFFxxxxWEBPyy"), "RIFFxxxxWEBPyy");
@@ -195,12 +181,11 @@ TEST(FullTags, ReadsWhatID3v1DoesNotHold) {
   setFullTagsPage(CodePage(u"windows-1251"_s));
   const auto tags = readFullTags(path);
   setFullTagsPage(CodePage());
-  ASSERT_TRUE(tags);
+  ASSERT_TRUE(tags && !readFullTags(home / u"none.mp3"_s));
   EXPECT_EQ(tags->Title, u"При"_s);
   EXPECT_EQ(tags->Artist, u"Ж"_s);
   EXPECT_EQ(tags->track, 7);
   EXPECT_EQ(tags->Year, u"2001"_s);
-  EXPECT_FALSE(readFullTags(home / u"none.mp3"_s));
 }
 
 }  // namespace

@@ -43,6 +43,22 @@ class LibraryTest : public testing::Test {
         {artist, album, title, year, {}, "/music/%1/%2/%3.mp3"_L1.arg(artist, album, title)});
   }
 
+  void givenMany(int count, const std::function<void(int)>& give) {
+    OpenedDatabase open(db);
+    sql::Transaction whole(*open);
+    for (int i = 0; i < count; ++i) give(i);
+    whole.commit();
+  }
+  QList<QStringList> rowsOf(const char* statement, int columns) {
+    OpenedDatabase open(db);
+    QList<QStringList> rows;
+    for (auto run = open->run(statement); run.step();) {
+      QStringList cells;
+      for (int i = 0; i < columns; ++i) cells << run.text(i);
+      rows << cells;
+    }
+    return rows;
+  }
   static QStringList column(const RowSource& rows, int number) {
     QStringList cells;
     for (int row = 1; row <= rows.rowCount(); ++row) cells << rows.cell(number, row);

@@ -13,26 +13,13 @@ class ListsTest : public LibraryTest {
  protected:
   void givenRandomSongs(int count) {
     std::mt19937 random(7);
-    OpenedDatabase open(db);
-    sql::Transaction whole(*open);
     const QStringList words{
         u"The long"_s, u"winding road to"_s, u"Ärger"_s, u"01"_s, u"é"_s, u"E"_s, u"-x"_s};
-    for (int i = 0; i < count; ++i) {
+    givenMany(count, [&](int) {
       QString title;
       for (unsigned n = random() % 5; n > 0; --n) title += words[random() % 7] + u' ';
       given(words[random() % 7], words[random() % 7], title + QString::number(random() % 50));
-    }
-    whole.commit();
-  }
-  QList<QStringList> rowsOf(const char* statement, int columns) {
-    OpenedDatabase open(db);
-    QList<QStringList> rows;
-    for (auto run = open->run(statement); run.step();) {
-      QStringList cells;
-      for (int i = 0; i < columns; ++i) cells << run.text(i);
-      rows << cells;
-    }
-    return rows;
+    });
   }
   static QList<QStringList> all(const RowSource& rows, int columns) {
     QList<QStringList> found(rows.rowCount());
@@ -79,21 +66,19 @@ TEST_F(ListsTest, ATextIsFoundInTheListsAsInTheRows) {
   const QStringList texts{u""_s,  u"WIND"_s, u"rg"_s, u"\u00c4"_s, u"e"_s,
                           u"_"_s, u"l%ng"_s, u"zz"_s, u"\u212A"_s, u"k"_s};
   given(u"\u212Aelvin"_s, u"kelvin"_s, u"x"_s);
-  QList<QStringList> artists;
-  QList<QList<std::pair<QString, QString>>> albums;
-  for (const bool mapped : {false, true}) {
-    if (mapped) db.getAllSongs();
-    for (qsizetype i = 0; i < texts.size(); ++i) {
-      if (!mapped) {
-        artists << db.findArtists(texts[i], 5);
-        albums << db.findAlbums(texts[i], 5);
-      }
-      EXPECT_EQ(db.findArtists(texts[i], 5), artists[i]) << texts[i].toStdString();
-      EXPECT_EQ(db.findAlbums(texts[i], 5), albums[i]) << texts[i].toStdString();
+  const auto found = [&] {
+    std::pair<QList<QStringList>, QList<QList<std::pair<QString, QString>>>> each;
+    for (const QString& text : texts) {
+      each.first << db.findArtists(text, 5);
+      each.second << db.findAlbums(text, 5);
     }
-  }
-  EXPECT_EQ(artists[1].size(), 1);
-  EXPECT_EQ(albums[0].size(), 5);
+    return each;
+  };
+  const auto byStatement = found();
+  db.getAllSongs();
+  EXPECT_EQ(found(), byStatement);
+  EXPECT_EQ(byStatement.first[1].size(), 1);
+  EXPECT_EQ(byStatement.second[0].size(), 5);
 }
 
 TEST_F(ListsTest, AMarkKeepsTheListFileAndANewSongVoidsIt) {

