@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QFile>
 #include <QTemporaryDir>
 
 #include "library/data/schema.h"
@@ -69,23 +68,6 @@ TEST_F(AirNetworkTest, NamesComeFromTheTablesWhereThereAreSome) {
   hears({});
   EXPECT_EQ(network->sources(), QStringList({u"ADC1"_s, u"IRS1"_s}));
   EXPECT_EQ(network->meaning(u"ALT"_s), u"Altitude"_s);
-}
-
-// The recorded flight, from a server that writes it in pieces of any size.
-TEST_F(AirNetworkTest, HearsAWholeFlight) {
-  QFile file(QStringLiteral(STARTER "/AirShow/flight.txt"));
-  ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-  QByteArray stream;
-  for (const QByteArray& line : file.readAll().split('\n'))
-    stream += line.mid(line.indexOf(' ') + 1);
-  QByteArrayList pieces;
-  for (qsizetype at = 0, size = 1; at < stream.size(); at += size, size = size * 7 % 97 + 1)
-    pieces << stream.mid(at, size);
-  const QStringList heard = hears(pieces);
-  EXPECT_EQ(heard.size(), stream.count('>'));
-  EXPECT_EQ(heard.first(), u"PHASE FMS1 GROUND "_s);
-  EXPECT_EQ(heard.last(), u"TTG FMS1 0 MIN"_s);
-  EXPECT_TRUE(heard.contains(u"ALT ADC1 36000 FT"_s));
 }
 
 }  // namespace

@@ -71,7 +71,7 @@ TEST_F(ServerMusicTest, ConnectsFromTheChosenNetworkCardAndSaysSoWhenThatFails) 
   EXPECT_TRUE(log().endsWith(u"connectionMP3 "_s + why + u'\n')) << log().toStdString();
 }
 
-TEST_F(ServerMusicTest, CommandsGoOutAsTheirBytes) {
+TEST_F(ServerMusicTest, CommandsGoOutAsTheirBytesInTheEncodingThatIsSet) {
   connect();
   musicPageOpen();
   coverArt.visible = true;
@@ -79,16 +79,14 @@ TEST_F(ServerMusicTest, CommandsGoOutAsTheirBytes) {
   EXPECT_FALSE(coverArt.visible());
   EXPECT_EQ(coverArt.tag(), u"FALSE"_s);
   EXPECT_EQ(ini(u"GENERAL"_s, u"LASTSONGPLAYED"_s), u"C:\\M\\\u00e9.mp3"_s);
-  music.ConnectionMP3Send(u"MUSIC"_s, u"PLAY"_s);
+  send(u"PLAY"_s);
   EXPECT_EQ(ini(u"GENERAL"_s, u"LASTSONGPLAYED"_s), u""_s);
-  music.ConnectionMP3Send(u"MUSIC"_s, u"VOLUME"_s, u"33"_s);
-  EXPECT_EQ(socket.sent, QByteArrayList({bytes("MUSIC|PLAY|C:\\M\\\xe9.mp3|T$"),
-                                         bytes("MUSIC|PLAY$"), bytes("MUSIC|VOLUME|33$")}));
+  EXPECT_EQ(socket.sent,
+            QByteArrayList({bytes("MUSIC|PLAY|C:\\M\\\xe9.mp3|T$"), bytes("MUSIC|PLAY$")}));
   EXPECT_TRUE(player.calls.isEmpty());
-}
 
-TEST_F(ServerMusicTest, TheEncodingIsASetting) {
-  setting("ListenerEncoding=utf-8");
+  settings.write(key::ListenerEncoding, u"utf-8"_s);
+  music.ConnectionMP3Close();
   connect();
   music.ConnectionMP3Send(u"MUSIC"_s, u"PLAY"_s, u"/\u00e9"_s, u"\u4e2d"_s);
   EXPECT_EQ(socket.sent.last(), bytes("MUSIC|PLAY|/\xc3\xa9|\xe4\xb8\xad$"));
@@ -180,7 +178,7 @@ TEST_F(ServerMusicTest, RecordsShowOnTheForm) {
   EXPECT_EQ(Slider1.value(), 7);
   EXPECT_EQ(Slider1.text(), u"Current= 0:07 -- Remaining= 3:13"_s);
 
-  socket.arrive(bytes("VOLUME|30$"));
+  socket.arrive(bytes("VOLUME|30$"));  // no end of the one before it, which is lost
   EXPECT_EQ(caption("lblVolume"), u""_s);
   EXPECT_EQ(music.listenerVolume, 30);
   socket.arrive(bytes("MAXVOLUME|200$VOLUME|31$"));
@@ -241,13 +239,6 @@ TEST_F(ServerMusicTest, BrokenRecordsAreSkippedAndTheNextStillCounts) {
   EXPECT_LT(caption("lblCurrentPlay").size(), 1100);
 }
 
-TEST_F(ServerMusicTest, ARecordCutInTwoIsLost) {
-  connect();
-  socket.arrive(bytes("MUSICTIMER|0:09|"));
-  socket.arrive(bytes("9$MUSICTIMER|0:10|10$"));
-  EXPECT_EQ(Slider1.value(), 10);
-}
-
 TEST_F(ServerMusicTest, TheCoverArtComesInItsOwnDeliveries) {
   system.files.put(u"/home/coverArt.jpg"_s, "an older and longer picture");
   musicPageOpen();
@@ -258,26 +249,20 @@ TEST_F(ServerMusicTest, TheCoverArtComesInItsOwnDeliveries) {
   socket.arrive(bytes("ab$"));
   EXPECT_FALSE(coverArt.visible());
   socket.arrive("def");
-  EXPECT_EQ(system.files.bytes(u"/home/coverArt.jpg"_s), bytes("ab$def"));
   EXPECT_EQ(*coverArt.picture->bytes, bytes("ab$def"));
   EXPECT_TRUE(coverArt.visible());
   EXPECT_EQ(coverArt.tag(), u"TRUE"_s);
-  socket.arrive(bytes("MUSICTIMER|0:09|9$"));
-  EXPECT_EQ(Slider1.value(), 9);
-}
-
-TEST_F(ServerMusicTest, ACoverTransferSurvivesAFullDiskAndEndsWithItsConnection) {
-  connect();
-  system.files.room = 0;
-  socket.arrive(bytes("RECEIVEJPG|3$"));
-  socket.arrive("abc");
-  EXPECT_EQ(coverArt.tag(), u""_s);
   socket.arrive(bytes("MUSICTIMER|0:09|9$RECEIVEJPG|1000$"));
   EXPECT_EQ(Slider1.value(), 9);
-  socket.peerCloses();
+  socket.peerCloses();  // within a picture
+  system.files.room = 0;
   connect();
-  socket.arrive(bytes("MUSICTIMER|0:04|4$"));
+  socket.arrive(bytes("MUSICTIMER|0:04|4$RECEIVEJPG|3$"));
   EXPECT_EQ(Slider1.value(), 4);
+  socket.arrive("abc");
+  EXPECT_EQ(*coverArt.picture->bytes, bytes("ab$def")) << "no room for another";
+  socket.arrive(bytes("MUSICTIMER|0:05|5$"));
+  EXPECT_EQ(Slider1.value(), 5);
 }
 
 TEST_F(ServerMusicTest, ErrorsAreSaidOneBoxAtATime) {
@@ -325,7 +310,6 @@ TEST_F(ServerMusicTest, AListenerThatVanishesStopsTheFrontEnd) {
     EXPECT_EQ(Slider1.value(), 0);
     EXPECT_EQ(state.gPlayMode, PlayMode::Stopped);
   }
-  EXPECT_TRUE(log().contains(u"Error in connectionMP3 Connection timed out\n"_s));
 }
 
 TEST_F(ServerMusicTest, AFailedConnectionIsLoggedUnlessTheSourceIsTheCd) {
@@ -342,23 +326,24 @@ TEST_F(ServerMusicTest, AFailedConnectionIsLoggedUnlessTheSourceIsTheCd) {
 }
 
 TEST_F(ServerMusicTest, TheRoleChangesOnlyWhileNothingPlays) {
+  Control& place = *form.find(u"lblMusicPlay", 0);
+  place.visible = true;
+  const auto pictures = [this] { return picture("lblMusicPlay", 0) + picture("lblMusicPlay", 1); };
+  const auto stored = [this] { return settings.GetSetting(u"KRV"_s, u"MUSIC"_s, u"MUSICTYPE"_s); };
   Slider1.value = 3;
-  form.find(u"lblMusicPlay", 0)->visible = true;
-  form.fire(*form.find(u"lblMusicPlay", 0), {Event::Click});
+  form.fire(place, {Event::Click});
   EXPECT_FALSE(state.gLocalListener);
   EXPECT_EQ(messages.texts, QStringList{u"Stop the music first, then choose where it plays."_s});
   Slider1.value = 0;
-  form.fire(*form.find(u"lblMusicPlay", 0), {Event::Click});
+  form.fire(place, {Event::Click});
   EXPECT_TRUE(state.gLocalListener);
-  EXPECT_EQ(picture("lblMusicPlay", 0) + picture("lblMusicPlay", 1),
-            u"music/AtSeatonmusic/InCabinOff"_s);
-  EXPECT_EQ(settings.GetSetting(u"KRV"_s, u"MUSIC"_s, u"MUSICTYPE"_s), u"LOCAL"_s);
+  EXPECT_EQ(pictures(), u"music/AtSeatonmusic/InCabinOff"_s);
+  EXPECT_EQ(stored(), u"LOCAL"_s);
   EXPECT_EQ(socket.connects, 0);
-  music.lblMusicPlay_Click();
+  form.fire(place, {Event::Click});
   EXPECT_FALSE(state.gLocalListener);
-  EXPECT_EQ(picture("lblMusicPlay", 0) + picture("lblMusicPlay", 1),
-            u"music/AtSeatOffmusic/InCabinOn"_s);
-  EXPECT_EQ(settings.GetSetting(u"KRV"_s, u"MUSIC"_s, u"MUSICTYPE"_s), u"SERVER"_s);
+  EXPECT_EQ(pictures(), u"music/AtSeatOffmusic/InCabinOn"_s);
+  EXPECT_EQ(stored(), u"SERVER"_s);
   EXPECT_EQ(socket.connects, 1);
 }
 
