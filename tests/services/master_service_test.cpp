@@ -41,9 +41,6 @@ TEST_F(MasterServiceTest, ATableThatLivesWithItsConnections) {
   tcp.leave(listener);
   say(console, "ML|GET|ALL$");
   EXPECT_EQ(heard(console), "REQUEST|Seat 4~10.0.0.9~N/A~CLIENT|Cinema~10.0.0.3~7412~MOVIES$");
-  const Peer back = tcp.join(u"10.0.0.2"_s);
-  say(back, "ML|REG|Salon|10.0.0.2|7411|MUSIC|MUSIC$");
-  EXPECT_EQ(heard(console), "NEW|Salon~10.0.0.2~7411~MUSIC$");
 }
 
 TEST_F(MasterServiceTest, NobodyTakesAnothersEntryAndWhoComesBackWaitsForIt) {

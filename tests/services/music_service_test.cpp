@@ -3,22 +3,17 @@
 
 #include <sys/stat.h>
 
-#include <QDir>
 #include <QFileInfo>
-#include <QTemporaryDir>
 
 #include "platform/files/disk_file_system.h"
 #include "tests/fakes/fake_media_player.h"
+#include "tests/fakes/temporary_home.h"
 #include "tests/services/service_world.h"
 
 namespace korvane {
 namespace {
 
 struct MusicServiceTest : ServiceWorld {
-  MusicServiceTest() {
-    QFile::copy(QStringLiteral(FIXTURES "/tone_a.mp3"), song);
-    player.DurationValue = 0;
-  }
   void play(Peer peer, const QByteArray& title = "A") {
     say(peer, "MUSIC|PLAY|" + song.toUtf8() + "|" + title + "$");
   }
@@ -27,8 +22,8 @@ struct MusicServiceTest : ServiceWorld {
     pass(4 * Outbox::kGapMs);
   }
 
-  QTemporaryDir root;
-  const QString song = QFileInfo(root.path()).canonicalFilePath() + u"/a.mp3"_s;
+  TemporaryHome root;
+  const QString song = QFileInfo(root.put(u"a.mp3"_s, "x")).canonicalFilePath();
   FakeMediaPlayer player;
   FakeTicker musicTimer;
   QByteArray cover;
@@ -199,26 +194,18 @@ TEST_F(MusicServiceTest, TheCoverOfTheSongThatPlays) {
 
 struct SongPathsTest : testing::Test {
   SongPathsTest() {
-    for (const char* folder : {"music/Blues", "secret", "music/pipes"}) QDir().mkpath(at(folder));
-    for (const char* file :
-         {"music/Blues/Låt.mp3", "music/top.mp3", "music/list.m3u", "secret/s.mp3"})
-      put(file);
+    for (const char* file : {"music/Blues/Låt.mp3", "music/top.mp3", "music/list.m3u",
+                             "music/folder.mp3/x", "music-more/top2.mp3", "secret/s.mp3"})
+      home.put(QString::fromUtf8(file), "x");
     QFile::link(at("secret/s.mp3"), at("music/out.mp3"));
     QFile::link(at("secret"), at("music/outside"));
     QFile::link(at("music/top.mp3"), at("music/inside.mp3"));
-    mkfifo(at("music/pipes/p.mp3").toUtf8().constData(), 0600);
-    QDir().mkpath(at("music/folder.mp3"));
-    QDir().mkpath(at("music-more"));
-    put("music-more/top2.mp3");
+    mkfifo(at("music/pipe.mp3").toUtf8().constData(), 0600);
   }
   QString at(const char* name) const { return top + u'/' + QString::fromUtf8(name); }
-  void put(const char* name) {
-    QFile file(at(name));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write("x") == 1);
-  }
 
-  QTemporaryDir directory;
-  const QString top = QFileInfo(directory.path()).canonicalFilePath();
+  TemporaryHome home;
+  const QString top = QFileInfo(home.path()).canonicalFilePath();
   const SongRoots roots{{at("music")}, {{u"Q:\\Songs"_s, at("music/Blues")}}};
   DiskFileSystem files;
 };
@@ -238,29 +225,14 @@ TEST_F(SongPathsTest, WhatAConsoleCallsIt) {
 }
 
 TEST_F(SongPathsTest, NothingOutsideOfTheRootsAndNothingThatIsNoSong) {
-  QStringList tried{u""_s,
-                    u"/"_s,
-                    u".."_s,
-                    u"../secret/s.mp3"_s,
-                    u"..\\secret\\s.mp3"_s,
-                    at("secret/s.mp3"),
-                    at("music/../secret/s.mp3"),
-                    at("music-more/top2.mp3"),
-                    u"Blues/../../secret/s.mp3"_s,
-                    u"Q:\\Songs\\..\\..\\secret\\s.mp3"_s,
-                    u"out.mp3"_s,
-                    u"outside/s.mp3"_s,
-                    u"list.m3u"_s,
-                    u"Blues"_s,
-                    u"folder.mp3"_s,
-                    u"pipes/p.mp3"_s,
-                    u"/etc/passwd"_s,
-                    u"/proc/self/environ"_s,
-                    u"top.mp3/"_s + u"x"_s,
-                    QString(100'000, u'a'),
-                    QString(u"a/"_s).repeated(5000) + u"top.mp3"_s,
-                    u"file:///etc/passwd.mp3"_s,
-                    u"http://10.0.0.1/a.mp3"_s};
+  QStringList tried{at("secret/s.mp3"), at("music/../secret/s.mp3"), at("music-more/top2.mp3"),
+                    QString(100'000, u'a'), QString(u"a/"_s).repeated(5000) + u"top.mp3"_s};
+  for (const char* path :
+       {"", "/", "..", "../secret/s.mp3", "..\\secret\\s.mp3", "Blues/../../secret/s.mp3",
+        "Q:\\Songs\\..\\..\\secret\\s.mp3", "out.mp3", "outside/s.mp3", "list.m3u", "Blues",
+        "folder.mp3", "pipe.mp3", "/etc/passwd", "/proc/self/environ", "top.mp3/x",
+        "file:///etc/passwd.mp3", "http://10.0.0.1/a.mp3"})
+    tried << QString::fromLatin1(path);
   for (const char16_t c : {u'/', u'.', u'\0'})  // a byte of a name on disk, written as an escape
     tried << QString(QChar(0xEF00 | c)) + QChar(0xEF2E) + QChar(0xEF2F) + u"secret/s.mp3"_s
           << u"Blues/"_s + QString(2, QChar(0xEF2E)) + u"/../secret/s.mp3"_s + QChar(0xEF00 | c);

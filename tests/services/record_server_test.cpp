@@ -181,12 +181,6 @@ TEST_F(RecordServerTest, WhoMisbehavesIsDroppedAndTheOthersStay) {
     server->send(peer, "news\1");
     pass(limits.unreadMs + 50);
   });
-  fill([&](Peer peer) {  // reads nothing of very much
-    tcp.deaf << peer;
-    for (int i = 0; i < 400; ++i) server->send(peer, QByteArray(1000, 'n'));
-    EXPECT_LE(tcp.waiting[peer], 100 << 10);
-    pass(50);
-  });
   say(good, "still here$"), say(bad, "a$");
   EXPECT_EQ(got[good], QByteArrayList{"still here"});
   EXPECT_FALSE(gone.contains(good));
