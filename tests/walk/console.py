@@ -9,6 +9,10 @@ import subprocess
 import tempfile
 import time
 
+# The keys of the screen's keyboard by their letters, as its codes are.
+SCAN = dict(zip("1234567890", range(2, 12))) | dict(zip("qwertyuiop", range(16, 26))) | \
+    dict(zip("asdfghjkl", range(30, 39))) | dict(zip("zxcvbnm", range(44, 51))) | \
+    {"*": 9, " ": 57, "\n": 28}
 SIZE = os.environ.get("KORVANE_WALK_SIZE", "1280x800")  # of a window whose walk tells none
 
 
@@ -73,8 +77,37 @@ class Console:
         answer = self.ask(cmd="get", **self.place(name, index))
         return answer if answer["ok"] else {"picture": "", "caption": "", "visible": True}
 
-    def rows(self, index):
-        return [row["cells"][0] for row in self.must(cmd="rows", name="Grid", index=index)["rows"]]
+    def rows(self, index, name="Grid"):
+        answer = self.must(cmd="rows", **self.place(name, index))
+        return [row["cells"][0] for row in answer["rows"]]
+
+    def open_album(self, artist, album):
+        self.press("Grid", 0, row=artist)
+        self.press("Grid", 2, row=album)
+        return self.rows(1)
+
+    def seek_to_end(self, left=1):
+        self.wait_until(lambda: self.get("Slider1")["maximum"] > 20, "the length of the song")
+        self.must(cmd="set", name="Slider1", value=self.get("Slider1")["maximum"] - left)
+
+    def type_on_screen(self, text):
+        self.wait_until(lambda: self.ask(cmd="get", name="txtInput", form="frmKeyboard")["ok"],
+                        "the keyboard")
+        for letter in text + "\n":
+            if letter == "*":
+                self.press("KEY", 42 - 2, form="frmKeyboard")
+            self.press("KEY", SCAN[letter] - 2, form="frmKeyboard")
+
+    def box(self, contains, answer="ok"):
+        self.wait_until(lambda: self.must(cmd="messages")["messages"], f"a box with {contains}")
+        shown = str(self.must(cmd="messages")["messages"])
+        assert contains in shown, shown
+        self.must(cmd="messages", answer=answer)
+
+    def edit_new_list(self):
+        self.press("cmdPlayLists")
+        self.press("cmdPlayListChoices", 5, form="frmPlayList")
+        self.wait_until(lambda: self.get("framSongEdit")["visible"], "the editor")
 
     def wait_until(self, condition, what, seconds=30):
         end = time.monotonic() + seconds
@@ -88,7 +121,7 @@ class Console:
         self.must(cmd="screenshot", file=str(folder / f"{name}.png"))
         assert (folder / f"{name}.png").stat().st_size > 10_000
 
-    def title(self):
+    def title(self):  # "Status: Idle" when nothing plays
         return self.get("lblCurrentPlay")["caption"].removeprefix("Playing: ")
 
     def position(self):
@@ -108,3 +141,12 @@ class Console:
             self.stop()
         finally:
             shutil.rmtree(self.home)
+
+
+def every_line_opens(path):
+    lines = path.read_text(encoding="utf-8").splitlines()
+    for line in lines:
+        probed = subprocess.run(["ffprobe", "-v", "error", "-show_entries", "format=duration", "-of",
+                                 "csv=p=0", line], capture_output=True, text=True, timeout=60)
+        assert probed.returncode == 0 and float(probed.stdout) > 1, (line, probed.stderr)
+    return lines

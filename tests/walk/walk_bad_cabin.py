@@ -88,8 +88,7 @@ console.press("cmdDone")
 
 quiet = Service()
 master.send(record("NEW", entry("Sa lon", quiet.port, "MUSIC")))
-console.press("Grid", 0, row=2)
-console.press("Grid", 2, row=1)
+console.open_album(2, 1)
 link_says("does not answer")
 quiet.send(b"MUSICDURATION\0212")  # and never more
 link_says("does not answer")
@@ -118,7 +117,7 @@ done.set()
 flooding.join()
 
 quiet.die()
-console.wait_until(lambda: console.get("lblCurrentPlay")["caption"] == "Status: Idle",
+console.wait_until(lambda: console.title() == "Status: Idle",
                    "the loss, behind what the flood left in the sockets", 60)
 well = Service(greet=record("MEDIAPLAYERSTATE", 0))
 master.send(record("NEW", entry("Sa lon", well.port, "MUSIC")))

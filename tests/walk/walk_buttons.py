@@ -4,30 +4,14 @@ import os
 import sys
 import time
 
-from console import Console
+from console import SCAN, Console
 
 console = Console(sys.argv[1])
 FILE = console.home / "krvgraphics" / "MERIDIAN" / "Buttonpositons.txt"
-SCAN = dict(zip("qwertyuiop", range(16, 26))) | dict(zip("asdfghjkl", range(30, 39))) | \
-    dict(zip("zxcvbnm", range(44, 51))) | dict(zip("1234567890", range(2, 12))) | {" ": 57, "\n": 28}
 
 
 def caption(name):
     return console.get(name)["caption"]
-
-
-def type_on_screen(text):
-    console.wait_until(lambda: console.ask(cmd="get", name="txtInput", form="frmKeyboard")["ok"],
-                       "the keyboard")
-    for letter in text + "\n":
-        console.must(cmd="press", name="KEY", index=SCAN[letter] - 2, form="frmKeyboard")
-
-
-def box(contains):
-    console.wait_until(lambda: console.must(cmd="messages")["messages"], f"a box with {contains}")
-    shown = str(console.must(cmd="messages")["messages"])
-    assert contains in shown, shown
-    console.must(cmd="messages", answer="ok")
 
 
 def edit():
@@ -87,13 +71,13 @@ assert caption("lblHomeTitle") == console.title()
 # A button is made, named and moved; the tools hold the tab
 edit()
 console.press("imgTabs", 0)
-box("You need to finish the custom buttons before proceeding to other tabs.")
+console.box("You need to finish the custom buttons before proceeding to other tabs.")
 console.press("cmdButtonDel")
-box("You cannot delete this button")
+console.box("You cannot delete this button")
 console.press("cmdButtonAdd")
 made = named("New button")
 console.press("cmdButtonLabel")
-type_on_screen("all songs")
+console.type_on_screen("all songs")
 console.press("txtButtonHigh")
 console.wait_until(lambda: console.get("newKeyboard")["visible"], "the keyboard of the form")
 console.screenshot("buttons_keyboard")
@@ -120,7 +104,7 @@ console.screenshot("buttons_tools")
 console.press("cmdButtonAdd")
 program = named("New button")
 console.press("cmdButtonLabel")
-type_on_screen("window")
+console.type_on_screen("window")
 here = console.home / "apps"
 here.mkdir()
 (here / "window").write_text("#!/bin/sh\necho $$ >>started\nexec sleep 60\n")

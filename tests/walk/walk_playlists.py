@@ -1,64 +1,29 @@
 """Playlists and favourites with a finger: a list is made, named on the screen, put in order, saved,
 played and brought back; favourites are marked, unmarked, written and read."""
-import subprocess
 import sys
 
-from console import Console
+from console import Console, every_line_opens
 
 console = Console(sys.argv[1], settings=["ListUndo=YES"])
 LISTS = console.home / "PlayLists"
-SCAN = dict(zip("1234567890", range(2, 12))) | dict(zip("qwertyuiop", range(16, 26))) | \
-    dict(zip("asdfghjkl", range(30, 39))) | dict(zip("zxcvbnm", range(44, 51))) | \
-    {"*": 9, " ": 57, "\n": 28}
-
-
-def type_on_screen(text):
-    console.wait_until(lambda: console.ask(cmd="get", name="txtInput", form="frmKeyboard")["ok"],
-                       "the keyboard")
-    for letter in text + "\n":
-        if letter == "*":
-            console.must(cmd="press", name="KEY", index=42 - 2, form="frmKeyboard")
-        console.must(cmd="press", name="KEY", index=SCAN[letter] - 2, form="frmKeyboard")
-
-
-def box(contains, answer="ok"):
-    console.wait_until(lambda: console.must(cmd="messages")["messages"], f"a box with {contains}")
-    shown = str(console.must(cmd="messages")["messages"])
-    assert contains in shown, shown
-    console.must(cmd="messages", answer=answer)
 
 
 def edited():
-    rows = console.must(cmd="rows", name="gridPlayListSongs")["rows"]
-    return [row["cells"][0] for row in rows]
-
-
-def every_line_opens(path):
-    lines = path.read_text(encoding="utf-8").splitlines()
-    for line in lines:
-        probed = subprocess.run(["ffprobe", "-v", "error", "-show_entries", "format=duration", "-of",
-                                 "csv=p=0", line], capture_output=True, text=True, timeout=60)
-        assert probed.returncode == 0 and float(probed.stdout) > 1, (line, probed.stderr)
-    return lines
+    return console.rows(None, "gridPlayListSongs")
 
 
 # A list of its own
 console.press("imgTabs", 0)
 console.press("cmdTop", 2)
 assert console.rows(6) == [], console.rows(6)
-console.press("cmdPlayLists")
-console.screenshot("playlists_none")
-console.must(cmd="press", name="cmdPlayListChoices", index=5, form="frmPlayList")
-console.wait_until(lambda: console.get("framSongEdit")["visible"], "the editor")
+console.edit_new_list()
 console.press("cmdTop", 3)
 titles = console.rows(5)
 for row in (4, 1):
     console.press("Grid", 5, row=row)
     console.press("cmdPlayListCommands", 3)
 console.press("cmdTop", 0)
-console.press("Grid", 0, row=1)
-console.press("Grid", 2, row=1)
-album = console.rows(1)
+album = console.open_album(1, 1)
 console.press("cmdPlayListCommands", 4)
 assert edited() == [titles[3], titles[0], *album], edited()
 assert console.get("lblCurrentPlay")["caption"] == "Status: Idle", "a tap in the editor only chooses"
@@ -71,7 +36,7 @@ found = console.must(cmd="rows", name="gridSearch")["rows"]
 assert found and all("er" in row["cells"][1].lower() for row in found), found
 console.screenshot("playlist_search")
 console.must(cmd="press", name="gridSearch", row=1)
-first = console.must(cmd="rows", name="gridSearch")["rows"][0]["cells"][0]
+first = console.rows(None, "gridSearch")[0]
 console.must(cmd="press", name="gridSearch", row=1)
 console.press("cmdTop", 4)
 assert edited()[-1] == first, edited()
@@ -88,11 +53,11 @@ console.screenshot("playlist_editor")
 
 # Another list is asked about; the name is refused, then taken
 console.press("cmdTop", 6)
-box("cancel any play list changes", "no")
+console.box("cancel any play list changes", "no")
 console.press("cmdPlayListChoices", 1)
-type_on_screen("a*b")
-box("File name cannot contain")
-type_on_screen("road trip")
+console.type_on_screen("a*b")
+console.box("File name cannot contain")
+console.type_on_screen("road trip")
 console.wait_until(lambda: console.get("Grid", 6)["visible"], "the playlists")
 assert console.rows(6) == ["road trip"]
 assert len(every_line_opens(LISTS / "road trip.m3u")) == len(wanted)
@@ -123,10 +88,8 @@ console.press("cmdOneSong", 0)
 console.press("cmdFavoriateAdd")
 marked = {console.rows(5)[console.get("Grid", 5)["row"] - 1]}
 console.press("cmdTop", 0)
-console.press("Grid", 0, row=2)
-console.press("Grid", 2, row=1)
+marked.add(console.open_album(2, 1)[0])
 console.press("cmdFavoriateAdd")
-marked.add(console.rows(1)[0])
 console.press("cmdTop", 2)
 console.press("Grid", 6, row=1)
 console.press("cmdFavoriateAdd")
@@ -149,7 +112,7 @@ def leave_setup():
 
 
 press_in_setup(0)
-box("Output file written = ")
+console.box("Output file written = ")
 assert len(every_line_opens(LISTS / "Favorites.m3u")) == 3
 leave_setup()
 console.press("Grid", 8, row=1, col=6)
