@@ -55,9 +55,8 @@ class CabinTest : public testing::Test {
   Form& form() { return console_->desk.frmMain; }
 
   Control& control(const QString& name, int index = -1) {
-    Control* found = form().find(name, index);
-    if (!found) throw std::runtime_error("no control " + name.toStdString());
-    return *found;
+    if (Control* found = form().find(name, index)) return *found;
+    throw std::runtime_error("no control " + name.toStdString());
   }
   Grid& grid(int index) { return dynamic_cast<Grid&>(control(u"Grid"_s, index)); }
   Slider& slider() { return dynamic_cast<Slider&>(control(u"Slider1"_s)); }
@@ -67,13 +66,10 @@ class CabinTest : public testing::Test {
     return control(name, index).picture().name;
   }
 
-  void press(const QString& name, int index = -1) {
-    if (!form().fire(control(name, index), {Event::Click}))
-      ADD_FAILURE() << "nothing hears " << name.toStdString();
-    system().pump.settle();
-  }
-  void fire(const QString& name, Event::Type type) {
-    EXPECT_TRUE(form().fire(control(name), {type})) << name.toStdString();
+  void press(const QString& name, int index = -1) { fire(name, Event::Click, index); }
+  void fire(const QString& name, Event::Type type, int index = -1) {
+    EXPECT_TRUE(form().fire(control(name, index), {type}))
+        << "nothing hears " << name.toStdString();
     system().pump.settle();
   }
   void pressRow(int list, int row) { fireRow(Event::Click, list, row); }
@@ -88,10 +84,14 @@ class CabinTest : public testing::Test {
     });
   }
 
-  // The Music tab, an artist, the album of that row.
-  void openAlbum(int artistRow, int albumRow) {
+  // The Music tab, and there a page by its button.
+  void openPage(int button) {
     press(u"imgTabs"_s, kMusicTab);
-    press(u"cmdTop"_s, 0);
+    press(u"cmdTop"_s, button);
+  }
+  // An artist, the album of that row.
+  void openAlbum(int artistRow, int albumRow) {
+    openPage(0);
     pressRow(0, artistRow);
     pressRow(2, albumRow);
   }
@@ -130,10 +130,7 @@ class CabinTest : public testing::Test {
 
  private:
   void fireRow(Event::Type type, int list, int row) {
-    Event event{type};
-    event.column = 1;
-    event.row = row;
-    if (!form().fire(grid(list), event)) ADD_FAILURE() << "list " << list << " hears nothing";
+    EXPECT_TRUE(form().fire(grid(list), {type, 1, row})) << "list " << list << " hears nothing";
     system().pump.settle();
   }
 

@@ -31,7 +31,7 @@ class TinySide : private Tab, private Player {
   void moveTo(double) override {}
 };
 
-class SidesTest : public CabinTest {};
+using SidesTest = CabinTest;
 
 TEST_F(SidesTest, ATinySideIsWholeByItself) {
   home.put(u"krvgraphics/TEST/Buttonpositons.txt"_s, "T@@#160@@#300@@#tiny@@#100@@#100@@#12\n");
@@ -62,19 +62,16 @@ TEST_F(SidesTest, DoorsOfSetupStoreTheChosenDirectory) {
   setting("ShowSetup=1\n");
   home.folder(u"chosen"_s);
   Console& up = start();
-  for (const auto& [door, key] :
-       {std::pair{0, &key::PDirectory}, std::pair{3, &key::PLDirectory}}) {
+  for (const auto& [door, key] : {std::pair{0, &key::PDirectory}, {3, &key::PLDirectory}}) {
     up.desk.settings.write(*key, home / u"chosen"_s);
-    for (const char* button : {"cmdCancel", "cmdok"}) {
+    for (const QString& button : {u"cmdCancel"_s, u"cmdok"_s}) {
       host->onModal(u"frmSetup"_s, [&, door = door](Form& setup) {
-        host->onModal(u"frmDirectorys"_s,
-                      [&](Form& chooser) { korvane::press(chooser, QString::fromLatin1(button)); });
+        host->onModal(u"frmDirectorys"_s, [&](Form& chooser) { korvane::press(chooser, button); });
         korvane::press(setup, u"cmdAddDir"_s, door);
         korvane::press(setup, u"cmdOK"_s);
       });
       press(u"cmdSetup"_s);
-      const bool stored = up.desk.settings.str(*key).endsWith(u'/');
-      EXPECT_EQ(stored, button == std::string("cmdok")) << door;
+      EXPECT_EQ(up.desk.settings.str(*key).endsWith(u'/'), button == "cmdok"_L1) << door;
     }
   }
   EXPECT_EQ(up.desk.state.gPlaylistDir, home / u"chosen/"_s);
@@ -92,10 +89,7 @@ TEST_F(SidesTest, EveryEntryOfTheChooserButOneIsAWord) {
     const QString word = entry.left(14).trimmed();
     EXPECT_LT(word.size(), 14) << "a blank divides it from its meaning";
     const ButtonWord* known = words.find(word.toLower());
-    if (!known)
-      unknown << word;
-    else
-      EXPECT_FALSE(known->icon.isEmpty()) << word.toStdString();
+    if (!known || known->icon.isEmpty()) unknown << word;
   }
   EXPECT_EQ(unknown, QStringList{u"RESET"_s});
 }
