@@ -9,8 +9,7 @@
 namespace korvane {
 namespace {
 
-class FakeViews : public PlayListViews {
- public:
+struct FakeViews : PlayListViews {
   void usePlayList(const QString& name, const QString&) override { heard << u"use "_s + name; }
   void editPlayList(const QString& name, const QString&) override { heard << u"edit "_s + name; }
   void createPlayList() override { heard << u"create"_s; }
@@ -23,11 +22,10 @@ struct Forms : ImportWorld {
     createEmptyDatabase(database.path());
   }
 
-  Log log{files, clock, home.path()};
   Database database{home.path()};
-  Playlists playlists{{state, settings, files, pump, log, database}};
+  Playlists playlists{{state, settings, files, pump, settingsLog, database}};
   FakeViews views;
-  PlayListForm lists{{dialogs, state, log, playlists, views}};
+  PlayListForm lists{{dialog, state, settingsLog, playlists, views}};
 };
 
 TEST_F(Forms, EnterGoesOnAndEscapeLeaves) {

@@ -50,8 +50,7 @@ class FakeSongImport : public SongImport {
   }
 };
 
-class FakeImportNews : public ImportNews {
- public:
+struct FakeImportNews : ImportNews {
   void songsChanged() override { heard << u"songs"_s; }
   QStringList heard;
 };
@@ -67,11 +66,10 @@ struct ImportWorld : FormWorld {
   Screen screen;
   FakeSongImport import;
   FakeImportNews news;
-  const DialogUses dialogs{host, palette, messages};
-  Chooser chooser{dialogs, files};
+  Chooser chooser{dialog, files};
   DirectoryScan scan{{chooser, settings, files, screen, messages, import, news}};
-  SingleSongForm single{{dialogs, chooser, settings, files, pump, screen, import, news}};
-  Mp3SetupForm setup{{dialogs, chooser, settings, files, import, news, scan, single}};
+  SingleSongForm single{{dialog, chooser, settings, files, pump, screen, import, news}};
+  Mp3SetupForm setup{{dialog, chooser, settings, files, import, news, scan, single}};
 };
 
 }  // namespace korvane
