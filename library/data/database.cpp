@@ -165,8 +165,12 @@ QList<Song> Database::songs(sql::Run run) const {
 }
 
 QList<Song> Database::getArtistOrAlbumSongs(const QString& artist, const QString& album) {
-  OpenedDatabase db(*this);
-  return songs(db->run(statement::kSongsOfAlbum, artist, album));
+  try {
+    OpenedDatabase db(*this);
+    return songs(db->run(statement::kSongsOfAlbum, artist, album));
+  } catch (const DatabaseError& failure) {
+    throw failure.in(u"getArtistOrAlbumSongs"_s);
+  }
 }
 
 QList<Song> Database::getFavorites() {

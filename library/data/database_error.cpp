@@ -74,4 +74,11 @@ DatabaseError::DatabaseError(int code, const QString& path, const QString& detai
 DatabaseError::DatabaseError(Kind kind, const QString& path, const QString& detail)
     : kind_(kind), text_(sentence(kind, path, detail)), bytes_(text_.toUtf8()) {}
 
+DatabaseError DatabaseError::in(const QString& procedure) const {
+  DatabaseError named(*this);
+  named.text_ = u"Error in %1 \n%2"_s.arg(procedure, text_);
+  named.bytes_ = named.text_.toUtf8();
+  return named;
+}
+
 }  // namespace korvane

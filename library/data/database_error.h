@@ -26,6 +26,9 @@ class DatabaseError : public std::exception {
   DatabaseError(int code, const QString& path, const QString& detail);
   DatabaseError(Kind kind, const QString& path, const QString& detail = {});
 
+  // The same, said of the procedure that failed.
+  DatabaseError in(const QString& procedure) const;
+
   Kind kind() const { return kind_; }
   const QString& text() const { return text_; }  // what happened, to which file, what to do
   // The same as UTF-8.

@@ -1,31 +1,29 @@
 #include "library/lists/music_lists.h"
 
+#include "core/dressing.h"
+
 namespace korvane {
 namespace {
 
 struct Kind {
   const char* nothing;  // said where there is no row
-  const char* colours;  // of its rows, the selected one and the header
   std::optional<PageCommand> command;
 };
-
-constexpr char kMusic[] = "MUSICGRID/MUSICGridSelected/MUSICGridTopLine";
 
 const Kind& kindOf(MusicList list) {
   using enum PageCommand;
   static const Kind kinds[] = {
-      {"No artists yet. Setup, Digital Music Setup brings music in.", kMusic, Artists},
-      {"No songs here", kMusic, Artists},
-      {"No albums here", kMusic, Artists},
-      {"No songs in the playlist", "PlayListGrid/PlayListGridSelected/MUSICGridTopLine", Playlists},
-      {"No albums yet. Setup, Digital Music Setup brings music in.", kMusic, Albums},
-      {"No songs yet. Setup, Digital Music Setup brings music in.", kMusic, AllSongs},
-      {"No playlists yet. Press Lists, then Create.", "plgrid/plgridSelect/MUSICGridTopLine",
-       Playlists},
-      {"No CD in the drive", kMusic, std::nullopt},
-      {"No favourites yet", kMusic, Favourites},
-      {"No stations", kMusic, std::nullopt},
-      {"No stations", kMusic, std::nullopt},
+      {"No artists yet. Setup, Digital Music Setup brings music in.", Artists},
+      {"No songs here", Artists},
+      {"No albums here", Artists},
+      {"No songs in the playlist", Playlists},
+      {"No albums yet. Setup, Digital Music Setup brings music in.", Albums},
+      {"No songs yet. Setup, Digital Music Setup brings music in.", AllSongs},
+      {"No playlists yet. Press Lists, then Create.", Playlists},
+      {"No CD in the drive", std::nullopt},
+      {"No favourites yet", Favourites},
+      {"No stations", std::nullopt},
+      {"No stations", std::nullopt},
   };
   static_assert(std::size(kinds) == kMusicLists);
   return kinds[at(list)];
@@ -56,11 +54,6 @@ std::vector<Grid::Column> columnsOf(MusicList list) {
   return {shown, hidden};
 }
 
-Colours coloursOf(MusicList list, const Palette& palette) {
-  const QStringList elements = QString::fromLatin1(kindOf(list).colours).split(u'/');
-  return palette.grid(elements[0], elements[1], elements[2]);
-}
-
 }  // namespace
 
 PlaySong asPlaySong(const Song& song) {
@@ -71,17 +64,17 @@ void MusicListPage::setUp(const Palette& palette, const AppState& state) {
   grid.columns = columnsOf(list);
   grid.fontSize = state.gGridFontSize;
   grid.rowHeight = state.gGridHeight;
-  grid.colours = coloursOf(list, palette);
+  dressControl(grid, palette);
   grid.emptyText = QString::fromLatin1(kindOf(list).nothing);
 }
 
 void MusicListPage::fill(const Palette& palette, std::shared_ptr<const RowSource> rows) {
-  grid.colours = coloursOf(list, palette);
+  dressControl(grid, palette);
   grid.setRows(std::move(rows));
 }
 
 void MusicListPage::fill(const Palette& palette, std::vector<RowTable::Row> rows) {
-  grid.colours = coloursOf(list, palette);
+  dressControl(grid, palette);
   grid.setRows(std::move(rows));
 }
 

@@ -1,5 +1,7 @@
 #include "library/lists/playlist_editor.h"
 
+#include "core/dressing.h"
+
 namespace korvane {
 namespace {
 
@@ -55,7 +57,7 @@ void PlaylistEditor::open(const QString& name) {
   list.columns = {{}, {QString(), 0, true}};
   list.fontSize = uses_.state.gGridFontSize;
   list.rowHeight = uses_.state.gGridHeight;
-  list.colours = uses_.palette.grid(u"PlayListGrid", u"PlayListGridSelected", u"MUSICGridTopLine");
+  dressControl(list, uses_.palette);
   list.emptyText = u"Open an album or all songs, choose a song and press Add song"_s;
   uses_.state.playListEditing = true;
   uses_.state.playListChanged = false;
@@ -293,8 +295,8 @@ QString PlaylistEditor::askName() {
   for (;;) {
     const QString name = uses_.messages.ask(u"Enter NEW Playlist name"_s).trimmed();
     if (name.isEmpty()) return {};
-    if (!Playlists::goodName(name)) {
-      uses_.messages.say(u"File name cannot contain \\/:*?\"<>|"_s);
+    if (const QString fault = Playlists::nameFault(name); !fault.isEmpty()) {
+      uses_.messages.say(fault);
       continue;
     }
     const QString path = uses_.playlists.pathOf(name);

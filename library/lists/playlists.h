@@ -68,7 +68,6 @@ class Playlists {
   // Why a list cannot have that name, in words for the user; empty when it can. The double quote is
   // allowed, whatever the words say.
   static QString nameFault(QStringView name);
-  static bool goodName(QStringView name) { return nameFault(name).isEmpty(); }
   static QString nameOf(const QString& fileName);  // up to ".m3u" in any case
 
  private:

@@ -1,5 +1,7 @@
 #include "library/lists/search_panel.h"
 
+#include "core/dressing.h"
+
 namespace korvane {
 namespace {
 
@@ -18,7 +20,7 @@ SearchPanel::SearchPanel(Form& form, Uses uses, Add add)
 
 void SearchPanel::open() {
   search_.SetupPlaySongs();
-  panel_.txtSearch->colours = uses_.palette.button(u"PlayListGrid");
+  dressControl(*panel_.txtSearch, uses_.palette);
   panel_.txtSearch->text = QString();
   for (Button* kind : panel_.cmdSearchKind) kind->visible = true;
   panel_.txtSearch->visible = panel_.gridSearch->visible = true;
