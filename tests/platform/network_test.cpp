@@ -92,33 +92,70 @@ TEST_F(NetworkTest, ASecondPingOrAnEndDropsTheAnswer) {
 }
 
 struct ConnectionTest : testing::Test, TcpServer::Events, Winsock::Events {
-  bool joined(TcpServer::Peer, const QString& address) override {
+  ConnectionTest() {
+    QString error;
+    server.setEvents(this);
+    socket.setEvents(this);
+    EXPECT_TRUE(server.listen(u"127.0.0.1"_s, 0, &error)) << error.toStdString();
+    socket.RemoteHost = u"127.0.0.1"_s;
+    socket.RemotePort = server.port();
+  }
+  bool joined(TcpServer::Peer from, const QString& address) override {
+    peer = from;
     heard << u"from "_s + address;
     return true;
   }
-  void arrived(TcpServer::Peer, const QByteArray&) override {}
+  void arrived(TcpServer::Peer, const QByteArray& bytes) override { atServer += bytes; }
   void took(TcpServer::Peer) override {}
   void left(TcpServer::Peer) override {}
   void Connect() override { stands = true; }
-  void Close() override {}
-  void DataArrival(qint64) override {}
+  void Close() override { heard << u"closed"_s; }
+  void DataArrival(qint64 count) override {
+    got += socket.GetData(count);
+    if (onData) std::exchange(onData, {})();
+  }
   void Error(const QString& description) override { heard << description; }
 
   QStringList heard;
+  QByteArray got, atServer;
+  std::function<void()> onData;  // once
+  TcpServer::Peer peer = 0;
   bool stands = false;
   LoopPump pump;
   TcpServerQt server;
   WinsockQt socket;
 };
 
+TEST_F(ConnectionTest, AnOwnerThatYieldsInAnEventHearsTheNextOne) {
+  const auto hasBoth = [this] { return got == "firstsecond"; };
+  socket.SendData("before");  // dropped
+  socket.Connect();
+  EXPECT_EQ(socket.state(), Winsock::Connecting);
+  ASSERT_TRUE(pump.wait(5000, [&] { return stands && peer > 0; }));
+  onData = [&] {
+    server.send(peer, "second");
+    EXPECT_TRUE(pump.wait(5000, hasBoth));
+  };
+  server.send(peer, "first");
+  EXPECT_TRUE(pump.wait(5000, hasBoth));
+  socket.SendData("x");
+  EXPECT_TRUE(pump.wait(5000, [&] { return atServer == "x"; }));
+  heard.clear();
+  server.send(peer, "last");
+  server.drop(peer);
+  EXPECT_TRUE(pump.wait(5000, [&] { return heard == QStringList{u"closed"_s}; }));
+
+  stands = false;
+  socket.Connect();
+  socket.Close();  // before anything happens: silence
+  pump.wait(100, [] { return false; });
+  EXPECT_FALSE(stands);
+  heard.removeOne(u"from 127.0.0.1"_s);  // its machine may have made it
+  EXPECT_EQ(heard, QStringList{u"closed"_s});
+}
+
 // The loopback network is this machine's own from 127.0.0.1 to 127.255.255.254.
 TEST_F(ConnectionTest, IsMadeFromTheAddressThatIsAskedFor) {
-  QString error;
-  server.setEvents(this);
-  socket.setEvents(this);
-  ASSERT_TRUE(server.listen(u"127.0.0.1"_s, 0, &error)) << error.toStdString();
-  socket.RemoteHost = u"127.0.0.1"_s;
-  socket.RemotePort = server.port();
   const struct {
     const char *from, *heard;
   } cases[] = {

@@ -78,14 +78,9 @@ TEST_F(ProgramsTest, WhatCannotBeStartedIsTold) {
 
 TEST_F(ProgramsTest, OutlivesTheOneWhoStartedIt) {
   const QString path = script(u"long.sh"_s, "#!/bin/sh\nexec sleep 30\n");
-  QString trouble;
-  int task = 0;
-  {
-    DetachedPrograms short_lived;
-    task = short_lived.start(
-        path, [] { FAIL() << "nobody hears this"; }, &trouble);
-  }
-  ASSERT_GT(task, 0) << trouble.toStdString();
+  const int task = DetachedPrograms().start(
+      path, [] { FAIL() << "nobody hears this"; }, &error);
+  ASSERT_GT(task, 0) << error.toStdString();
   EXPECT_EQ(::kill(task, 0), 0);
   ::kill(task, SIGKILL);
 }

@@ -8,41 +8,33 @@
 
 #include "platform/files/disk_file_system.h"
 #include "platform/path_text.h"
+#include "tests/fakes/full_disk.h"
 #include "tests/fakes/print.h"
 #include "tests/fakes/temporary_home.h"
 
 namespace korvane {
 namespace {
 
-// Dies at its call number `dieAt`, or fails at it with `error`; a full disk takes `room` bytes.
+// Dies at its call number `dieAt`, or fails at call `failAt` with `error`.
 class BadCalls : public FileCalls {
  public:
   int calls = 0, dieAt = -1, failAt = -1, error = EIO;
-  qint64 room = -1;
 
   int open(const char* path, int flags, mode_t mode) override {
     return bad() ? -1 : FileCalls::open(path, flags, mode);
   }
   ssize_t write(int file, const void* bytes, size_t count) override {
     if (bad()) return -1;
-    if (room == 0) {
-      errno = ENOSPC;
-      return -1;
-    }
     // In small pieces, so that there are calls to die at within the file.
-    const size_t most = room > 0 ? static_cast<size_t>(room) : 1000;
-    const ssize_t written = FileCalls::write(file, bytes, std::min(count, most));
-    if (room > 0) room -= written;
-    return written;
+    return FileCalls::write(file, bytes, std::min<size_t>(count, 1000));
   }
   int fstat(int file, struct stat* status) override {
     return bad() ? -1 : FileCalls::fstat(file, status);
   }
   int fsync(int file) override { return bad() ? -1 : FileCalls::fsync(file); }
   int close(int file) override {
-    const bool failing = bad();
     const int result = FileCalls::close(file);
-    return failing ? -1 : result;
+    return bad() ? -1 : result;
   }
   int rename(const char* from, const char* to) override {
     return bad() ? -1 : FileCalls::rename(from, to);
@@ -108,22 +100,15 @@ TEST_F(Replace, failingAtAnyCallTheOldFileStandsAndNoLitter) {
 }
 
 TEST_F(Replace, aDiskThatRefusesIsTold) {
-  const struct {
-    qint64 room;  // or the first call fails with `error`
-    int error;
-    QString reason;
-  } cases[] = {
-      {1, 0, u"The disk is full. Free some room on it and try again."_s},
-      {999, 0, u"The disk is full. Free some room on it and try again."_s},
-      {5999, 0, u"The disk is full. Free some room on it and try again."_s},
-      {-1, EROFS, u"The disk is read only"_s},
-      {-1, EACCES, u"Permission is refused"_s},
+  const std::pair<int, QString> cases[] = {
+      {ENOSPC, u"The disk is full. Free some room on it and try again."_s},
+      {EROFS, u"The disk is read only"_s},
+      {EACCES, u"Permission is refused"_s},
   };
-  for (const auto& [room, fault, reason] : cases) {
+  for (const auto& [fault, reason] : cases) {
     BadCalls calls;
-    calls.room = room;
+    calls.failAt = 0;
     calls.error = fault;
-    if (fault != 0) calls.failAt = 0;
     QString error;
     EXPECT_FALSE(DiskFileSystem(calls).replace(path, kNew, &error));
     EXPECT_TRUE(error.startsWith(u"Could not save %1. %2"_s.arg(path, reason)))
@@ -136,8 +121,8 @@ TEST_F(Replace, aCopyThatEndsEarlyLeavesNothing) {
   const QStringList before = names();
   QString error;
   const QString copy = home / u"copy.ini"_s;
-  BadCalls calls;
-  calls.room = 5;
+  FullDisk calls;
+  calls.full = true;
   const auto goOn = [](qint64) { return true; };
   EXPECT_FALSE(DiskFileSystem(calls).copyInPieces(path, copy, goOn, &error));
   EXPECT_TRUE(error.contains("The disk is full"_L1)) << error.toStdString();
@@ -161,7 +146,6 @@ TEST_F(Replace, refusalsAreToldInWords) {
   struct {
     QString path, word;
   } const table[] = {
-      {home / u"none/keep.ini"_s, u"folder does not exist"_s},
       {home / u"krvgraphics"_s, u"A folder has that name"_s},
       {home / u"keep.ini/x"_s, u"is a file, not a folder"_s},
       {home / QString(300, u'x'), u"too long"_s},
