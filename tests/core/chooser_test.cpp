@@ -43,6 +43,7 @@ struct ChooserTest : FormWorld {
   }
 
   Chooser chooser{{host, palette, messages}, files};
+  FakeWork work{chooser};
   ChooserRequest request;
 };
 
@@ -114,7 +115,6 @@ TEST_F(ChooserTest, TakesOneFileOrAnEntryWhicheverWasPressedLast) {
 }
 
 TEST_F(ChooserTest, WorkShowsItsProgressAndCanBeStopped) {
-  FakeWork work(chooser);
   request.work = &work;
   request.asks = u"Listener Drive Letter"_s;
   EXPECT_FALSE(opens([&](Form& form) {
@@ -145,7 +145,6 @@ TEST_F(ChooserTest, WorkShowsItsProgressAndCanBeStopped) {
 }
 
 TEST_F(ChooserTest, WorkStopsWhenTheWindowGoes) {
-  FakeWork work(chooser);
   request.work = &work;
   opens([&](Form& form) {
     work.during = [&] { host.hide(form); };

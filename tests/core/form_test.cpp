@@ -17,14 +17,6 @@ constexpr InventoryRow kRows[] = {
 };
 constexpr Rect kDesign{0, 0, 500, 200};
 
-struct Heard : FormObserver {
-  void controlChanged(Control& control, Aspect aspect) override {
-    changes.emplace_back(control.name, aspect);
-  }
-  void formChanged(Form&, Aspect) override {}
-  std::vector<std::pair<QString, Aspect>> changes;
-};
-
 TEST(Form, FindsByNameInAnyCaseAndIndex) {
   Form form(u"f"_s, kRows, kDesign);
   EXPECT_EQ(form.find(u"KEY", 2)->index, 2);
@@ -64,21 +56,6 @@ TEST(Form, OnlyWhatCanBePressedFires) {
   EXPECT_FALSE(form.fire(key, {Event::Click}));
   EXPECT_TRUE(form.fire(*form.find(u"clock"), {Event::Tick}));
   EXPECT_EQ(heard, 103);
-}
-
-TEST(Form, TellsAChangeOnceAndOnlyWhenItIsOne) {
-  Form form(u"f"_s, kRows, kDesign);
-  Heard heard;
-  form.observe(&heard);
-  Control& label = *form.find(u"inner");
-  label.caption = u"a"_s;
-  label.caption = u"a"_s;
-  label.visible = true;
-  ASSERT_EQ(heard.changes.size(), 1u);
-  EXPECT_EQ(heard.changes[0].second, Aspect::Caption);
-  form.forget(&heard);
-  label.caption = u"b"_s;
-  EXPECT_EQ(heard.changes.size(), 1u);
 }
 
 TEST(Grid, KeepsItsActiveRowInsideItsRows) {

@@ -16,30 +16,25 @@ struct GraphicsTest : FormWorld {
 };
 
 TEST_F(GraphicsTest, TakesGifThenJpgThenSvgInAnyCase) {
-  home.put(u"krvgraphics/TEST/MUSIC/Play.svg"_s, "<svg/>");
-  EXPECT_EQ(ending(u"Music"_s, u"play"_s), u"Play.svg"_s);
-  home.put(u"krvgraphics/TEST/MUSIC/stop.jpg"_s, "j");
-  home.put(u"krvgraphics/TEST/MUSIC/stop.svg"_s, "s");
-  EXPECT_EQ(ending(u"music"_s, u"STOP"_s), u"stop.jpg"_s);
-  home.put(u"krvgraphics/TEST/MUSIC/next.gif"_s, "g");
-  home.put(u"krvgraphics/TEST/MUSIC/next.jpg"_s, "j");
-  EXPECT_EQ(ending(u"music"_s, u"next"_s), u"next.gif"_s);
-  home.put(u"krvgraphics/TEST/MUSIC/continue off.gif"_s, "g");
-  EXPECT_EQ(ending(u"MUSIC"_s, u"continue off"_s), u"continue off.gif"_s);
-  home.put(u"krvgraphics/TEST/ok.gif"_s, "g");
-  EXPECT_EQ(ending(u"Root"_s, u"ok"_s), u"ok.gif"_s);
-  home.put(u"krvgraphics/TEST/splash.jpg"_s, "j");
-  EXPECT_EQ(ending(u"anywhere"_s, u"SPLASH"_s), u"splash.jpg"_s);
+  for (const char* file : {"MUSIC/Play.svg", "MUSIC/stop.jpg", "MUSIC/stop.svg", "MUSIC/next.gif",
+                           "MUSIC/next.jpg", "MUSIC/continue off.gif", "ok.gif", "splash.jpg"})
+    home.put(u"krvgraphics/TEST/"_s + QLatin1StringView(file), "x");
+  const QString cases[][3] = {{u"Music"_s, u"play"_s, u"Play.svg"_s},
+                              {u"music"_s, u"STOP"_s, u"stop.jpg"_s},
+                              {u"music"_s, u"next"_s, u"next.gif"_s},
+                              {u"MUSIC"_s, u"continue off"_s, u"continue off.gif"_s},
+                              {u"Root"_s, u"ok"_s, u"ok.gif"_s},
+                              {u"anywhere"_s, u"SPLASH"_s, u"splash.jpg"_s}};
+  for (const auto& [group, name, file] : cases) EXPECT_EQ(ending(group, name), file);
 }
 
 TEST_F(GraphicsTest, ReadsAFileOnceButLooksAgainForAMissingOne) {
   EXPECT_EQ(graphics.loadGraphic(u"music"_s, u"late"_s), nullptr);
-  home.put(u"krvgraphics/TEST/MUSIC/late.gif"_s, "first");
-  EXPECT_EQ(graphics.loadGraphic(u"music"_s, u"late"_s)->bytes, "first");
-  home.put(u"krvgraphics/TEST/MUSIC/late.gif"_s, "second");
-  EXPECT_EQ(graphics.loadGraphic(u"music"_s, u"late"_s)->bytes, "first");
-  home.put(u"krvgraphics/TEST/MUSIC/empty.gif"_s, "");
-  EXPECT_EQ(graphics.loadGraphic(u"music"_s, u"empty"_s), nullptr);
+  for (const char* bytes : {"", "first", "second"}) {
+    home.put(u"krvgraphics/TEST/MUSIC/late.gif"_s, bytes);
+    const PicturePtr found = graphics.loadGraphic(u"music"_s, u"late"_s);
+    EXPECT_EQ(found ? found->bytes : "", *bytes ? "first" : "") << bytes;
+  }
 }
 
 TEST_F(GraphicsTest, ListsOnlyWholeThemes) {
