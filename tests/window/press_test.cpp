@@ -129,14 +129,6 @@ TEST_F(Press, ASliderJumpsFollowsAndLetsGo) {
   finger.release();
 }
 
-TEST_F(Press, ACheckTurns) {
-  tap("chkOn");
-  EXPECT_TRUE(control<Check>("chkOn").checked());
-  tap("chkOn");
-  EXPECT_FALSE(control<Check>("chkOn").checked());
-  EXPECT_EQ(take().count(u"chkOn click"_s), 2);
-}
-
 TEST_F(Press, WhatIsHiddenCoveredOrOffCannotBeReached) {
   const auto obstacle = [&](const char* name, int index = -1) {
     return finger.obstacle(widget(name, index), widget(name, index).rect().center());

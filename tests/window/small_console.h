@@ -34,14 +34,12 @@ constexpr InventoryRow kBoxForm[] = {
 };
 
 inline QByteArray square(const char* colour) {
-  return "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 10 10\" width=\"10\" "
-         "height=\"10\">"
-         "<rect width=\"10\" height=\"10\" fill=\"" +
-         QByteArray(colour) + "\"/></svg>";
+  return R"(<svg xmlns="http://www.w3.org/2000/svg" width="10" height="10">
+      <rect width="10" height="10" fill=")" +
+         QByteArray(colour) + R"("/></svg>)";
 }
 
-class CountedRows : public RowSource {
- public:
+struct CountedRows : RowSource {
   explicit CountedRows(int count) : count_(count) {}
   int rowCount() const override { return count_; }
   QString cell(int column, int row) const override {
@@ -57,11 +55,12 @@ class CountedRows : public RowSource {
 class SmallConsole : public testing::Test {
  protected:
   SmallConsole() {
-    files.put(u"/home/krvgraphics/T/MUSIC/play.svg"_s, square("#0000ff"));
-    files.put(u"/home/krvgraphics/T/MUSIC/playb.svg"_s, square("#ff0000"));
-    files.put(u"/home/krvgraphics/T/MUSIC/solo.svg"_s, square("#00ff00"));
-    files.put(u"/home/krvgraphics/T/MUSIC/broken.svg"_s, "<svg this is not");
-    files.put(u"/home/krvgraphics/T/MUSIC/broken.gif"_s, "GIF89a");
+    const std::pair<QString, QByteArray> pictures[] = {{u"play.svg"_s, square("#0000ff")},
+                                                       {u"playb.svg"_s, square("#ff0000")},
+                                                       {u"solo.svg"_s, square("#00ff00")},
+                                                       {u"broken.svg"_s, "<svg this is not"}};
+    for (const auto& [name, bytes] : pictures)
+      files.put(u"/home/krvgraphics/T/MUSIC/"_s + name, bytes);
     state.gTheme = u"T"_s;
     hear();
     host.show(form);
@@ -83,8 +82,8 @@ class SmallConsole : public testing::Test {
       for (const auto& [type, word] : types) {
         if (type == Event::DblClick && name == "cmdTop"_L1) continue;
         form.on(name, type, [this, said = word](Control& control, const Event& event) {
-          QString line = control.name + u' ' + said;
-          if (control.index > 0) line = control.name + QString::number(control.index) + u' ' + said;
+          const QString index = control.index > 0 ? QString::number(control.index) : QString();
+          QString line = control.name + index + u' ' + said;
           if (control.kind == Kind::Grid) line += u" %1,%2"_s.arg(event.column).arg(event.row);
           heard << line;
         });
@@ -106,10 +105,7 @@ class SmallConsole : public testing::Test {
   }
   void tapRow(int row, bool twice = false) {
     const QPoint at = gridWidget().rowRect(row).center();
-    if (twice)
-      finger.doubleTap(gridWidget(), at);
-    else
-      finger.tap(gridWidget(), at);
+    twice ? finger.doubleTap(gridWidget(), at) : finger.tap(gridWidget(), at);
   }
   QColor colourAt(const char* name, int index = -1) {
     ControlWidget& of = widget(name, index);
@@ -120,6 +116,11 @@ class SmallConsole : public testing::Test {
     passed.start();
     do QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
     while (passed.elapsed() < milliseconds);
+  }
+  static bool comes(const std::function<bool()>& done) {
+    QElapsedTimer waited;
+    for (waited.start(); !done() && waited.elapsed() < 3000;) settle(1);
+    return done();
   }
   QStringList take() { return std::exchange(heard, {}); }
 
