@@ -191,7 +191,7 @@ void CustomSide::useKeyboard() {
 
 bool CustomSide::nextKeyboardLayout(QString* error) {
   const QStringList names = keyboardFiles.names();
-  const QString next = names[(names.indexOf(keyboardLayout_) + 1) % names.size()];
+  const QString& next = names[(names.indexOf(keyboardLayout_) + 1) % names.size()];
   if (!keyboardFiles.choose(next, error)) return false;
   useKeyboard();
   return true;
