@@ -1,15 +1,14 @@
 #include "tests/fakes/fake_file_system.h"
 
+#include <QDir>
+
 #include "platform/path_text.h"
 
 namespace korvane {
 namespace {
 
 QString clean(const QString& path) {
-  QString plain = FileSystem::slashed(path);
-  while (plain.contains("//"_L1)) plain.replace("//"_L1, "/"_L1);
-  while (plain.size() > 1 && plain.endsWith(u'/')) plain.chop(1);
-  return plain;
+  return QDir::cleanPath(FileSystem::slashed(path));
 }
 
 }  // namespace
@@ -25,8 +24,7 @@ const FakeFileSystem::Node* FakeFileSystem::node(const QString& path) const {
 
 std::optional<QString> FakeFileSystem::resolve(const QString& path) const {
   const Node* found = node(path);
-  if (!found) return std::nullopt;
-  return found->path;
+  return found ? std::optional(found->path) : std::nullopt;
 }
 
 bool FakeFileSystem::FileExists(const QString& path) const {

@@ -53,14 +53,11 @@ bool FakeFormHost::sendKey(Form& form, int key, const QString& text) {
   auto* box = dynamic_cast<TextBox*>(form.focus());
   if (!box || !box->visible()) return false;
   sent << QString::number(key) + u' ' + text;
+  const int caret = box->selStart(), back = key == kBackspace && caret > 0 ? 1 : 0;
+  const QString typed = !text.isEmpty() && text[0].isPrint() ? text : QString();
   QString then = box->text();
-  const int caret = box->selStart();
-  if (key == kBackspace && caret > 0) box->selStart = caret - 1;
-  if (key == kBackspace || key == kDelete)
-    then.remove(key == kDelete ? caret : box->selStart(), key == kDelete || caret > 0 ? 1 : 0);
-  else if (!text.isEmpty() && text[0].isPrint())
-    box->selStart = caret + static_cast<int>(text.size());
-  if (!text.isEmpty() && text[0].isPrint()) then.insert(caret, text);
+  then.replace(caret - back, back || key == kDelete ? 1 : 0, typed);
+  box->selStart = caret - back + static_cast<int>(typed.size());
   box->text = then;
   return true;
 }
