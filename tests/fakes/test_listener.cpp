@@ -32,26 +32,22 @@ void TestListener::answer(const QByteArrayList& fields) {
   const QByteArray command = fields.value(1);
   const QString argument = QString::fromLatin1(fields.value(2));
   if (command == "STATUS") {
-    if (state_ != 0) {
-      send({u"MUSICDURATION"_s, QString::number(songSeconds)});
-      send({u"SONGPLAYING"_s, title_});
-    }
-    sendState();
+    sendSong();
     send({u"MAXVOLUME"_s, u"100"_s});
     send({u"VOLUME"_s, volume_});
   } else if (command == "PLAY" && !argument.isEmpty()) {
-    play(QString::fromLatin1(fields.value(3)));
+    position_ = 0;
+    title_ = QString::fromLatin1(fields.value(3));
+    state_ = 2;
+    sendSong();
+    timer_.start(1000);
   } else if (command == "PLAY") {
     state_ = 2;
     timer_.start(1000);
     send({u"PAUSETOPLAY"_s});
-  } else if (command == "STOP") {
+  } else if (command == "STOP" || (command == "PAUSE" && state_ == 2)) {
     timer_.stop();
-    state_ = 0;
-    sendState();
-  } else if (command == "PAUSE" && state_ == 2) {
-    timer_.stop();
-    state_ = 1;
+    state_ = command == "STOP" ? 0 : 1;
     sendState();
   } else if (command == "DURATION") {
     send({u"MUSICDURATION"_s, QString::number(songSeconds)});
@@ -63,14 +59,12 @@ void TestListener::answer(const QByteArrayList& fields) {
   }
 }
 
-void TestListener::play(const QString& title) {
-  position_ = 0;
-  title_ = title;
-  state_ = 2;
-  send({u"MUSICDURATION"_s, QString::number(songSeconds)});
-  send({u"SONGPLAYING"_s, title_});
+void TestListener::sendSong() {
+  if (state_ != 0) {
+    send({u"MUSICDURATION"_s, QString::number(songSeconds)});
+    send({u"SONGPLAYING"_s, title_});
+  }
   sendState();
-  timer_.start(1000);
 }
 
 void TestListener::tick() {

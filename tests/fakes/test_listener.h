@@ -32,7 +32,7 @@ class TestListener {
   void accept();
   void read();
   void answer(const QByteArrayList& fields);
-  void play(const QString& title);
+  void sendSong();
   void send(const QStringList& fields);
   void sendState();
   void tick();
