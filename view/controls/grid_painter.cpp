@@ -77,10 +77,10 @@ void GridPainter::paintRow(int row, const QRectF& at) {
     }
   }
   painter_.setFont(rowFont(row));
-  for (const ShownColumn& column : std::views::reverse(columns_)) {
+  for (auto column = columns_.rbegin(); column != columns_.rend(); ++column) {
     QColor of = ink;
-    if (column.number != columns_.front().number && !active) of = style::mixed(ground_, ink, 0.72);
-    paintCell(column, row, at, of);
+    if (column->number != columns_.front().number && !active) of = style::mixed(ground_, ink, 0.72);
+    paintCell(*column, row, at, of);
   }
 }
 
