@@ -11,20 +11,16 @@ TEST(ButtonFile, ReadsTheFieldsOfEachLine) {
   const ButtonFile file = readButtons(
       "Music@@#160@@#260.5@@#MUSIC@@#150@@#260@@#14\r\n\n"
       "@@#-4@@#1,25@@#/usr/bin/xeyes@@#72@@#1e2@@#9\n");
-  ASSERT_EQ(file.buttons.size(), 2U);
+  const std::vector<CustomButton> wanted{
+      {u"Music"_s, 160, 260.5F, u"MUSIC"_s, 150, 260, 14, false},
+      {QString(), -4, 1.25F, u"/usr/bin/xeyes"_s, 72, 100, 9, false}};
+  EXPECT_EQ(file.buttons, wanted);
   EXPECT_TRUE(file.broken.empty());
-  const CustomButton music{u"Music"_s, 160, 260.5F, u"MUSIC"_s, 150, 260, 14, false};
-  EXPECT_EQ(file.buttons[0], music);
-  const CustomButton eyes{QString(), -4, 1.25F, u"/usr/bin/xeyes"_s, 72, 100, 9, false};
-  EXPECT_EQ(file.buttons[1], eyes);
 }
 
 TEST(ButtonFile, ABrokenLineIsSkippedToldAndKept) {
   const QByteArray good = "Good@@#1@@#2@@#MUSIC@@#80@@#90@@#12";
-  const struct {
-    QByteArray line;
-    const char* trouble;
-  } table[] = {
+  const std::pair<QByteArray, const char*> table[] = {
       {"x@@#1", "it has 2 fields, not 7"},
       {"with @@# in it@@#1@@#2@@#MUSIC@@#80@@#90@@#12", "it has 8 fields, not 7"},
       {"A@@#one@@#2@@#MUSIC@@#80@@#90@@#12", "its left \"one\" is no number from -10000 to 10000"},
@@ -49,9 +45,7 @@ TEST(ButtonFile, HoldsSoManyButtonsAndSoManyBytes) {
   const ButtonFile many = readButtons(line.repeated(103));
   EXPECT_EQ(many.buttons.size(), 100U);
   EXPECT_EQ(many.unread.size(), 3) << "none is lost by a save";
-  const ButtonFile large = readButtons(line.repeated(40'000));
-  EXPECT_TRUE(large.buttons.empty());
-  EXPECT_EQ(large.broken.size(), 1U);
+  EXPECT_EQ(readButtons(line.repeated(40'000)).broken.size(), 1U);
 }
 
 TEST(ButtonFile, BytesComeBackWhateverTheirEncoding) {

@@ -12,6 +12,13 @@ namespace {
 constexpr InventoryRow kMain[] = {{"AddTimer", -1, Kind::Timer, {}, 0, ""},
                                   {"pCamera", -1, Kind::Image, {}, 0, ""}};
 
+std::function<QString()> shows(auto& screen) {
+  return [&screen] {
+    screen.open();
+    return QString();
+  };
+}
+
 struct DialogKeys : FormWorld {
   Form main{u"frmMain"_s, kMain};
   Graphics graphics{files, state, home.path()};
@@ -47,20 +54,10 @@ TEST_F(DialogKeys, DoWhatTheirButtonsDo) {
          return stored(key::NICCard);
        },
        u"eth7"_s, u"eth1"_s},
-      {u"frmSetupGeneral"_s, nothing,
-       [this] {
-         advanced.general().open();
-         return QString();
-       },
-       QString(), QString()},
+      {u"frmSetupGeneral"_s, nothing, shows(advanced.general()), QString(), QString()},
       {u"frmNic"_s, [](Form& form) { press(form, u"optNic"_s, 0); },
        [this] { return nic.choose(u"10.0.0.9"_s); }, u"Any"_s, u"Any"_s},
-      {u"frmColorPick"_s, nothing,
-       [this] {
-         colours.open();
-         return QString();
-       },
-       QString(), QString()},
+      {u"frmColorPick"_s, nothing, shows(colours), QString(), QString()},
       {u"frmColor"_s, [](Form& form) { press(form, u"cmdGrey"_s, 15); },
        [this] { return QString::number(colours.chooser().choose(5, u"Grid"_s).value_or(0)); },
        QString::number(0x0F0F0F), u"0"_s},
@@ -69,7 +66,7 @@ TEST_F(DialogKeys, DoWhatTheirButtonsDo) {
     for (const auto& [key, result] : {std::pair{13, it.enter}, std::pair{27, it.escape}}) {
       host.onModal(it.form, [&, pressed = key](Form& form) {
         it.before(form);
-        form.fireKey({Event::KeyDown, 0, 0, pressed});
+        pressKey(form, pressed);
         EXPECT_FALSE(form.shown());
       });
       EXPECT_EQ(it.open(), result) << qUtf8Printable(it.form) << ' ' << key;

@@ -16,23 +16,16 @@ struct HomePanelTest : FormWorld {
   HomePanel panel{form, {state, settings, clock}};
 };
 
-TEST_F(HomePanelTest, IsNotThereUnlessItsKeyIsOn) {
-  panel.show();
-  EXPECT_FALSE(shown("frameHome") || shown("lblHomeClock"));
-  EXPECT_FALSE(form.find(u"HomeTimer")->enabled());
-  given(key::HomePanel, u"yes"_s);
-  panel.show();
-  EXPECT_TRUE(shown("frameHome") && shown("lblHomeClock"));
-}
-
 TEST_F(HomePanelTest, TheClockTicksOnceAtTheBeginningOfEachMinuteAndOnlyWhileItShows) {
-  given(key::HomePanel, u"YES"_s);
+  auto& timer = dynamic_cast<Timer&>(*form.find(u"HomeTimer"));
+  panel.show();
+  EXPECT_FALSE(shown("frameHome") || shown("lblHomeClock") || timer.enabled());
+  given(key::HomePanel, u"yes"_s);
   clock.start = QDateTime(QDate(2024, 2, 29), QTime(9, 5, 40, 250));
   panel.show();
-  auto& timer = dynamic_cast<Timer&>(*form.find(u"HomeTimer"));
+  EXPECT_TRUE(shown("frameHome") && shown("lblHomeClock") && timer.enabled());
   EXPECT_EQ(caption("lblHomeClock"), u"09:05"_s);
   EXPECT_EQ(caption("lblHomeDate"), u"Thursday, 29 February"_s);
-  EXPECT_TRUE(timer.enabled());
   for (int minute = 6; minute < 9; ++minute) {
     clock.advance(timer.interval());
     panel.HomeTimer_Timer();
@@ -63,16 +56,6 @@ TEST_F(HomePanelTest, ShowsTheCoverAndThePlaceWhileItShows) {
   playing.caption = u"Status: Idle"_s;
   EXPECT_EQ(cover.picture().name, u"emptyart"_s);
   EXPECT_FALSE(form.find(u"cmdHome", 2)->enabled());
-}
-
-TEST_F(HomePanelTest, MakesRoomForTheCamera) {
-  given(key::HomePanel, u"YES"_s);
-  const Rect camera = form.find(u"pCamera")->rect();
-  for (const bool on : {true, false, true}) {
-    state.gCamera = on;
-    panel.show();
-    EXPECT_EQ(form.find(u"frameHome")->rect().right() <= camera.left, on);
-  }
 }
 
 }  // namespace

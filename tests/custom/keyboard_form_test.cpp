@@ -16,8 +16,6 @@ struct Keyboard : FormWorld {
   }
   static void key(Form& form, int code) { press(form, u"KEY"_s, code - 2); }
 
-  static void hardwareKey(Form& form, int code) { form.fireKey({Event::KeyDown, 0, 0, code}); }
-
   KeyboardForm keyboard{host, palette};
 };
 
@@ -26,62 +24,49 @@ TEST_F(Keyboard, ReturnsWhatWasTyped) {
     EXPECT_EQ(textOf(form, u"lblMsg"_s), u"Enter a name"_s);
     EXPECT_EQ(form.focus(), form.find(u"txtInput"));
     key(form, scan::Shift);
-    EXPECT_EQ(textOf(form, u"KEY"_s, kA), u"A"_s);  // the keys show what they type
-    EXPECT_EQ(textOf(form, u"KEY"_s, kOne), u"!"_s);
+    EXPECT_EQ(textOf(form, u"KEY"_s, kA) + textOf(form, u"KEY"_s, kOne), u"A!"_s) << "as they type";
     press(form, u"KEY"_s, kA);
     EXPECT_EQ(textOf(form, u"KEY"_s, kA), u"a"_s);
-    press(form, u"KEY"_s, kOne);
-    key(form, scan::Enter);
+    for (const QString& text : {u"b"_s, u"%"_s, u"\b"_s, u"\r"_s, u"é"_s})  // hardware keys too
+      form.fireKey({Event::KeyPress, 0, 0, text[0].unicode(), text});
+    for (const int code : {37, 8, 13}) pressKey(form, code);
     EXPECT_FALSE(form.shown());
   });
-  EXPECT_EQ(typed, u"A1"_s);
+  EXPECT_EQ(typed, u"Abé"_s);
 }
 
 TEST_F(Keyboard, EveryWayOut) {
-  const struct {
-    const char* what;
-    FakeFormHost::Script leave;
-    QString result;
-  } cases[] = {
+  const std::tuple<const char*, FakeFormHost::Script, QString> cases[] = {
       {"cancel", [](Form& form) { press(form, u"cmdCancel"_s); }, u""_s},
-      {"escape", [](Form& form) { hardwareKey(form, 27); }, u""_s},
-      {"return", [](Form& form) { hardwareKey(form, 13); }, u"x1"_s},
+      {"escape", [](Form& form) { pressKey(form, 27); }, u""_s},
+      {"return", [](Form& form) { pressKey(form, 13); }, u"x1"_s},
       {"the window goes", [](Form& form) { form.shown = false; }, u""_s},
   };
-  for (const auto& it : cases) {
-    SCOPED_TRACE(it.what);
-    const auto script = [&](Form& form) {
+  for (const auto& [what, leave, result] : cases) {
+    const auto script = [&leave = leave](Form& form) {
       type(form, u"txtInput"_s, u"x"_s);  // by a hardware keyboard
       dynamic_cast<TextBox*>(form.find(u"txtInput"))->selStart = 1;
       press(form, u"KEY"_s, kOne);
-      it.leave(form);
+      leave(form);
     };
-    EXPECT_EQ(asked(script), it.result);
+    EXPECT_EQ(asked(script), result) << what;
   }
 }
 
-// A hardware keyboard also types when the text field has not got the focus.
-TEST_F(Keyboard, HardwareKeysGoIntoTheText) {
-  const QString typed = asked([](Form& form) {
-    for (const QString& text : {u"b"_s, u"%"_s, u"\b"_s, u"\r"_s, u"é"_s})
-      form.fireKey({Event::KeyPress, 0, 0, text[0].unicode(), text});
-    for (const int code : {37, 8, 13}) hardwareKey(form, code);
-  });
-  EXPECT_EQ(typed, u"bé"_s);
-}
-
 TEST_F(Keyboard, PasswordsAreCoveredAndNothingIsKept) {
-  const auto secret = [](Form& form) {
-    EXPECT_FALSE(dynamic_cast<TextBox*>(form.find(u"txtInput"))->passwordChar().isEmpty());
+  const auto covered = [](Form& form) {
+    return !dynamic_cast<TextBox*>(form.find(u"txtInput"))->passwordChar().isEmpty();
+  };
+  const auto secret = [&](Form& form) {
+    EXPECT_TRUE(covered(form));
     key(form, scan::CapsLock);
     press(form, u"KEY"_s, kA);
     key(form, scan::Enter);
   };
   EXPECT_EQ(asked(secret, true), u"A"_s);
-  asked([](Form& form) {
-    EXPECT_TRUE(dynamic_cast<TextBox*>(form.find(u"txtInput"))->passwordChar().isEmpty());
-    EXPECT_EQ(textOf(form, u"txtInput"_s), QString());
-    EXPECT_EQ(textOf(form, u"KEY"_s, kA), u"a"_s);  // caps lock is off again
+  asked([&](Form& form) {
+    EXPECT_FALSE(covered(form));
+    EXPECT_EQ(textOf(form, u"txtInput"_s) + textOf(form, u"KEY"_s, kA), u"a"_s);  // caps lock too
   });
 }
 
@@ -96,9 +81,7 @@ TEST_F(Keyboard, ASecondQuestionIsCancelled) {
   EXPECT_EQ(typed, u"a"_s);
 }
 
-constexpr InventoryRow kOther[] = {
-    {"txtServer", -1, Kind::Text, {0, 0, 400, 72}, Left | Top, "Server"},
-};
+constexpr InventoryRow kOther[] = {{"txtServer", -1, Kind::Text, {0, 0, 400, 72}, Left | Top, ""}};
 
 TEST_F(Keyboard, TheBareOneTypesIntoAnotherForm) {
   Form other{u"frmOther"_s, kOther};
