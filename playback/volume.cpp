@@ -7,6 +7,11 @@ constexpr double kBar = 2400;  // steps, 24 a percent
 constexpr double kFirstStep = 0.02, kHeldStep = 0.05;
 constexpr int kRepeatMs = 200;  // between the steps of a held button
 
+// Of the tag of mute, which holds one for the music and one for the movies.
+int flagOf(Player::Sound sound) {
+  return sound == Player::Sound::Movies ? 1 : 0;
+}
+
 }  // namespace
 
 double levelOfBar(double bar, double maximum) {
@@ -68,31 +73,35 @@ void Volume::step(int by, double share) {
   send(meant().level() + by * meant().levelMaximum() * share);
 }
 
+Player::Sound Volume::soundMeant() const {
+  if (const Player* player = uses_.players.meant()) return player->sound();
+  return uses_.state.currentTab == kMoviesTab ? Player::Sound::Movies : Player::Sound::Music;
+}
+
 void Volume::mute_Click() {
-  if (Player* player = uses_.players.meant()) toggleMute(*player);
+  Player* player = uses_.players.meant();
+  if (!player && uses_.state.currentTab != kMoviesTab) return;
+  const bool on = toggleMute(soundMeant());
+  if (player) player->setMute(on);
 }
 
 void Volume::muteMusic() {
-  toggleMute(uses_.music);
-}
-
-bool Volume::muted(const Player& player) const {
-  const QString flags = panel_.mute->tag().leftJustified(2, u'0', true);
-  return flags[player.sound() == Player::Sound::Movies ? 1 : 0] == u'1';
+  uses_.music.setMute(toggleMute(Player::Sound::Music));
 }
 
 void Volume::showMute() {
-  panel_.mute->setPicture(u"music"_s, muted(meant()) ? u"muteb"_s : u"mute"_s);
+  panel_.mute->setPicture(
+      u"music"_s, panel_.mute->tag()[flagOf(soundMeant())] == u'1' ? u"muteb"_s : u"mute"_s);
 }
 
-// The tag holds a flag for the music and one for the movies.
-void Volume::toggleMute(Player& player) {
+bool Volume::toggleMute(Player::Sound sound) {
   QString flags = panel_.mute->tag().leftJustified(2, u'0', true);
-  const bool on = !muted(player);
-  flags[player.sound() == Player::Sound::Movies ? 1 : 0] = on ? u'1' : u'0';
+  QChar& flag = flags[flagOf(sound)];
+  const bool on = flag != u'1';
+  flag = on ? u'1' : u'0';
   panel_.mute->tag = flags;
-  panel_.mute->setPicture(u"music"_s, on ? u"muteb"_s : u"mute"_s);
-  player.setMute(on);
+  showMute();
+  return on;
 }
 
 void Volume::volumeTold() {

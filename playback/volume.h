@@ -50,8 +50,8 @@ class Volume {
   };
 
   Player& meant() const;
-  void toggleMute(Player& player);
-  bool muted(const Player& player) const;
+  Player::Sound soundMeant() const;
+  bool toggleMute(Player::Sound sound);  // true when it is muted now
   void send(double level);
   void step(int by, double share);
   double ceilingOf(double maximum) const;

@@ -9,7 +9,7 @@ from sound_server import SoundServer
 
 server = SoundServer()
 atexit.register(lambda: server.process.kill())
-console = Console(sys.argv[1], settings=["VolumeStart=40", "LOCALLISTENER=1"])
+console = Console(sys.argv[1], settings=["VolumeStart=40", "LOCALLISTENER=1", "FollowSound=NO"])
 console.press("imgTabs", 0)
 
 
