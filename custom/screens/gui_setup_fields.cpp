@@ -145,8 +145,8 @@ std::vector<InventoryRow> guiSetupInventory() {
 
 SetupFrames::SetupFrames(const Form& form) {
   for (const FrameRow& frame : kFrames) {
-    Placed& placed = frames_.emplace_back(
-        &controlOf<Frame>(form, QString::fromLatin1(frame.control)), frame.page);
+    frames_.push_back({&controlOf<Frame>(form, QString::fromLatin1(frame.control)), frame.page});
+    Placed& placed = frames_.back();
     for (const Field& field : kFields)
       if (field.group == frame.group)
         placed.fields.emplace_back(
