@@ -58,6 +58,24 @@ TEST_F(SidesTest, ATinySideIsWholeByItself) {
   EXPECT_EQ(side->take(), QStringList{u"stop"_s});
 }
 
+TEST_F(SidesTest, WhatAHandlerThrowsIsSaidAndAMessageMeanwhileWaits) {
+  setting("");
+  Desk& desk = start().desk;
+  desk.on(u"shadow", Event::Click, [](int) { throw std::runtime_error("the lamp is broken"); });
+  control(u"shadow"_s).visible = true;
+  QStringList heard;
+  const auto box = [&heard](Form& form) { heard << textOf(form, u"msg"_s); };
+  host->onModal(u"frmMsgBox"_s, [&](Form& form) {
+    box(form);
+    desk.messages.say(u"and so is the fan"_s);
+    EXPECT_EQ(heard.size(), 1) << "the one that is up comes first";
+    host->onModal(u"frmMsgBox"_s, box);
+  });
+  press(u"shadow"_s);
+  EXPECT_EQ(heard, (QStringList{u"the lamp is broken"_s, u"and so is the fan"_s}));
+  EXPECT_TRUE(home.get(u"log.txt"_s).contains("the lamp is broken"));
+}
+
 TEST_F(SidesTest, DoorsOfSetupStoreTheChosenDirectory) {
   setting("ShowSetup=1\n");
   home.folder(u"chosen"_s);
