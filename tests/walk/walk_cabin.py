@@ -47,6 +47,7 @@ def lists_all(console, name):
     assert shown == {"Salon": ("MUSIC", True), "Seat 1": ("CLIENT", True), "Seat 2": ("CLIENT", True)}, rows
     console.must(cmd="press", name="cmdExpand", form="frmNetwork")
     console.screenshot(name)
+    assert not console.must(cmd="get", name="Grid", form="frmNetwork")["cut"], "a column is too narrow"
     console.must(cmd="press", name="cmdDone", form="frmNetwork")
 
 
@@ -57,6 +58,7 @@ def picture(console, index):
 master, master_port = service(master_program, "--port", "0")
 listener, port = listener_at("0")
 one, two = seat(1), seat(2)
+assert one.get("lblHomeArtist")["caption"] and not one.get("lblHomeArtist")["cut"]
 lists_all(one, "cabin_network_1")
 lists_all(two, "cabin_network_2")
 one.press("imgTabs", 0)

@@ -26,15 +26,19 @@ class ControlWidget : public QWidget {
   virtual void prepare() {}
   // The finger's press is taken back: nothing fires at its release.
   virtual void cancelPress() {}
+  // Whether a text of the last paint ended in dots, for want of room.
+  bool cut() const { return cut_; }
 
  protected:
   bool fire(const Event& event) { return control_.form.fire(control_, event); }
   Face& face() const { return face_; }
+  void setCut(bool cut) { cut_ = cut; }
   bool event(QEvent* event) override;
 
  private:
   Control& control_;
   Face& face_;
+  bool cut_ = false;
   std::unique_ptr<ControlDrag> drag_;  // while the control is draggable
 };
 

@@ -1,7 +1,5 @@
 #include "view/controls/grid_painter.h"
 
-#include <ranges>
-
 #include "view/drawing/style.h"
 
 namespace korvane {
@@ -116,9 +114,10 @@ void GridPainter::paintCell(const ShownColumn& column, int row, const QRectF& at
 void GridPainter::paintText(const QString& text, const QRectF& cell, Qt::Alignment align,
                             const QColor& ink) {
   painter_.setPen(ink);
-  painter_.drawText(
-      cell, int(align) | Qt::TextSingleLine,
-      painter_.fontMetrics().elidedText(text, Qt::ElideRight, static_cast<int>(cell.width())));
+  const QString fits =
+      painter_.fontMetrics().elidedText(text, Qt::ElideRight, static_cast<int>(cell.width()));
+  cut_ |= fits != text;
+  painter_.drawText(cell, int(align) | Qt::TextSingleLine, fits);
 }
 
 void GridPainter::paintButton(const QString& text, const QRectF& key, bool down) {
@@ -163,15 +162,14 @@ void GridPainter::paintHeader() {
   painter_.setBrush(view_.pressedRow < 0 ? style::mixed(ground, Qt::white, 0.1) : ground);
   painter_.drawRoundedRect(QRectF(view_.header).adjusted(1, 1, -1, face_.px(20)), face_.px(16),
                            face_.px(16));
-  painter_.setPen(ink);
   painter_.setFont(
       style::font(std::min(face_.px(kLeastFont), view_.rowHeight * 0.74), QFont::DemiBold));
   const double inset = face_.px(kInset);
   const auto say = [&](const QString& text, double left, double width) {
-    const QRectF at(left + inset, view_.header.top(), width - inset * 1.4, view_.header.height());
-    painter_.drawText(
-        at, int(Qt::AlignLeft | Qt::AlignVCenter) | Qt::TextSingleLine,
-        painter_.fontMetrics().elidedText(text, Qt::ElideRight, static_cast<int>(at.width())));
+    paintText(
+        text,
+        {left + inset, view_.header.top() + 0.0, width - inset * 1.4, view_.header.height() + 0.0},
+        Qt::AlignLeft | Qt::AlignVCenter, ink);
   };
   if (!grid_.header().isEmpty())
     say(grid_.header(), view_.header.left(), view_.header.width());

@@ -24,11 +24,13 @@ class GridPainter {
   void paint(const QRect& dirty);
   // Rows of which a picture shows a quiet ground, since it is still being drawn elsewhere.
   const std::vector<int>& undrawn() const { return undrawn_; }
+  bool cut() const { return cut_; }  // a text ended in dots
 
  private:
   void paintHeader();
   void paintRow(int row, const QRectF& at);
   void paintCell(const ShownColumn& column, int row, const QRectF& at, const QColor& ink);
+  // In one line, with dots at its end where it does not fit.
   void paintText(const QString& text, const QRectF& cell, Qt::Alignment align, const QColor& ink);
   void paintButton(const QString& text, const QRectF& key, bool down);
   void paintPicture(const Picture* picture, const QRectF& place, int row, bool down);
@@ -43,6 +45,7 @@ class GridPainter {
   std::vector<ShownColumn> columns_;
   QColor ground_, ink_;
   std::vector<int> undrawn_;
+  bool cut_ = false;
 };
 
 }  // namespace korvane

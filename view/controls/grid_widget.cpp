@@ -265,6 +265,7 @@ void GridWidget::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
   GridPainter drawing(grid_, face(), view, painter);
   drawing.paint(event->rect());
+  setCut(drawing.cut() || (cut() && event->rect() != rect()));
   if (drawing.undrawn().empty()) return;
   undrawn_.insert(drawing.undrawn().begin(), drawing.undrawn().end());
   face().pictures.whenDrawn(this, [this] { picturesDrawn(); });

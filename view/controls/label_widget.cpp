@@ -30,6 +30,7 @@ void LabelWidget::paintEvent(QPaintEvent*) {
     painter.drawRoundedRect(area, face().px(10), face().px(10));
     area.adjust(face().px(12), 0, -face().px(12), 0);
   }
+  setCut(false);
   if (label_.caption().isEmpty()) return;
   if (!isEnabled()) ink.setAlphaF(0.45F);
   painter.setPen(ink);
@@ -52,6 +53,7 @@ void LabelWidget::paintEvent(QPaintEvent*) {
   }
   const QString shown = painter.fontMetrics().elidedText(label_.caption(), Qt::ElideRight,
                                                          static_cast<int>(area.width()));
+  setCut(shown != label_.caption());
   painter.drawText(area, int(across | Qt::AlignVCenter) | Qt::TextSingleLine, shown);
 }
 

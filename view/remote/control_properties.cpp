@@ -100,6 +100,7 @@ QJsonObject describe(const Control& control, const ControlWidget* widget) {
   if (widget) {
     const QPoint at = widget->mapTo(widget->window(), QPoint());
     to["pixels"_L1] = QJsonArray{at.x(), at.y(), widget->width(), widget->height()};
+    to["cut"_L1] = widget->cut();
     to["onScreen"_L1] = widget->isVisible() && !widget->visibleRegion().isEmpty();
   }
   describeKind(control, to);

@@ -8,8 +8,8 @@
 namespace korvane {
 
 // name, index, kind, visible, enabled, caption, tag, picture ("group/name"), rect (form units),
-// pixels (of the window) and what its kind has: value, minimum, maximum, text, checked, row,
-// topRow, rows... A widget may be missing.
+// pixels (of the window), cut (a text that ends in dots) and what its kind has: value, minimum,
+// maximum, text, checked, row, topRow, rows... A widget may be missing.
 QJsonObject describe(const Control& control, const ControlWidget* widget);
 
 // `count` rows from `from` on, at most 1000: their cells, hidden ones included.
