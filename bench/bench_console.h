@@ -28,6 +28,8 @@ struct BenchConsole {
                fakes.chance,
                files,
                player,
+               fakes.video,
+               fakes.dvd,
                fakes.disc,
                fakes.screenPower,
                fakes.session,

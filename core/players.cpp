@@ -5,10 +5,23 @@ namespace korvane {
 Players::Players(Uses uses) : uses_(uses), panel_(uses.form) {}
 
 Player* Players::heard() const {
-  for (const PlayMode mode : {PlayMode::Playing, PlayMode::Paused})
+  for (const PlayMode mode : {PlayMode::Playing, PlayMode::Paused}) {
+    if (started_ && started_->mode() == mode) return started_;
     for (Player* player : players_)
       if (player->mode() == mode) return player;
+  }
   return nullptr;
+}
+
+void Players::starts(Player& player) {
+  for (Player* other : players_)
+    if (other != &player && other->mode() != PlayMode::Stopped) other->press(TransportButton::Stop);
+  started_ = &player;
+}
+
+bool Players::shows(const Player& player) const {
+  const Player* sounds = heard();
+  return !sounds || sounds == &player;
 }
 
 Player* Players::meant() const {

@@ -28,7 +28,16 @@ class Players {
   // The one of the open tab; by key FollowSound the one that is heard, whichever tab is open. Null
   // where there is none.
   Player* meant() const;
-  Player* heard() const;  // that plays, else one that is paused; null for none
+  // The one that plays, else one that is paused; of several the one that started last. Null for
+  // none.
+  Player* heard() const;
+
+  // That player is about to play: what else plays or is paused stops, so that two never sound
+  // together. Yields.
+  void starts(Player& player);
+  // Whether what that player reports may be shown on the status line and the slider, which all
+  // share: nothing else is heard.
+  bool shows(const Player& player) const;
 
   void cmdControls_Click(TransportButton button);      // Yields.
   void press(Player& player, TransportButton button);  // refused while a press is at work. Yields.
@@ -46,7 +55,8 @@ class Players {
   Uses uses_;
   Panel panel_;
   std::vector<Player*> players_;
-  Player* moved_ = nullptr;  // by the thumb that a finger holds
+  Player* started_ = nullptr;  // last
+  Player* moved_ = nullptr;    // by the thumb that a finger holds
 };
 
 }  // namespace korvane

@@ -3,13 +3,14 @@
 //
 // The picture is drawn by the player itself into a native window of the face's, which takes the
 // finger too: a press there lands on the disc's own button and reaches no handler of the console.
+// The whole screen, whether the picture shows and the mark of its control are the face's matter.
 //
 // Called from the thread of the event loop only, and calls back there, never from inside a call. No
 // call waits for the drive. What makes no sense at the moment (a menu of a disc that has none, a
 // chapter while a menu shows) does nothing; a copied disc or a scratch must not stop the console.
 #pragma once
 
-#include "platform/text.h"
+#include "platform/media_track.h"
 
 namespace korvane {
 
@@ -20,6 +21,7 @@ class DvdPlayer {
   enum Domain { Nothing, Menu, Title };
   // The menus of ShowMenu, with the numbers of DVD_MENU_ID: that of the disc and that of the title.
   enum MenuId { TitleMenu = 2, RootMenu = 3 };
+  enum Arrow { Upper, Lower, Left, Right };
 
   // The codes of DVDNotify, with the numbers of DirectShow (EC_DVD_...).
   enum Notice {
@@ -58,7 +60,8 @@ class DvdPlayer {
   virtual void Stop() = 0;  // to the disc's beginning; the window is left black
   virtual State state() const = 0;
 
-  virtual void ActivateButton() = 0;  // presses the button of the menu that is highlighted
+  virtual void ActivateButton() = 0;             // presses the menu's button that is highlighted
+  virtual void SelectButton(Arrow towards) = 0;  // highlights the next one in that direction
   virtual void ShowMenu(MenuId menu) = 0;
   virtual void PlayPrevChapter() = 0;
   virtual void PlayNextChapter() = 0;
@@ -71,10 +74,14 @@ class DvdPlayer {
   virtual int CurrentTime() const = 0;
   virtual int TotalTitleTime() const = 0;
 
-  // The whole screen, in a window of the player's own. The first press anywhere ends it and does
-  // nothing else. Setting it is refused (false) while no picture shows.
-  virtual bool FullScreenMode() const = 0;
-  virtual bool setFullScreenMode(bool on) = 0;
+  virtual void setCurrentTime(int seconds) = 0;         // nothing unless a title plays or is paused
+  virtual void setVolume(int hundredthsOfDecibel) = 0;  // 0 is full, -10000 is silence
+  virtual void setMute(bool on) = 0;                    // beside the volume, which it leaves alone
+
+  // Of the title that plays; empty while none does.
+  virtual QList<MediaTrack> tracks(TrackKind kind) const = 0;
+  virtual int track(TrackKind kind) const = 0;  // the one chosen; MediaTrack::kNone for none
+  virtual void setTrack(TrackKind kind, int id) = 0;
 };
 
 }  // namespace korvane

@@ -3,12 +3,14 @@
 
 #include "platform/clock.h"
 #include "platform/disc_drive.h"
+#include "platform/dvd_player.h"
 #include "platform/file_system.h"
 #include "platform/machine.h"
 #include "platform/media_player.h"
 #include "platform/network.h"
 #include "platform/programs.h"
 #include "platform/pump.h"
+#include "platform/video_player.h"
 #include "platform/winsock.h"
 
 namespace korvane {
@@ -19,6 +21,8 @@ struct System {
   Chance& chance;
   FileSystem& files;
   MediaPlayer& player;
+  VideoPlayer& video;
+  DvdPlayer& dvd;
   DiscDrive& disc;
   ScreenPower& screenPower;
   Session& session;

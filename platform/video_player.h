@@ -8,7 +8,7 @@
 
 #include <memory>
 
-#include "platform/text.h"
+#include "platform/media_track.h"
 
 namespace korvane {
 
@@ -17,6 +17,13 @@ struct VideoFrame {
   const uchar* pixels = nullptr;  // rows from the top; a pixel is the 32-bit number 0xffRRGGBB
   int width = 0, height = 0;      // pixels
   qsizetype rowBytes = 0;         // from the beginning of a row to that of the next
+};
+
+// How a picture of another shape than its room is laid into it.
+enum class VideoFit {
+  Whole,      // all of it, as large as fits, in its own shape
+  Filled,     // in its own shape over the whole room; what goes beyond is cut off
+  Stretched,  // over the whole room in the room's shape
 };
 
 // Where the pictures come out. A frame is written once, by the decoder, into memory of the
@@ -34,12 +41,11 @@ class VideoPicture {
   virtual ~VideoPicture() = default;
   virtual void setEvents(Events* events) = 0;  // not owned; nullptr for silence
 
-  // The room for the picture, in device pixels. Frames are as large as fits into it in the movie's
-  // own shape, so they are painted unscaled. After a change the frames at hand and those on their
-  // way still have the old size, half a second at most, in a pause until it ends: the painter
-  // stretches them for that long. A room of no width or height stops the making of frames; the
-  // sound goes on.
-  virtual void setRoom(int width, int height) = 0;
+  // The room for the picture, in device pixels. Frames come in the size that the fit gives them
+  // there, so that they are painted unscaled, in the middle of the room. After a change the frame
+  // at hand still has the old size, until the next one; in a pause a new one of the same moment
+  // comes. A room of no width or height stops the making of frames; the sound goes on.
+  virtual void setRoom(int width, int height, VideoFit fit) = 0;
 
   // The newest frame, null before the first and once the file is closed. It may be held as long as
   // its holder likes, beyond the life of the player too; its memory is used again once let go. A
@@ -58,6 +64,7 @@ class VideoPlayer {
     // The file at hand came to its end; it is Stopped, and its last frame stays.
     virtual void endOfMovie() = 0;
     virtual void durationKnown(double seconds) = 0;  // after play(); again when it was a guess
+    virtual void tracksChanged() {}                  // tracks() are others, or known now
 
     // The file at hand cannot be opened, or not played any further; it is Closed. Which file and
     // why, for a message.
@@ -84,6 +91,12 @@ class VideoPlayer {
   virtual int volume() const = 0;                       // as last set; full before that
   virtual void setVolume(int hundredthsOfDecibel) = 0;  // 0 is full, -10000 is silence
   virtual void setMute(bool on) = 0;                    // beside the volume, which it leaves alone
+
+  // Of the file at hand once it plays; empty before. For subtitles those that a file beside the
+  // movie holds are among them, named by what its name has beyond the movie's.
+  virtual QList<MediaTrack> tracks(TrackKind kind) const = 0;
+  virtual int track(TrackKind kind) const = 0;  // the one chosen; MediaTrack::kNone for none
+  virtual void setTrack(TrackKind kind, int id) = 0;
 };
 
 }  // namespace korvane

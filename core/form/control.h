@@ -1,6 +1,7 @@
 // The controls of a form, as data. A face (a window, a test, a second screen) mirrors them.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -8,7 +9,7 @@
 #include "core/form/picture.h"
 #include "core/form/row_source.h"
 #include "core/form/watched.h"
-#include "platform/text.h"
+#include "platform/video_player.h"
 
 namespace korvane {
 
@@ -141,10 +142,21 @@ class PictureArea : public Control {
   using Control::Control;
 };
 
-// A native area that a player, a browser or a map draws into.
+// An area that a player, a browser or a map draws into: its frames are painted there, or it draws
+// by itself into a native window.
 class Surface : public Control {
  public:
   using Control::Control;
+  // Whose frames are painted; null for none. Not owned; one surface at a time has it.
+  Watched<VideoPicture*> video{*this, Aspect::Picture, nullptr};
+  Watched<VideoFit> fit{*this, Aspect::Picture, VideoFit::Whole};
+
+  // Who draws by itself is given the native window while the surface shows, and 0 before the window
+  // goes. Set before the form is shown.
+  std::function<void(quintptr window)> drawer;
+  // Whether a press on the native window is the drawer's. Else it fires Click, as one on frames
+  // does.
+  Watched<bool> drawerPressed{*this, Aspect::Enabled, true};
 };
 
 class Slider : public Control {

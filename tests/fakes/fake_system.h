@@ -5,11 +5,13 @@
 #include "platform/system.h"
 #include "tests/fakes/fake_clock.h"
 #include "tests/fakes/fake_disc_drive.h"
+#include "tests/fakes/fake_dvd_player.h"
 #include "tests/fakes/fake_file_system.h"
 #include "tests/fakes/fake_machine.h"
 #include "tests/fakes/fake_network.h"
 #include "tests/fakes/fake_programs.h"
 #include "tests/fakes/fake_pump.h"
+#include "tests/fakes/fake_video_player.h"
 
 namespace korvane {
 
@@ -18,6 +20,8 @@ struct FakeSystem {
   FakePump pump{clock};
   FakeChance chance;
   FakeFileSystem files;
+  FakeVideoPlayer video;
+  FakeDvdPlayer dvd;
   FakeDiscDrive disc;
   FakeScreenPower screenPower;
   FakeSession session;
@@ -32,8 +36,23 @@ struct FakeSystem {
   System with(MediaPlayer& player, std::function<std::unique_ptr<Winsock>()> makeWinsock,
               FileSystem* disk = nullptr) {
     FileSystem& used = disk ? *disk : files;
-    return {pump,  clock, chance, used,     player,   disc,    screenPower,           session,
-            mixer, tray,  box,    programs, instance, network, std::move(makeWinsock)};
+    return {pump,
+            clock,
+            chance,
+            used,
+            player,
+            video,
+            dvd,
+            disc,
+            screenPower,
+            session,
+            mixer,
+            tray,
+            box,
+            programs,
+            instance,
+            network,
+            std::move(makeWinsock)};
   }
 };
 
