@@ -26,7 +26,7 @@ class Console {
   PhotosSide photos{desk};
   ListenerSide listener{desk};
   PlaybackSide playback{desk, library, listener};
-  MoviesSide movies{desk};
+  MoviesSide movies{desk, listener, playback};
   CustomSide custom{desk, library, listener, playback};
   ControlSide control{desk, listener};
 };

@@ -30,6 +30,7 @@ struct BenchConsole {
                player,
                fakes.video,
                fakes.dvd,
+               fakes.stills,
                fakes.disc,
                fakes.screenPower,
                fakes.session,

@@ -37,6 +37,7 @@ struct AppState {
   bool discHoldsFiles = false;  // the CD at hand is a data disc: its songs play as files do
   bool playsDiscAudio() const { return gMusicType == MusicSource::Cd && !discHoldsFiles; }
   MovieType gMovieType = MovieType::Digital;
+  bool gMovieDigitalPlaying = false;  // a row of the movies is a folder that holds a DVD
   PlayMode gPlayMode = PlayMode::Stopped;
   QString gSongPlayingTitle;  // of what plays or is paused, here or at the Listener; else empty
   bool gAlwaysOnTopShown = false;

@@ -10,6 +10,7 @@ Desk::Desk(System& doors, const MakeHost& makeHost, QString home, std::function<
       ownHost_(makeHost(graphics)),
       host(*ownHost_),
       palette(settings),
+      awake(system.screenPower, state),
       frmMain(u"frmMain"_s, mainInventory(), kSurface, FormRole::Main),
       frmSplash(u"frmSplash"_s, splashInventory(), kSurface, FormRole::Splash),
       messages(host, palette),

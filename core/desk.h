@@ -5,6 +5,7 @@
 #include "core/button_words.h"
 #include "core/chooser.h"
 #include "core/dialog.h"
+#include "core/keep_awake.h"
 #include "core/paging.h"
 #include "core/players.h"
 #include "core/screen_doors.h"
@@ -34,6 +35,7 @@ class Desk {
   FormHost& host;
   Palette palette;
   Screen screen;
+  KeepAwake awake;
   Form frmMain, frmSplash;
   ThemedMessages messages;
   const DialogUses dialogs;  // what every modal form is given

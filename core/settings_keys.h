@@ -125,17 +125,36 @@ inline constexpr SettingKey CDDrive{"STARTUP", "CDDrive", Rule::Str,
 
 // Other sections
 inline constexpr SettingKey MovieListener{"Movies", "MovieListener", Rule::FlagVal, When::Start};
-inline constexpr SettingKey MDirectory{"Movies", "MDirectory", Rule::Str, When::Kept};
-inline constexpr SettingKey MDirectory1{"Movies", "MDirectory1", Rule::Str, When::Kept};
-inline constexpr SettingKey MDirectory2{"Movies", "MDirectory2", Rule::Str, When::Kept};
-inline constexpr SettingKey MDirectory3{"Movies", "MDirectory3", Rule::Str, When::Kept};
+inline constexpr SettingKey MDirectory{"Movies", "MDirectory", Rule::Str, When::Live};
+inline constexpr SettingKey MDirectory1{"Movies", "MDirectory1", Rule::Str, When::Live};
+inline constexpr SettingKey MDirectory2{"Movies", "MDirectory2", Rule::Str, When::Live};
+inline constexpr SettingKey MDirectory3{"Movies", "MDirectory3", Rule::Str, When::Live};
 inline constexpr SettingKey DVD{"Movies", "DVD", Rule::Str, When::Kept};
-inline constexpr SettingKey DVD0{"Movies", "DVD0", Rule::Str, When::Kept};
-inline constexpr SettingKey DVD1{"Movies", "DVD1", Rule::Str, When::Kept};
-inline constexpr SettingKey DVD2{"Movies", "DVD2", Rule::Str, When::Kept};
-inline constexpr SettingKey DVD3{"Movies", "DVD3", Rule::Str, When::Kept};
-inline constexpr SettingKey DVD4{"Movies", "DVD4", Rule::Str, When::Kept};
-inline constexpr SettingKey DVD5{"Movies", "DVD5", Rule::Str, When::Kept};
+inline constexpr SettingKey DVD0{"Movies", "DVD0", Rule::Str, When::Live};
+inline constexpr SettingKey DVD1{"Movies", "DVD1", Rule::Str, When::Live};
+inline constexpr SettingKey DVD2{"Movies", "DVD2", Rule::Str, When::Live};
+inline constexpr SettingKey DVD3{"Movies", "DVD3", Rule::Str, When::Live};
+inline constexpr SettingKey DVD4{"Movies", "DVD4", Rule::Str, When::Live};
+inline constexpr SettingKey DVD5{"Movies", "DVD5", Rule::Str, When::Live};
+// Of the directories of movies in their order: DVD0 to DVD5, MDirectory, MDirectory1 to MDirectory3
+inline constexpr SettingKey PW0{"PW", "PW0", Rule::Text, When::Live};
+inline constexpr SettingKey PW1{"PW", "PW1", Rule::Text, When::Live};
+inline constexpr SettingKey PW2{"PW", "PW2", Rule::Text, When::Live};
+inline constexpr SettingKey PW3{"PW", "PW3", Rule::Text, When::Live};
+inline constexpr SettingKey PW4{"PW", "PW4", Rule::Text, When::Live};
+inline constexpr SettingKey PW5{"PW", "PW5", Rule::Text, When::Live};
+inline constexpr SettingKey PW6{"PW", "PW6", Rule::Text, When::Live};
+inline constexpr SettingKey PW7{"PW", "PW7", Rule::Text, When::Live};
+inline constexpr SettingKey PW8{"PW", "PW8", Rule::Text, When::Live};
+inline constexpr SettingKey PW9{"PW", "PW9", Rule::Text, When::Live};
+// What an owner may add to the movies: absent means off
+inline constexpr SettingKey MovieControls{"Movies", "MovieControls", Rule::FlagYes, When::Live};
+inline constexpr SettingKey MovieResume{"Movies", "MovieResume", Rule::FlagYes, When::Live};
+inline constexpr SettingKey MoviePosters{"Movies", "MoviePosters", Rule::FlagYes, When::Live};
+inline constexpr SettingKey MovieKinds{"Movies", "MovieKinds", Rule::UStr,
+                                       When::Live};  // "MP4 MKV ..."
+inline constexpr SettingKey MovieFit{"Movies", "MovieFit", Rule::UStr,
+                                     When::Live};  // "WHOLE", "FILLED", "STRETCHED"
 inline constexpr SettingKey PDirectory{"Photos", "PDirectory", Rule::Str, When::Live};
 inline constexpr SettingKey Delay{"Photos", "Delay", Rule::Str, When::Live};
 inline constexpr SettingKey PLDirectory{"Playlist", "PLDirectory", Rule::Str, When::Live};

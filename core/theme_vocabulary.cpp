@@ -28,6 +28,7 @@ constexpr struct {
     {"radio", "radio", "imgTabs", kMapsTab},
     {"music", "jukebox", "cmdTop", 2},
     {"music", "delete", "cmdControls", 5},
+    {"movies", "bigpause", "cmdMovie", 0},
 };
 
 // Pictures of other sizes and of other folders' forms, in form units.
@@ -42,6 +43,7 @@ constexpr struct {
      96, 96},
     {"photos", "UpDirectory folderclosed", 96, 96},
     {"root", "capslockon", 96, 64},
+    {"movies", "noposter noposterdvd", 96, 72},
     {"music", "pluseplaylist pldone plrename pldelete pledit plcreate", 292, 96},
 };
 

@@ -13,8 +13,15 @@ ListenerSide::ListenerSide(Desk& d)
               *connectionML}),
       network(d.dialogs, d.state),
       listeners(d.dialogs, {d.state, d.system.network, *connectionML}),
+      level(
+          [&d](int volume) {
+            d.system.player.setVolume(volume);
+            d.system.video.setVolume(volume);
+            d.system.dvd.setVolume(volume);
+          },
+          d.system.mixer),
       music({d.frmMain, d.state, d.settings, d.messages, d.log, d.system.pump, d.system.files,
-             d.system.player, d.system.mixer, *connectionMP3,
+             d.system.player, level, *connectionMP3,
              [&d](const QString& path) {
                const bool any = d.settings.upper(key::Tags) == "FULL"_L1;
                return any ? anyCoverArtBytes(path) : coverArtBytes(path);

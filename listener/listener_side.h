@@ -16,6 +16,7 @@ class ListenerSide {
   MasterListener master;
   NetworkForm network;
   ListenersForm listeners;
+  PlayerLevel level;  // of all that this console plays itself
   MusicConnection music;
   MovieConnection movies;
   LinkSupervision links;

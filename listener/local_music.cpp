@@ -17,7 +17,7 @@ const LocalMusic::Entry LocalMusic::kCommands[] = {
     {"CURRENTPOSITION"_L1, &LocalMusic::currentPosition},
 };
 
-LocalMusic::LocalMusic(Uses uses) : uses_(std::move(uses)), level_(uses_.player, uses_.mixer) {
+LocalMusic::LocalMusic(Uses uses) : uses_(std::move(uses)) {
   uses_.player.setEvents(this);
 }
 
@@ -48,12 +48,11 @@ void LocalMusic::status(const MusicCommand&) {
 
 void LocalMusic::replyVolume() {
   if (!uses_.settings.flag(key::DisplayVolume)) return;
-  reply({u"MAXVOLUME"_s, QString::number(level_.maximum())});
-  reply({u"VOLUME"_s, QString::number(level_.now())});
+  reply({u"MAXVOLUME"_s, QString::number(uses_.level.maximum())});
+  reply({u"VOLUME"_s, QString::number(uses_.level.now())});
 }
 
-void LocalMusic::levelChangedOutside() {
-  level_.changedOutside();
+void LocalMusic::tellLevel() {
   replyVolume();
 }
 
@@ -114,7 +113,7 @@ void LocalMusic::muteOff(const MusicCommand&) {
 }
 
 void LocalMusic::volume(const MusicCommand& command) {
-  if (const auto asked = numberOf(command.argument1.toLatin1())) level_.set(*asked);
+  if (const auto asked = numberOf(command.argument1.toLatin1())) uses_.level.set(*asked);
   reply({u"VOLUME"_s, command.argument1});
 }
 

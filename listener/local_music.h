@@ -9,7 +9,6 @@
 #include "core/settings.h"
 #include "listener/player_level.h"
 #include "platform/file_system.h"
-#include "platform/machine.h"
 #include "platform/media_player.h"
 
 namespace korvane {
@@ -37,7 +36,7 @@ class LocalMusic : private MediaPlayer::Events {
     Settings& settings;
     FileSystem& files;
     MediaPlayer& player;
-    Mixer& mixer;
+    PlayerLevel& level;
     Timer& MusicTimer;
     LocalReplies& replies;
     CoverArt coverArtBytes;  // a song's own picture
@@ -46,7 +45,7 @@ class LocalMusic : private MediaPlayer::Events {
   ~LocalMusic() override;
 
   void perform(const MusicCommand& command);  // unknown ones are ignored. Yields.
-  void levelChangedOutside();                 // the mixer's, by another program
+  void tellLevel();                           // it has been changed elsewhere
   void tick();                                // of MusicTimer
 
  private:
@@ -77,7 +76,6 @@ class LocalMusic : private MediaPlayer::Events {
   void failed(const QString& description) override;
 
   Uses uses_;
-  PlayerLevel level_;
 };
 
 }  // namespace korvane

@@ -8,7 +8,7 @@ MusicConnection::MusicConnection(Uses uses)
       songs_(uses_.pump),
       records_({uses_.state, presenter_, *this, songs_, uses_.messages, uses_.pump, uses_.files,
                 uses_.settings.home()}),
-      local_({uses_.state, uses_.settings, uses_.files, uses_.player, uses_.mixer,
+      local_({uses_.state, uses_.settings, uses_.files, uses_.player, uses_.level,
               presenter_.MusicTimer(), *this, uses_.coverArtBytes}),
       link_({uses_.connectionMP3, uses_.pump, uses_.settings, uses_.log,
              uses_.state.gMusicListenerIP, uses_.state.gMusicListenerPort, "connectionmp3Connect"},

@@ -19,7 +19,7 @@ class MusicConnection : public ListenerReports, private RecordLink::Owner, priva
     Pump& pump;
     FileSystem& files;
     MediaPlayer& player;
-    Mixer& mixer;
+    PlayerLevel& level;
     Winsock& connectionMP3;
     LocalMusic::CoverArt coverArtBytes;
   };
@@ -45,7 +45,7 @@ class MusicConnection : public ListenerReports, private RecordLink::Owner, priva
   // Yields.
   void lblMusicPlay_Click();
   void MusicTimer_Timer();
-  void levelChangedOutside() { local_.levelChangedOutside(); }  // of the mixer, by another program
+  void tellLevel() { local_.tellLevel(); }  // this machine's has been changed elsewhere
   void DisplayDuration(double seconds) { presenter_.DisplayDuration(seconds); }
   void ShowSliderTimes() { presenter_.ShowSliderTimes(); }  // in Slider1's text and in TxtTime
 

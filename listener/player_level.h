@@ -1,7 +1,8 @@
-// How loud the music is: on the mixer's scale, or where there is no mixer on one of the player's
-// own.
+// How loud this machine plays: on the mixer's scale, or where there is no mixer on one of the
+// players' own.
 #pragma once
 
+#include <functional>
 #include <optional>
 
 #include "platform/machine.h"
@@ -11,7 +12,12 @@ namespace korvane {
 
 class PlayerLevel {
  public:
-  PlayerLevel(MediaPlayer& player, Mixer& mixer) : player_(player), mixer_(mixer) {}
+  // `setVolume` sets that of every player, in hundredths of a decibel from -10000 to 0. Both
+  // outlive this.
+  PlayerLevel(std::function<void(int)> setVolume, Mixer& mixer)
+      : setVolume_(std::move(setVolume)), mixer_(mixer) {}
+  PlayerLevel(MediaPlayer& player, Mixer& mixer)
+      : PlayerLevel([&player](int volume) { player.setVolume(volume); }, mixer) {}
 
   int maximum() const;     // of the scale that now() and set() speak of; its least is 0
   int now() const;         // as last set here, else the mixer's; the maximum of a player never set
@@ -19,7 +25,7 @@ class PlayerLevel {
   void changedOutside() { set_.reset(); }  // another program moved the mixer
 
  private:
-  MediaPlayer& player_;
+  std::function<void(int)> setVolume_;
   Mixer& mixer_;
   std::optional<int> set_;
 };

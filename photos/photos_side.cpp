@@ -3,7 +3,7 @@
 namespace korvane {
 
 PhotosSide::PhotosSide(Desk& desk)
-    : tab(desk.parts, desk.system, desk.messages),
+    : tab(desk.parts, desk.system, desk.messages, desk.awake),
       cmdPhotoSetup_(controlOf<Image>(desk.frmMain, u"cmdPhotoSetup")) {
   desk.tabs.setTab(kPhotosTab, tab);
   desk.addTabWord(kPhotosTab, u"PHOTOS"_s, u"btnphotos"_s, u"open the Photos tab"_s);

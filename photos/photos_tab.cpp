@@ -3,16 +3,16 @@
 namespace korvane {
 namespace {
 
-constexpr int kAwakeTimeout = 999;  // seconds
-constexpr int kLongestDelay = 60;   // seconds a picture
+constexpr int kLongestDelay = 60;  // seconds a picture
 
 }  // namespace
 
-PhotosTab::PhotosTab(TabParts& parts, System& system, Messages& messages)
+PhotosTab::PhotosTab(TabParts& parts, System& system, Messages& messages, KeepAwake& awake)
     : parts_(parts),
       panel_(parts.form),
       system_(system),
       messages_(messages),
+      awake_(awake),
       page_(parts.form, {"PhotoList", "cmdPhotoSetup"}),
       show_(parts.form, {"picTransition", "scrollDelay"}),
       otherPlay_(parts.form, {"cmdControls#5", "cmdControls#6"}),
@@ -22,19 +22,9 @@ PhotosTab::PhotosTab(TabParts& parts, System& system, Messages& messages)
   panel_.scrollDelay->maximum = kLongestDelay;
 }
 
-void PhotosTab::setScreenPower(bool restore) {
-  if (restore) {
-    system_.screenPower.write(parts_.state.gSavedPower);
-    return;
-  }
-  parts_.state.gSavedPower = system_.screenPower.read();
-  system_.screenPower.write({false, false, kAwakeTimeout, kAwakeTimeout});
-}
-
 void PhotosTab::leave() {
   fullScreen_.hide();
-  system_.screenPower.setScreenSaverActive(true);
-  setScreenPower(true);
+  awake_.need(this, false);
   system_.pump.doEvents();
   page_.hide();
   parts_.settings.write(key::Delay, QString::number(std::lround(panel_.scrollDelay->value())));
@@ -48,8 +38,7 @@ void PhotosTab::leave() {
 
 void PhotosTab::enter() {
   parts_.main.setBackground(u"photos"_s);
-  system_.screenPower.setScreenSaverActive(false);
-  setScreenPower(false);
+  awake_.need(this, true);
   parts_.volume.show();
   parts_.mute.show();
   parts_.main.HideAllGrids();

@@ -1,6 +1,7 @@
 // The Photos tab: the picture list and the slide show's place.
 #pragma once
 
+#include "core/keep_awake.h"
 #include "core/prompt.h"
 #include "core/tab.h"
 #include "core/tab_controller.h"
@@ -11,14 +12,11 @@ namespace korvane {
 
 class PhotosTab : public Tab {
  public:
-  PhotosTab(TabParts& parts, System& system, Messages& messages);
+  PhotosTab(TabParts& parts, System& system, Messages& messages, KeepAwake& awake);
 
   void leave() override;
   void enter() override;
   Grid* list() override;
-
-  // Keeps the display awake (false) or gives it its own saving back (true).
-  void setScreenPower(bool restore);
 
  private:
   struct Panel : FormPanel {
@@ -36,6 +34,7 @@ class PhotosTab : public Tab {
   Panel panel_;
   System& system_;
   Messages& messages_;
+  KeepAwake& awake_;
   ControlSet page_, show_, otherPlay_, fullScreen_, movies_;
   bool warned_ = false;  // that there is no directory, in this run
 };

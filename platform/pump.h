@@ -3,6 +3,7 @@
 #pragma once
 
 #include <functional>
+#include <utility>
 
 namespace korvane {
 
@@ -27,6 +28,13 @@ class Pump {
   // Runs `work` on a thread of its own and then `done` from the event loop. `work` must not touch
   // anything that the user-interface thread may change.
   virtual void inBackground(std::function<void()> work, std::function<void()> done) = 0;
+
+  // The same for work that may never come back, as a look at a disk that is out of reach: on a
+  // thread that keeps no other work waiting and that nobody waits for at the end, when `work` may
+  // still be running. It owns all that it touches.
+  virtual void aside(std::function<void()> work, std::function<void()> done) {
+    inBackground(std::move(work), std::move(done));
+  }
 };
 
 }  // namespace korvane

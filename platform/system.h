@@ -7,6 +7,7 @@
 #include "platform/file_system.h"
 #include "platform/machine.h"
 #include "platform/media_player.h"
+#include "platform/movie_stills.h"
 #include "platform/network.h"
 #include "platform/programs.h"
 #include "platform/pump.h"
@@ -23,6 +24,7 @@ struct System {
   MediaPlayer& player;
   VideoPlayer& video;
   DvdPlayer& dvd;
+  MovieStills& stills;
   DiscDrive& disc;
   ScreenPower& screenPower;
   Session& session;

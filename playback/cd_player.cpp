@@ -103,6 +103,7 @@ void CdPlayer::playRow(int row) {
 void CdPlayer::startTrack(int track) {
   const Disc* disc = uses_.drive.disc();
   if (!disc || !disc->has(track) || !disc->at(track).audio) return;
+  uses_.players.starts(*this);
   uses_.state.gCdTrack = 0;
   panel_.grid->SetActiveCell(1, track);
   if (uses_.state.gridMode == MusicList::DiscTracks) uses_.browsing.showGrid(MusicList::DiscTracks);

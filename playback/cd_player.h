@@ -27,6 +27,7 @@ class CdPlayer : public Player, private DiscDrive::Events {
     Browsing& browsing;
     MusicConnection& connection;
     Transport& transport;
+    Players& players;
   };
   CdPlayer(Form& form, Uses uses);
   ~CdPlayer() override;

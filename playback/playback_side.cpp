@@ -9,23 +9,27 @@ PlaybackSide::PlaybackSide(Desk& d, LibrarySide& library, ListenerSide& listener
                           d.system.pump, d.system.chance}),
       listUndo(d.frmMain,
                {d.state, d.settings, listener.music, transport, library.browsing, d.system.pump}),
-      cd(d.frmMain, {d.main, d.state, d.screen, d.settings, d.messages, d.log, d.system.pump,
-                     d.system.disc, library.database, library.browsing, listener.music, transport}),
+      cd(d.frmMain,
+         {d.main, d.state, d.screen, d.settings, d.messages, d.log, d.system.pump, d.system.disc,
+          library.database, library.browsing, listener.music, transport, d.players}),
       cover(d.frmMain, library.browsing),
       quick({d, library.browsing, transport, listUndo}),
       musicTab({d.parts, library.browsing, library.editor, transport, cd, cover, listener.music,
                 d.system.player}),
       volume(d.frmMain, {d.state, d.settings, d.players, transport, d.paging, listener.music,
-                         d.system.player, d.system.mixer, d.log, d.system.pump}) {
+                         listener.level, d.system.mixer, d.log, d.system.pump}) {
   library.browsing.setSongs(transport);
   transport.setQueue(jukebox);
   listener.music.setNews(&transport);
-  listener.music.volumeTold = [this] { volume.volumeTold(); };
+  listener.music.volumeTold = [this] { volume.volumeTold(transport); };
   d.system.mixer.watch([this] { volume.mixerChanged(); });
   d.mixerOpened = [this](bool there) { volume.mixerOpened(there); };
   d.players.add(transport);
   d.players.add(cd);
   d.tabs.setTab(kMusicTab, musicTab);
+  listener.music.shows = [this, &d] {
+    return d.players.shows(transport) || cd.mode() != PlayMode::Stopped;
+  };
   d.tabs.entered.push_back([this, &d] { showHeard(d); });
   d.steps.at(Step::SetUpLists, [this] { jukebox.setUpQueue(); });
   d.steps.at(Step::StopDisc, [this] { cd.stopCd(); });
@@ -56,6 +60,7 @@ void PlaybackSide::connectTransport(Desk& desk) {
 
 // On the tabs of other players, which have shown how theirs stand.
 void PlaybackSide::showHeard(Desk& desk) {
+  volume.showLevel();
   const Player* heard = desk.players.heard();
   if (!heard || !desk.settings.flag(key::FollowSound)) return;
   volume.showMute();

@@ -202,6 +202,7 @@ void Transport::playSongRecord(int record) {
 void Transport::playPaths() {
   const PlaySong song = uses_.database.rsPlaySongs.row();
   if (song.Path.isEmpty()) return;
+  uses_.players.starts(*this);
   started_ = running();
   ++started_.number;
   uses_.state.gMusicState = MusicState::Play;

@@ -104,12 +104,17 @@ bool Volume::toggleMute(Player::Sound sound) {
   return on;
 }
 
-void Volume::volumeTold() {
-  const double maximum = uses_.music.levelMaximum();
-  if (maximum <= 0) return;
-  if (std::round(uses_.music.level()) > ceilingOf(maximum))
-    uses_.music.setLevel(ceilingOf(maximum));
-  panel_.scrollVolume->value = barOfLevel(uses_.music.level(), maximum);
+void Volume::volumeTold(Player& player) {
+  const double maximum = player.levelMaximum();
+  if (maximum > 0 && std::round(player.level()) > ceilingOf(maximum))
+    player.setLevel(ceilingOf(maximum));
+  if (&player == &meant()) showLevel();
+}
+
+void Volume::showLevel() {
+  const Player& player = meant();
+  if (player.levelMaximum() > 0)
+    panel_.scrollVolume->value = barOfLevel(player.level(), player.levelMaximum());
 }
 
 void Volume::mixerOpened(bool there) {
@@ -122,11 +127,12 @@ void Volume::mixerOpened(bool there) {
 }
 
 void Volume::mixerChanged() {
-  if (!uses_.state.gLocalListener) return;
+  if (!uses_.state.gLocalListener && uses_.state.gMovieListener) return;
   if (uses_.mixer.maximum() == 0)
     uses_.log.logIt(u"The mixer has gone; the player's own volume takes its place."_s);
+  uses_.level.changedOutside();
   holdCeiling();
-  uses_.connection.levelChangedOutside();
+  if (uses_.state.gLocalListener) uses_.connection.tellLevel();
 }
 
 // Whether or not the level is shown, and with no mixer by the player's own volume.
@@ -135,8 +141,7 @@ void Volume::holdCeiling() {
   const int maximum = uses_.mixer.maximum();
   if (maximum > 0 && uses_.mixer.level() > ceilingOf(maximum))
     uses_.mixer.setLevel(static_cast<int>(ceilingOf(maximum)));
-  if (maximum == 0)
-    uses_.player.setVolume(static_cast<int>(std::lround(2000 * std::log10(percent / 100.0))));
+  if (maximum == 0) uses_.level.set(uses_.level.maximum() * percent / 100.0);
 }
 
 }  // namespace korvane

@@ -19,7 +19,7 @@ class Volume {
     Player& music;
     Paging& paging;  // repeats a held button
     MusicConnection& connection;
-    MediaPlayer& player;
+    PlayerLevel& level;  // of this machine
     Mixer& mixer;
     const Log& log;
     Pump& pump;
@@ -33,8 +33,10 @@ class Volume {
   void muteMusic();   // from any page. Yields.
   void showMute();    // of what the finger means
 
-  // A player has told its level: the bar follows, and a level above the owner's goes down. Yields.
-  void volumeTold();
+  // A player has told its level: one above the owner's goes down, and the bar follows when a finger
+  // means that player. Yields.
+  void volumeTold(Player& player);
+  void showLevel();  // of the player that a finger means, on the bar
   void mixerChanged();           // by another program, or it has gone
   void holdCeiling();            // of this machine's own sound, by the mixer or else the player
   void mixerOpened(bool there);  // the console's own sound begins at the owner's level

@@ -8,6 +8,7 @@
 #include "tests/fakes/fake_dvd_player.h"
 #include "tests/fakes/fake_file_system.h"
 #include "tests/fakes/fake_machine.h"
+#include "tests/fakes/fake_movie_stills.h"
 #include "tests/fakes/fake_network.h"
 #include "tests/fakes/fake_programs.h"
 #include "tests/fakes/fake_pump.h"
@@ -22,6 +23,7 @@ struct FakeSystem {
   FakeFileSystem files;
   FakeVideoPlayer video;
   FakeDvdPlayer dvd;
+  FakeMovieStills stills;
   FakeDiscDrive disc;
   FakeScreenPower screenPower;
   FakeSession session;
@@ -36,23 +38,9 @@ struct FakeSystem {
   System with(MediaPlayer& player, std::function<std::unique_ptr<Winsock>()> makeWinsock,
               FileSystem* disk = nullptr) {
     FileSystem& used = disk ? *disk : files;
-    return {pump,
-            clock,
-            chance,
-            used,
-            player,
-            video,
-            dvd,
-            disc,
-            screenPower,
-            session,
-            mixer,
-            tray,
-            box,
-            programs,
-            instance,
-            network,
-            std::move(makeWinsock)};
+    return {pump, clock,  chance,   used,        player,  video,
+            dvd,  stills, disc,     screenPower, session, mixer,
+            tray, box,    programs, instance,    network, std::move(makeWinsock)};
   }
 };
 

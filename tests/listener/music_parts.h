@@ -62,9 +62,10 @@ struct MusicParts {
   FakeMediaPlayer player;
   FakeWinsock socket;
   HeardNews news;
+  PlayerLevel level{player, system.mixer};
   QByteArray coverImage;  // what every song holds
   MusicConnection music{{form, state, settings, messages, logger, system.pump, system.files, player,
-                         system.mixer, socket, [this](const QString&) {
+                         level, socket, [this](const QString&) {
                            return coverImage.isEmpty() ? std::nullopt : std::optional(coverImage);
                          }}};
   Slider& Slider1 = control<Slider>("Slider1");

@@ -5,17 +5,30 @@
 #include <QThreadPool>
 #include <QTimer>
 
+#include <mutex>
+#include <thread>
+
 namespace korvane {
 namespace {
 constexpr int kYieldMs = 4;
 constexpr int kLookMs = 15;  // how often a wait looks whether it is over when nothing happens
 }  // namespace
 
-QtPump::QtPump(PressGate& gate) : gate_(gate) {
+struct QtPump::Door {
+  std::mutex mutex;
+  QtPump* pump;  // null once it is gone
+};
+
+QtPump::QtPump(PressGate& gate) : gate_(gate), door_(std::make_shared<Door>()) {
+  door_->pump = this;
   sinceYield_.start();
 }
 
 QtPump::~QtPump() {
+  {
+    const std::lock_guard lock(door_->mutex);
+    door_->pump = nullptr;
+  }
   QThreadPool::globalInstance()->waitForDone();
 }
 
@@ -58,6 +71,21 @@ void QtPump::inBackground(std::function<void()> work, std::function<void()> done
     }
     if (done) later(done);
   });
+}
+
+void QtPump::aside(std::function<void()> work, std::function<void()> done) {
+  std::thread([door = door_, work = std::move(work), done = std::move(done)] {
+    std::exception_ptr failure;
+    try {
+      work();
+    } catch (...) {
+      failure = std::current_exception();
+    }
+    const std::lock_guard lock(door->mutex);
+    if (!door->pump) return;
+    if (failure) door->pump->later([failure] { std::rethrow_exception(failure); });
+    if (done) door->pump->later(done);
+  }).detach();
 }
 
 }  // namespace korvane

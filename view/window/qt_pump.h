@@ -3,6 +3,7 @@
 
 #include <QElapsedTimer>
 #include <QObject>
+#include <memory>
 
 #include "platform/pump.h"
 #include "view/window/event_wall.h"
@@ -22,6 +23,7 @@ class QtPump : public Pump {
   // An exception of `work` goes to the wall on the user-interface thread; `done` is called then
   // too.
   void inBackground(std::function<void()> work, std::function<void()> done) override;
+  void aside(std::function<void()> work, std::function<void()> done) override;
 
   EventWall wall;  // around all that later() and inBackground() run
 
@@ -29,6 +31,8 @@ class QtPump : public Pump {
   PressGate& gate_;
   QObject here_;  // of the user-interface thread
   QElapsedTimer sinceYield_;
+  struct Door;
+  std::shared_ptr<Door> door_;  // to this, for threads that may outlive it
 };
 
 }  // namespace korvane
