@@ -202,7 +202,9 @@ void MovieTransport::movieStopped() {
   if (mode_ != PlayMode::Stopped) become(PlayMode::Stopped);
 }
 
+// Once a movie: a Listener may say it again and again.
 void MovieTransport::movieFailed(const QString& text) {
+  if (mode_ == PlayMode::Stopped) return;
   movieStopped();
   uses_.connection.sayTrouble(text);
 }

@@ -39,6 +39,7 @@ class CabinTest : public testing::Test {
 
   // `before` sees the console made and not yet started.
   Console& start(const std::function<void(Console&)>& before = {}) {
+    console_.reset();
     console_ = std::make_unique<Console>(
         system_,
         [this](Graphics&) {
