@@ -16,6 +16,9 @@
 namespace korvane {
 
 constexpr InventoryRow kSmallForm[] = {
+    {"MoviePic", 0, Kind::Surface, {620, 120, 160, 120}, Left | Top, "Movie", "", false},
+    {"MoviePic", 1, Kind::Surface, {620, 250, 170, 90}, Left | Top, "Screen", "", false},
+    {"MSWebDVD1", -1, Kind::Surface, {620, 350, 300, 200}, Left | Top, "DVD", "", false},
     {"cmdTop", 0, Kind::Image, {10, 10, 100, 100}, Left | Top, "Artists"},
     {"cmdTop", 1, Kind::Image, {120, 10, 100, 100}, Left | Top, "Albums"},
     {"lblState", -1, Kind::Label, {240, 10, 300, 40}, Left | Top | Right, "State"},

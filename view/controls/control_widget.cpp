@@ -98,7 +98,7 @@ ControlWidget* makeWidget(Control& control, Face& face, QWidget* parent) {
     case Kind::PictureArea:
       return new PictureAreaWidget(control, face, parent);
     case Kind::Surface:
-      return new SurfaceWidget(control, face, parent);
+      return new SurfaceWidget(static_cast<Surface&>(control), face, parent);
     case Kind::Timer:
       return nullptr;
   }

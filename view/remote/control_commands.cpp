@@ -4,10 +4,13 @@
 #include <QElapsedTimer>
 #include <QJsonArray>
 #include <QKeySequence>
+#include <QScreen>
 
 #include "view/controls/grid_widget.h"
 #include "view/controls/slider_widget.h"
+#include "view/controls/surface_widget.h"
 #include "view/remote/control_properties.h"
+#include "view/window/native_press.h"
 #include "view/window/open_boxes.h"
 
 namespace korvane {
@@ -31,6 +34,14 @@ QPoint pointIn(const QJsonValue& pair, double scale, QPoint standard) {
   if (!pair.isArray()) return standard;
   return QPoint(static_cast<int>(pair.toArray().at(0).toDouble() * scale),
                 static_cast<int>(pair.toArray().at(1).toDouble() * scale));
+}
+
+// Where a player draws by itself and takes presses: to it, past the console.
+bool pressPlayer(ControlWidget& widget, QPoint at) {
+  auto* surface = dynamic_cast<SurfaceWidget*>(&widget);
+  NativeSurface* native = surface ? surface->native() : nullptr;
+  if (!native || !native->takesPresses()) return false;
+  return pressNative(native->window(), (QPointF(at) * widget.devicePixelRatioF()).toPoint());
 }
 
 }  // namespace
@@ -94,6 +105,10 @@ ControlCommands::Target ControlCommands::target(const QJsonObject& command, bool
 }
 
 QPoint ControlCommands::pointOf(const QJsonObject& command, const Target& found) const {
+  if (const QJsonValue x = command["x"_L1], y = command["y"_L1]; x.isDouble() && y.isDouble()) {
+    const double scale = host_.view(found.control->form)->scale();
+    return QPointF(x.toDouble() * scale, y.toDouble() * scale).toPoint();
+  }
   const QJsonValue row = command["row"_L1];
   auto* list = dynamic_cast<GridWidget*>(found.widget);
   if (!list || row.isUndefined()) return found.widget->rect().center();
@@ -142,14 +157,25 @@ void ControlCommands::press(const QJsonObject& command, const Answer& answer) {
   Target found;
   QPoint at;
   if (!reach(command, &found, &at, answer)) return;
-  acted([&] { finger_.tap(*found.widget, at); }, answer);
+  acted(
+      [&] {
+        if (!pressPlayer(*found.widget, at)) finger_.tap(*found.widget, at);
+      },
+      answer);
 }
 
 void ControlCommands::doublepress(const QJsonObject& command, const Answer& answer) {
   Target found;
   QPoint at;
   if (!reach(command, &found, &at, answer)) return;
-  acted([&] { finger_.doubleTap(*found.widget, at); }, answer);
+  acted(
+      [&] {
+        if (pressPlayer(*found.widget, at))
+          pressPlayer(*found.widget, at);
+        else
+          finger_.doubleTap(*found.widget, at);
+      },
+      answer);
 }
 
 void ControlCommands::hold(const QJsonObject& command, const Answer& answer) {
@@ -359,10 +385,25 @@ void ControlCommands::messages(const QJsonObject& command, const Answer& answer)
   answer({{u"ok"_s, true}, {u"messages"_s, boxes}});
 }
 
+// What a player draws by itself is on the screen and nowhere else.
+QPixmap ControlCommands::seen() const {
+  Stage& stage = host_.stage();
+  bool drawn = false;
+  for (QWidget* each : stage.findChildren<QWidget*>()) {
+    const auto* surface = dynamic_cast<SurfaceWidget*>(each);
+    if (!surface || !surface->native() || !surface->native()->shown()) continue;
+    surface->native()->follow();
+    drawn = true;
+  }
+  if (!drawn || stage.isMinimized()) return stage.grab();
+  QCoreApplication::sendPostedEvents(&stage, QEvent::UpdateRequest);
+  return stage.screen()->grabWindow(stage.winId());
+}
+
 void ControlCommands::screenshot(const QJsonObject& command, const Answer& answer) {
   const QString file = command["file"_L1].toString();
   if (file.isEmpty()) return answer(failed(u"no \"file\""_s));
-  const QPixmap picture = host_.stage().grab();
+  const QPixmap picture = seen();
   if (!picture.save(file)) return answer(failed(u"cannot write %1"_s.arg(file)));
   answer({{u"ok"_s, true}, {u"width"_s, picture.width()}, {u"height"_s, picture.height()}});
 }

@@ -1,7 +1,8 @@
 // The commands of the control socket. One JSON object in, one out: {"ok":true,...} or
 // {"ok":false,"error":"..."}.
 //
-//   - press, doublepress {name, index?, row?, col?, form?}
+//   - press, doublepress {name, index?, row?, col?, x?, y?, form?}: on a row of a list, or at a
+//     place of the control, in form units
 //   - hold {name, index?}
 //   - release {dx?, dy?}: a slide before it lets go
 //   - drag {name, index?, from:[x,y]?, to:[x,y]? or dx, dy, ms?}: form units within the control
@@ -12,7 +13,8 @@
 //   - rows {name, index?, from?, count?}
 //   - wait {name, index?, property, value or not or contains or at_least, timeout_ms?}
 //   - messages {answer?}: the boxes open, the topmost last; answers the topmost one
-//   - screenshot {file}
+//   - screenshot {file}: as the console paints it; from the screen while a player draws by itself,
+//     so that nothing else may lie above the window then
 //   - tree {form?}
 //   - quit
 //
@@ -54,6 +56,7 @@ class ControlCommands {
 
   Target target(const QJsonObject& command, bool anyForm, QString* error) const;
   bool reach(const QJsonObject& command, Target* found, QPoint* at, const Answer& answer) const;
+  QPixmap seen() const;
   QPoint pointOf(const QJsonObject& command, const Target& found) const;
   void acted(const std::function<void()>& act, const Answer& answer);
 

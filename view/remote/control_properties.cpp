@@ -2,6 +2,8 @@
 
 #include <QJsonArray>
 
+#include "view/controls/surface_widget.h"
+
 namespace korvane {
 namespace {
 
@@ -50,6 +52,13 @@ void describeKind(const Control& control, QJsonObject& to) {
     case Kind::Surface:
       break;
   }
+}
+
+void describeSurface(const SurfaceWidget& surface, QJsonObject& to) {
+  const QSize frame = surface.frames().frameSize();
+  to["frame"_L1] = QJsonArray{std::max(0, frame.width()), std::max(0, frame.height())};
+  to["frames"_L1] = surface.frames().painted();
+  to["native"_L1] = surface.native() && surface.native()->shown();
 }
 
 }  // namespace
@@ -103,6 +112,8 @@ QJsonObject describe(const Control& control, const ControlWidget* widget) {
     to["cut"_L1] = widget->cut();
     to["onScreen"_L1] = widget->isVisible() && !widget->visibleRegion().isEmpty();
   }
+  if (const auto* surface = dynamic_cast<const SurfaceWidget*>(widget))
+    describeSurface(*surface, to);
   describeKind(control, to);
   return to;
 }

@@ -9,7 +9,9 @@ namespace korvane {
 
 // name, index, kind, visible, enabled, caption, tag, picture ("group/name"), rect (form units),
 // pixels (of the window), cut (a text that ends in dots) and what its kind has: value, minimum,
-// maximum, text, checked, row, topRow, rows... A widget may be missing.
+// maximum, text, checked, row, topRow, rows...
+// Of a surface: frame (width and height of the newest one, 0 without), frames (painted so far) and
+// native (a player draws by itself). A widget may be missing.
 QJsonObject describe(const Control& control, const ControlWidget* widget);
 
 // `count` rows from `from` on, at most 1000: their cells, hidden ones included.

@@ -9,7 +9,6 @@
 #include <QWindow>
 
 #include "view/controls/drag_mover.h"
-#include "view/controls/surface_widget.h"
 #include "view/drawing/fade_layer.h"
 #include "view/drawing/fresh_image.h"
 #include "view/window/key_codes.h"
@@ -232,12 +231,6 @@ void WindowHost::fadeOut(Form& form, int milliseconds) {
 void WindowHost::close() {
   for (const Layer& each : layers_) each.view->detach();
   stage_->hide();
-}
-
-WId WindowHost::nativeWindow(Control& surface) {
-  FormView* of = view(surface.form);
-  auto* found = of ? dynamic_cast<SurfaceWidget*>(of->widget(surface)) : nullptr;
-  return found ? found->nativeWindow() : 0;
 }
 
 bool WindowHost::sendKey(Form& form, int key, const QString& text) {

@@ -33,8 +33,6 @@ class WindowHost : public FormHost {
   void setSinglePress(bool on) { touch_.singlePress = on; }
   // Whether the window follows a finger on the ground of the main form; for one shown later.
   void setMovable(bool on) { movable_ = on; }
-  // Native area of a Surface for players and browsers; 0 when its form is not shown.
-  WId nativeWindow(Control& surface);
 
   Form* topForm() const;  // the one that gets presses; null when none is shown
   FormView* view(const Form& form) const;
