@@ -76,7 +76,7 @@ class CustomSide : private SetupParts {
   QString getLibraryCounts() override;
   void eraseLibrary() override { library_.erase(); }
   void restartMasterListener() override;
-  void closeMovieConnection() override { listener_.connectionMovie->Close(); }
+  void closeMovieConnection() override { listener_.movies.ConnectionMovieClose(); }
   QString keyboardLayout() const override { return keyboardLayout_; }
   bool nextKeyboardLayout(QString* error) override;
   void gridLookChanged() override { library_.browsing.setUpGrids(); }

@@ -1,4 +1,4 @@
-// By key LinkSupervision: keeps the links to the Master Listener and to the Music Listener up, and
+// By key LinkSupervision: keeps the links to the Master, the Music and the Movie Listener up, and
 // shows a lamp with its words for each, with a press that tries again at once.
 #pragma once
 
@@ -6,6 +6,7 @@
 #include "core/palette.h"
 #include "listener/link_watch.h"
 #include "listener/master_listener.h"
+#include "listener/movie_connection.h"
 #include "listener/music_connection.h"
 #include "platform/clock.h"
 
@@ -13,6 +14,7 @@ namespace korvane {
 
 class LinkSupervision {
  public:
+  // All of it outlives the supervision.
   struct Uses {
     AppState& state;
     const Settings& settings;
@@ -20,33 +22,35 @@ class LinkSupervision {
     const Clock& clock;
     MasterListener& master;
     MusicConnection& music;
+    MovieConnection& movies;
   };
-  // Hears the news of both links while it lives.
+  // Hears the news of the links while it lives.
   LinkSupervision(Form& form, Uses uses);
   ~LinkSupervision();
 
   // Connects what is to be connected, and shows how the links stand; to be called whenever the page
-  // or the role may have changed.
+  // or a role may have changed.
   void look();
 
   void cmdLink_Click();  // tries what does not stand
 
-  // A list of the Master Listener: a Music Listener that has come back under another address is
-  // followed there.
+  // A list of the Master Listener: a Music or Movie Listener that has come back under another
+  // address is followed there.
   void listHeard(const QList<ListenerEntry>& entries, bool all);
 
-  // How the link to the Music Listener, or else to the Master Listener, stands: "connected",
-  // "Connection refused; again in 2 s"...
-  QString words(bool music) const;
-
  private:
+  // In the order of their labels.
+  enum Peer { Master, Music, Movies };
+  static constexpr size_t kPeers = 3;
+
   struct Panel : FormPanel {
     using FormPanel::FormPanel;
     Frame* framLink = bind("framLink");
-    std::array<Label*, 2> lblLink = bind("lblLink");
+    std::array<Label*, kPeers> lblLink = bind("lblLink");
     Button* cmdLink = bind("cmdLink");
     Timer* LinkTimer = bind("LinkTimer");
     Image* musicTab = bind("imgTabs", 0);
+    Image* moviesTab = bind("imgTabs", 1);
     Control* coverArt = bind("coverArt");
   };
   struct Link : LinkNews {
@@ -61,16 +65,22 @@ class LinkSupervision {
   };
 
   qint64 now() const { return uses_.clock.monotonicMs(); }
-  bool masterWanted() const;
-  bool musicWanted() const;
-  bool musicSpeaks() const;
-  void lookAtMaster();
-  void lookAtMusic();
+  bool wanted(size_t peer) const;
+  bool speaks(size_t peer) const;  // all the time, as while something plays
+  Winsock::State socket(size_t peer) const;
+  void connectAgain(size_t peer);
+  bool inTrouble(size_t peer) const;
+  void follow(Peer peer, QString& name, QString& ip, QString& port,
+              const QList<ListenerEntry>& entries, bool all);
+
   void show();
+  void showOnMusic();
+  void showOnMovies();
+  void write(Label& label, size_t peer, bool whole);
 
   Uses uses_;
   Panel panel_;
-  Link master_, music_;
+  std::array<Link, kPeers> links_;
   bool looking_ = false;
 };
 

@@ -59,6 +59,18 @@ QString commandRecord(const QString& target, const QString& command, const QStri
   return record;
 }
 
+QString blanksTrimmed(const QString& text) {
+  qsizetype from = 0, to = text.size();
+  while (from < to && text[from] == u' ') ++from;
+  while (to > from && text[to - 1] == u' ') --to;
+  return text.mid(from, to - from);
+}
+
+bool isAnswered(const QString& command) {
+  return command == "STATUS"_L1 || command == "PLAY"_L1 || command == "STOP"_L1 ||
+         command == "DURATION"_L1;
+}
+
 QString replyRecord(std::initializer_list<QString> fields) {
   QString record;
   for (const QString& field : fields) {
@@ -78,6 +90,10 @@ std::optional<double> numberOf(QByteArrayView field) {
   bool ok = false;
   const double number = field.toByteArray().replace(',', '.').toDouble(&ok);
   return ok && std::isfinite(number) ? std::optional(number) : std::nullopt;
+}
+
+bool isTime(double seconds) {
+  return seconds >= -1 && seconds < kLongestSeconds;
 }
 
 QString minutesAndSeconds(double seconds) {

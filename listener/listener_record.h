@@ -83,12 +83,21 @@ void forEachRecord(QByteArrayView block, Visit&& visit) {
 QString commandRecord(const QString& target, const QString& command, const QString& argument1,
                       const QString& argument2);
 
+// Without the blanks at its ends, as commands have always been trimmed: a title may begin with a
+// tab.
+QString blanksTrimmed(const QString& text);
+
+// Whether a Listener always has something to say to that command.
+bool isAnswered(const QString& command);
+
 // A whole record of these fields.
 QString replyRecord(std::initializer_list<QString> fields);
 
 // Numbers as fields: with the decimal sign of the locale; read with either sign.
 QString numberText(double number);
 std::optional<double> numberOf(QByteArrayView field);
+// Whether a reported number of seconds can be a position or a length.
+bool isTime(double seconds);
 
 // Seconds as M:SS, cut to whole ones; minutes are not folded into hours. Below 0 reads "0:00".
 QString minutesAndSeconds(double seconds);

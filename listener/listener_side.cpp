@@ -19,9 +19,10 @@ ListenerSide::ListenerSide(Desk& d)
                const bool any = d.settings.upper(key::Tags) == "FULL"_L1;
                return any ? anyCoverArtBytes(path) : coverArtBytes(path);
              }}),
-      links(d.frmMain, {d.state, d.settings, d.palette, d.system.clock, master, music}) {
+      movies({d.frmMain, d.state, d.settings, d.messages, d.log, d.system.pump, *connectionMovie}),
+      links(d.frmMain, {d.state, d.settings, d.palette, d.system.clock, master, music, movies}) {
   d.steps.at(Step::MasterListener, [this] { master.connectionMLConnect(); });
-  d.steps.at(Step::CloseMovieLink, [this] { connectionMovie->Close(); });
+  d.steps.at(Step::CloseMovieLink, [this] { movies.ConnectionMovieClose(); });
   d.steps.at(Step::CloseMasterLink, [this] { master.close(); });
   d.steps.at(Step::CloseMusicLink, [this] { music.ConnectionMP3Close(); });
   d.setupDoors.add({"cmdListener", -1, [this] { listeners.open(); }});
@@ -35,7 +36,7 @@ ListenerSide::ListenerSide(Desk& d)
 
 void ListenerSide::connectMaster(Desk& desk) {
   closesWith(u"MUSIC"_s, [this] { music.ConnectionMP3Close(); });
-  closesWith(u"MOVIES"_s, [this] { connectionMovie->Close(); });
+  closesWith(u"MOVIES"_s, [this] { movies.ConnectionMovieClose(); });
   master.networkAsked = [this](const QList<ListenerEntry>& list) { network.loadit(list); };
   master.listHeard = [this](const QList<ListenerEntry>& list, bool all) {
     links.listHeard(list, all);
@@ -45,7 +46,7 @@ void ListenerSide::connectMaster(Desk& desk) {
     links.look();
   };
   // The page may have changed with the tab.
-  desk.on(u"imgTabs", Event::Click, [this](int) { links.look(); });
+  desk.tabs.entered.push_back([this] { links.look(); });
 }
 
 }  // namespace korvane

@@ -17,6 +17,7 @@ class ListenerSide {
   NetworkForm network;
   ListenersForm listeners;
   MusicConnection music;
+  MovieConnection movies;
   LinkSupervision links;
 
   // Closes the socket of that type of service when its choice has gone from frmNetwork.

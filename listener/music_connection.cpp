@@ -1,23 +1,6 @@
 #include "listener/music_connection.h"
 
 namespace korvane {
-namespace {
-
-// Blanks only, as commands have always been trimmed: a title may begin with a tab.
-QString blanksTrimmed(const QString& text) {
-  qsizetype from = 0, to = text.size();
-  while (from < to && text[from] == u' ') ++from;
-  while (to > from && text[to - 1] == u' ') --to;
-  return text.mid(from, to - from);
-}
-
-// Whether a Listener always has something to say to it.
-bool isAnswered(const QString& command) {
-  return command == "STATUS"_L1 || command == "PLAY"_L1 || command == "STOP"_L1 ||
-         command == "DURATION"_L1;
-}
-
-}  // namespace
 
 MusicConnection::MusicConnection(Uses uses)
     : uses_(std::move(uses)),
@@ -74,7 +57,7 @@ void MusicConnection::ConnectionMP3Connect() {
   stood_ = false;
   records_.connectionEnds();
   if (!link_.connect()) return;
-  presenter_.showConnecting();
+  if (shows()) presenter_.showConnecting();
   uses_.pump.doEvents();
 }
 

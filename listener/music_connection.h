@@ -8,7 +8,7 @@
 
 namespace korvane {
 
-class MusicConnection : public MusicReports, private RecordLink::Owner, private LocalReplies {
+class MusicConnection : public ListenerReports, private RecordLink::Owner, private LocalReplies {
  public:
   struct Uses {
     Form& form;

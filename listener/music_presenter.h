@@ -10,8 +10,6 @@ class MusicPresenter : public PlayPresenter {
  public:
   explicit MusicPresenter(Form& form);  // which outlives it
 
-  void showSong(const QString& title) { showStatus(u"Playing: "_s + title); }
-
   void hideCover();
   void showCover(const QByteArray& image);  // it comes up on the Music page only
 

@@ -4,13 +4,6 @@
 #include "listener/music_records.h"
 
 namespace korvane {
-namespace {
-
-bool isTime(double seconds) {
-  return seconds >= -1 && seconds < 1e9;
-}
-
-}  // namespace
 
 const MusicRecords::Entry MusicRecords::kRecords[] = {
     {"MUSICTIMER", &MusicRecords::musicTimer},
@@ -52,10 +45,11 @@ void MusicRecords::handle(QByteArrayView block, WireText encoding) {
 }
 
 void MusicRecords::listenerGone() {
-  uses_.state.gSongPlayingTitle.clear();
-  if (news_) news_->playerStopped();
+  const bool shown = shows();
+  if (shown) uses_.state.gSongPlayingTitle.clear();
+  if (shown && news_) news_->playerStopped();
   uses_.state.gPlayMode = PlayMode::Stopped;
-  uses_.presenter.backToStart();
+  if (shown) uses_.presenter.backToStart();
   uses_.songs.forget();
 }
 
@@ -66,14 +60,14 @@ void MusicRecords::receiveJpg(const ListenerRecord& record) {
 void MusicRecords::musicTimer(const ListenerRecord& record) {
   const auto position = record.number(2);
   if (position.value_or(0) > 0) uses_.songs.sounds();
-  if (uses_.state.sliderHeld) return;
+  if (uses_.state.sliderHeld || !shows()) return;
   if (position && isTime(*position)) uses_.presenter.showPosition(*position);
   uses_.presenter.ShowSliderTimes();
 }
 
 void MusicRecords::musicDuration(const ListenerRecord& record) {
   const auto seconds = record.number(1);
-  if (seconds && isTime(*seconds)) uses_.presenter.showLength(*seconds);
+  if (seconds && isTime(*seconds) && shows()) uses_.presenter.showLength(*seconds);
 }
 
 void MusicRecords::endOfStream(const ListenerRecord&) {
@@ -86,19 +80,16 @@ void MusicRecords::error(const ListenerRecord& record) {
 }
 
 void MusicRecords::maxVolume(const ListenerRecord& record) {
-  double& maximum = uses_.reports.listenerMaxVolume;
-  maximum = record.whole(1).value_or(maximum);
+  uses_.reports.takeMaxVolume(record);
 }
 
 void MusicRecords::volume(const ListenerRecord& record) {
-  MusicReports& reports = uses_.reports;
-  reports.listenerVolume = record.whole(1).value_or(reports.listenerVolume);
-  uses_.presenter.showVolume(reports.listenerVolume, reports.listenerMaxVolume);
-  if (reports.volumeTold) reports.volumeTold();
+  uses_.reports.takeVolume(record, uses_.presenter);
 }
 
 void MusicRecords::pauseToPlay(const ListenerRecord&) {
   uses_.state.gPlayMode = PlayMode::Playing;
+  if (!shows()) return;
   uses_.state.gMusicState = MusicState::Play;
   uses_.presenter.showResumed();
 }
@@ -109,6 +100,7 @@ void MusicRecords::mediaPlayerState(const ListenerRecord& record) {
   const auto mode = playModeOf(static_cast<int>(*number));
   if (!mode || *mode == uses_.state.gPlayMode) return;
   uses_.state.gPlayMode = *mode;
+  if (!shows()) return;
   if (*mode == PlayMode::Playing) uses_.state.gMusicState = MusicState::Play;
   if (!news_) return;
   if (*mode == PlayMode::Paused) news_->playerPaused();
@@ -118,9 +110,9 @@ void MusicRecords::mediaPlayerState(const ListenerRecord& record) {
 void MusicRecords::songPlaying(const ListenerRecord& record) {
   uses_.songs.plays();
   const auto title = record.text(1);
-  if (!title) return;
+  if (!title || !shows()) return;
   uses_.state.gSongPlayingTitle = *title;
-  uses_.presenter.showSong(*title);
+  uses_.presenter.showTitle(*title);
 }
 
 }  // namespace korvane

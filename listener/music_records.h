@@ -2,29 +2,21 @@
 // handler a record.
 #pragma once
 
-#include <functional>
-
 #include "core/app_state.h"
 #include "listener/cover_transfer.h"
-#include "listener/listener_record.h"
+#include "listener/listener_reports.h"
 #include "listener/music_presenter.h"
 #include "listener/song_requests.h"
 #include "listener/trouble_box.h"
 
 namespace korvane {
 
-// What the Listener has reported of its volume.
-struct MusicReports {
-  double listenerMaxVolume = 0, listenerVolume = 0;
-  std::function<void()> volumeTold;  // a VOLUME report has come
-};
-
 class MusicRecords {
  public:
   struct Uses {
     AppState& state;
     MusicPresenter& presenter;
-    MusicReports& reports;
+    ListenerReports& reports;
     SongRequests& songs;
     Messages& messages;
     Pump& pump;
@@ -63,6 +55,8 @@ class MusicRecords {
   void pauseToPlay(const ListenerRecord&);
   void mediaPlayerState(const ListenerRecord&);
   void songPlaying(const ListenerRecord&);
+
+  bool shows() const { return uses_.reports.shows(); }
 
   Uses uses_;
   CoverTransfer cover_;

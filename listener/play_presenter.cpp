@@ -24,6 +24,13 @@ void PlayPresenter::showPosition(double seconds) {
   panel_.Slider1->value = seconds;
 }
 
+void PlayPresenter::showPositionWithin(double seconds) {
+  const double end = panel_.Slider1->maximum();
+  const double within = std::clamp(seconds, 0.0, end > 0 ? end : seconds + 1);
+  showPosition(within);
+  panel_.TxtTime->caption = minutesAndSeconds(within);
+}
+
 void PlayPresenter::showLength(double seconds) {
   DisplayDuration(seconds);
   panel_.Slider1->maximum = std::max(seconds, 0.0);

@@ -11,10 +11,13 @@ class PlayPresenter {
   explicit PlayPresenter(Form& form);  // which outlives it
 
   void showStatus(const QString& text);
+  void showTitle(const QString& title) { showStatus(u"Playing: "_s + title); }
   void showConnecting();
   void showResumed();  // the pictures of the transport
 
   void showPosition(double seconds);
+  void showPositionWithin(double seconds);  // cut to the length, where one is known
+  void showSliderText(const QString& text) { panel_.Slider1->text = text; }
   void showLength(double seconds);  // in its caption and as the end of the slider
   void DisplayDuration(double seconds);
   void ShowSliderTimes();  // in Slider1's text and in TxtTime

@@ -117,6 +117,8 @@ constexpr InventoryRow kMain[] = {
                          {.colours = "Surface", .text = 24, .wraps = true})),
     in("framLink", label("lblLink", 1, {8, 66, 206, 60}, TL, "Link to the Music Listener",
                          {.colours = "Surface", .text = 24, .wraps = true})),
+    in("framLink", label("lblLink", 2, {6, 0, 210, 50}, TL, "Link to the Movie Listener",
+                         {.colours = "Surface", .text = 20, .wraps = true})),
     in("framLink",
        button("cmdLink", {4, 132, 214, 76}, TL, "Try the links again", {.caption = "Try again"})),
     hidden(image("lblMusicType", 0, {1050, 226, 107, 84}, TR, "Play the CD",
