@@ -23,24 +23,15 @@ class StillPump : public QtPump {
 
 struct BenchConsole {
   BenchConsole(const QString& home, std::function<std::unique_ptr<Winsock>()> makeWinsock)
-      : system{pump,
-               fakes.clock,
-               fakes.chance,
-               files,
-               player,
-               fakes.video,
-               fakes.dvd,
-               fakes.stills,
-               fakes.disc,
-               fakes.screenPower,
-               fakes.session,
-               fakes.mixer,
-               fakes.tray,
-               fakes.box,
-               fakes.programs,
-               fakes.instance,
-               fakes.network,
-               std::move(makeWinsock)},
+      : system{pump,           fakes.clock,
+               fakes.chance,   files,
+               player,         fakes.video,
+               fakes.dvd,      fakes.stills,
+               fakes.disc,     fakes.screenPower,
+               fakes.session,  fakes.mixer,
+               fakes.tray,     fakes.box,
+               fakes.programs, fakes.instance,
+               fakes.network,  std::move(makeWinsock)},
         console(
             system,
             [this](Graphics& graphics) {

@@ -38,6 +38,7 @@ void MovieCatalogue::SetupFiles() {
 }
 
 void MovieCatalogue::list(int first, int last) {
+  setUpList();
   const int fill = ++fill_;
   found_.clear();
   waiting_.clear();

@@ -16,9 +16,9 @@ class MovieStills {
  public:
   virtual ~MovieStills() = default;
 
-  // A picture of the file, as large as fits into `width` x `height` pixels, some way into the movie.
-  // `done` is called from the event loop; for a file that is none, or does not answer for some
-  // seconds, with an empty still. One at a time: not while busy().
+  // A picture of the file, as large as fits into `width` x `height` pixels, some way into the
+  // movie. `done` is called from the event loop; for a file that is none, or does not answer for
+  // some seconds, with an empty still. One at a time: not while busy().
   virtual void make(const QString& path, int width, int height,
                     std::function<void(const MovieStill&)> done) = 0;
   virtual bool busy() const = 0;

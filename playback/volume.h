@@ -36,7 +36,7 @@ class Volume {
   // A player has told its level: one above the owner's goes down, and the bar follows when a finger
   // means that player. Yields.
   void volumeTold(Player& player);
-  void showLevel();  // of the player that a finger means, on the bar
+  void showLevel();              // of the player that a finger means, on the bar
   void mixerChanged();           // by another program, or it has gone
   void holdCeiling();            // of this machine's own sound, by the mixer or else the player
   void mixerOpened(bool there);  // the console's own sound begins at the owner's level
