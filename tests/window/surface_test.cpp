@@ -36,6 +36,7 @@ class Frames : public SmallConsole {
     page.video = &player.picture();
     settle(20);
   }
+  ~Frames() override { host.close(); }
 
   FakeVideoPlayer player;
   FakeVideoPicture& shown = player.shown;
@@ -137,6 +138,7 @@ class Native : public SmallConsole {
     surface.visible = true;
     settle(100);
   }
+  ~Native() override { host.close(); }
 
   QPoint onScreen(QPoint at) { return host.stage().mapToGlobal(at); }
   QColor seen(QPoint at) {
@@ -146,6 +148,7 @@ class Native : public SmallConsole {
   QJsonObject run(const QJsonObject& command) {
     QJsonObject answer;
     commands.run(command, [&](QJsonObject with) { answer = with; });
+    comes([&] { return !answer.isEmpty(); });
     return answer;
   }
 
@@ -198,11 +201,14 @@ TEST_F(Native, APressIsThePlayersUnlessItLeavesItToTheForm) {
       {u"command"_s, u"press"_s}, {u"name"_s, u"MSWebDVD1"_s}, {u"x"_s, 80}, {u"y"_s, 100}};
   take();
   EXPECT_EQ(run(press)["ok"_L1], QJsonValue(true));
-  EXPECT_EQ(drawer.presses(), QStringList(u"80,100"_s));
+  QStringList got;
+  EXPECT_TRUE(comes([&] { return !(got << drawer.presses()).isEmpty(); }));
+  EXPECT_EQ(got, QStringList(u"80,100"_s));
   EXPECT_EQ(take(), QStringList());
   surface.drawerPressed = false;
-  EXPECT_FALSE(drawer.underFinger(onScreen(free)));
+  EXPECT_TRUE(comes([&] { return !drawer.underFinger(onScreen(free)); }));
   run(press);
+  settle(50);
   EXPECT_EQ(drawer.presses(), QStringList());
   EXPECT_EQ(take(),
             (QStringList{u"MSWebDVD1 press"_s, u"MSWebDVD1 release"_s, u"MSWebDVD1 click"_s}));
@@ -223,7 +229,7 @@ TEST_F(Native, TheScreenshotHasThePlayersPictureAndWhatLiesAbove) {
   EXPECT_EQ(run({{u"command"_s, u"get"_s}, {u"name"_s, u"MSWebDVD1"_s}})["native"_L1],
             QJsonValue(true));
   host.show(box);
-  EXPECT_NE(shot().pixelColor(card), kGreen) << "not a turn of the event loop later";
+  EXPECT_NE(shot().pixelColor(card), kGreen);
 }
 
 }  // namespace

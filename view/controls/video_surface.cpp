@@ -31,7 +31,11 @@ void VideoSurface::follow(VideoPicture* picture, VideoFit fit, QSize room) {
     on_.update();
     if (!picture) return;
     VideoSurface*& holder = holders()[picture];
-    if (holder) holder->picture_ = nullptr;
+    if (holder) {
+      holder->picture_ = nullptr;
+      holder->frame_ = nullptr;
+      holder->on_.update();
+    }
     holder = this;
     picture_ = picture;
     picture->setEvents(this);

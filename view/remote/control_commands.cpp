@@ -17,6 +17,7 @@ namespace korvane {
 namespace {
 
 constexpr int kWaitMs = 5000, kWaitStepMs = 8, kDragMs = 200, kDragStepMs = 16;
+constexpr int kPaintMs = 50;       // until the screen shows what has just changed
 constexpr int kPatienceMs = 1000;  // for the handlers of a press, then the answer goes out
 
 QJsonObject failed(const QString& error) {
@@ -34,6 +35,15 @@ QPoint pointIn(const QJsonValue& pair, double scale, QPoint standard) {
   if (!pair.isArray()) return standard;
   return QPoint(static_cast<int>(pair.toArray().at(0).toDouble() * scale),
                 static_cast<int>(pair.toArray().at(1).toDouble() * scale));
+}
+
+// Then its picture is on the screen and nowhere else.
+bool playerDrawsOn(const Stage& stage) {
+  const QList<QWidget*> all = stage.findChildren<QWidget*>();
+  return std::ranges::any_of(all, [](QWidget* each) {
+    const auto* surface = dynamic_cast<SurfaceWidget*>(each);
+    return surface && surface->isVisible() && surface->native() && surface->native()->shown();
+  });
 }
 
 // Where a player draws by itself and takes presses: to it, past the console.
@@ -385,27 +395,17 @@ void ControlCommands::messages(const QJsonObject& command, const Answer& answer)
   answer({{u"ok"_s, true}, {u"messages"_s, boxes}});
 }
 
-// What a player draws by itself is on the screen and nowhere else.
-QPixmap ControlCommands::seen() const {
-  Stage& stage = host_.stage();
-  bool drawn = false;
-  for (QWidget* each : stage.findChildren<QWidget*>()) {
-    const auto* surface = dynamic_cast<SurfaceWidget*>(each);
-    if (!surface || !surface->native() || !surface->native()->shown()) continue;
-    surface->native()->follow();
-    drawn = true;
-  }
-  if (!drawn || stage.isMinimized()) return stage.grab();
-  QCoreApplication::sendPostedEvents(&stage, QEvent::UpdateRequest);
-  return stage.screen()->grabWindow(stage.winId());
-}
-
 void ControlCommands::screenshot(const QJsonObject& command, const Answer& answer) {
   const QString file = command["file"_L1].toString();
   if (file.isEmpty()) return answer(failed(u"no \"file\""_s));
-  const QPixmap picture = seen();
-  if (!picture.save(file)) return answer(failed(u"cannot write %1"_s.arg(file)));
-  answer({{u"ok"_s, true}, {u"width"_s, picture.width()}, {u"height"_s, picture.height()}});
+  const auto save = [file, answer](const QPixmap& picture) {
+    if (!picture.save(file)) return answer(failed(u"cannot write %1"_s.arg(file)));
+    answer({{u"ok"_s, true}, {u"width"_s, picture.width()}, {u"height"_s, picture.height()}});
+  };
+  Stage& stage = host_.stage();
+  if (!playerDrawsOn(stage)) return save(stage.grab());
+  QTimer::singleShot(kPaintMs, &here_,
+                     [&stage, save] { save(stage.screen()->grabWindow(stage.winId())); });
 }
 
 void ControlCommands::tree(const QJsonObject& command, const Answer& answer) {

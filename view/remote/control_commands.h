@@ -56,7 +56,6 @@ class ControlCommands {
 
   Target target(const QJsonObject& command, bool anyForm, QString* error) const;
   bool reach(const QJsonObject& command, Target* found, QPoint* at, const Answer& answer) const;
-  QPixmap seen() const;
   QPoint pointOf(const QJsonObject& command, const Target& found) const;
   void acted(const std::function<void()>& act, const Answer& answer);
 

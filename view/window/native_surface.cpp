@@ -5,6 +5,7 @@
 #include <QEvent>
 #include <QGuiApplication>
 #include <QWidget>
+#include <cstdlib>
 
 #include "platform/text.h"
 #include "view/window/uncovered.h"
@@ -15,6 +16,12 @@ namespace {
 xcb_connection_t* server() {
   const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
   return x11 ? x11->connection() : nullptr;
+}
+
+// Until the server has done all that it was asked. Another client, such as a player, would else be
+// served first now and then, and not find the window.
+void settle() {
+  std::free(xcb_get_input_focus_reply(server(), xcb_get_input_focus(server()), nullptr));
 }
 
 // Of the window system, whose pixels are the screen's.
@@ -56,8 +63,8 @@ void NativeSurface::show() {
   shown_ = true;
   follow();
   xcb_map_window(server(), window_);
-  xcb_flush(server());
   qApp->installEventFilter(this);
+  settle();
   drawer_(window_);
 }
 

@@ -31,13 +31,11 @@ class NativeSurface : private QObject {
   // Whether a press on it reaches the player now: not below a modal form.
   bool takesPresses() const { return shown_ && takes_; }
   void setPressed(bool on);  // whether presses are the player's; else they fall to the widget
-  // Takes over at once what has changed around it, which else waits for the next turn of the event
-  // loop.
-  void follow();
 
  private:
   bool eventFilter(QObject* watched, QEvent* event) override;
   void make();
+  void follow();  // takes over the widget's place and what lies above it now
   void shape(const QRegion& region);
 
   QWidget& on_;
