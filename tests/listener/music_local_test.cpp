@@ -96,8 +96,8 @@ TEST_F(LocalMusicTest, StatusTellsWhatPlaysAndTheVolumeIfItIsShown) {
 TEST_F(LocalMusicTest, WithoutAMixerThePlayersOwnVolumeIsSet) {
   system.mixer.present = false;
   system.mixer.top = 0;
-  for (const char* level : {"65535", "6554", "0", "loud"})
-    ask(u"VOLUME"_s, QString::fromLatin1(level));
+  for (const char* asked : {"65535", "6554", "0", "loud"})
+    ask(u"VOLUME"_s, QString::fromLatin1(asked));
   EXPECT_EQ(player.calls, QStringList({u"volume 0"_s, u"volume -2000"_s, u"volume -10000"_s}));
 }
 
