@@ -20,6 +20,8 @@
 #include "platform/net/winsock_qt.h"
 #include "platform/sound/media_player_vlc.h"
 #include "platform/sound/mixer_alsa.h"
+#include "platform/video/dvd_player_vlc.h"
+#include "platform/video/video_player_vlc.h"
 #include "view/drawing/theme_check.h"
 #include "view/remote/control_server.h"
 #include "view/window/qt_pump.h"
@@ -54,6 +56,8 @@ int show(const CommandLine& line, const QString& home, DiskFileSystem& files, Qt
   SystemClock clock;
   RandomChance chance(clock);
   MediaPlayerVlc player(pump);
+  VideoPlayerVlc video(pump);
+  DvdPlayerVlc dvd(pump);
   ReadingDrive disc(pump, player, std::make_shared<DiscReaderCdio>());
   ScreenSaverPower screenPower;
   LoginSession session;
@@ -63,10 +67,23 @@ int show(const CommandLine& line, const QString& home, DiskFileSystem& files, Qt
   DetachedPrograms programs;
   HomeLock lock(home);
   NetworkLinux network;
-  System system{pump, clock,       chance,  files,   player,
-                disc, screenPower, session, mixer,   tray,
-                box,  programs,    lock,    network, [] {
-        return std::make_unique<WinsockQt>(); }};
+  System system{pump,
+                clock,
+                chance,
+                files,
+                player,
+                video,
+                dvd,
+                disc,
+                screenPower,
+                session,
+                mixer,
+                tray,
+                box,
+                programs,
+                lock,
+                network,
+                [] { return std::make_unique<WinsockQt>(); }};
   WindowHost* window = nullptr;
   bool ended = false;  // also while the start still runs its own turns of the event loop
   const auto end = [&ended] {

@@ -8,7 +8,7 @@
 #include "bench/bench_music.h"
 #include "platform/files/disk_file_system.h"
 #include "platform/sound/media_player_vlc.h"
-#include "platform/sound/vlc_library.h"
+#include "platform/vlc/vlc_library.h"
 #include "tests/fakes/loop_pump.h"
 #include "tests/fakes/temporary_home.h"
 #include "tests/listener/music_parts.h"

@@ -1,22 +1,13 @@
 #include "platform/sound/media_player_vlc.h"
 
 #include <QFileInfo>
-#include <QProcess>
 
-#include "platform/sound/vlc_engine.h"
+#include "platform/sound/music_engine.h"
 
 namespace korvane {
 
-int vlcVolume(int hundredthsOfDecibel) {
-  if (hundredthsOfDecibel <= -10000) return 0;
-  const double amplitude = std::pow(10.0, std::min(hundredthsOfDecibel, 0) / 2000.0);
-  return static_cast<int>(std::lround(100 * std::cbrt(amplitude)));
-}
-
 MediaPlayerVlc::MediaPlayerVlc(Pump& pump, QStringList arguments)
-    : engine_(std::make_shared<Engine>(
-          *this, pump,
-          arguments + QProcess::splitCommand(qEnvironmentVariable("KORVANE_VLC_ARGS")))) {}
+    : engine_(std::make_shared<Engine>(*this, pump, std::move(arguments))) {}
 
 MediaPlayerVlc::~MediaPlayerVlc() {
   if (stream_) stream_->cancel();

@@ -11,6 +11,7 @@
 
 #include "platform/media_player.h"
 #include "platform/pump.h"
+#include "platform/vlc/vlc_volume.h"
 
 namespace korvane {
 
@@ -62,8 +63,5 @@ class MediaPlayerVlc final : public MediaPlayer {
   int generation_ = 0;  // of the file at hand
   bool ended_ = false;  // its end or failure has been heard
 };
-
-// libVLC's volume, in percent of full with its cubic scale, for a level in hundredths of a decibel.
-int vlcVolume(int hundredthsOfDecibel);
 
 }  // namespace korvane

@@ -1,9 +1,16 @@
-#include "platform/sound/vlc_library.h"
+#include "platform/vlc/vlc_library.h"
 
 #include <dlfcn.h>
 
+#include <map>
+#include <mutex>
+
 namespace korvane {
 namespace {
+
+// No scripts, nothing printed or written over the picture, no connection to a display of its own.
+constexpr const char* kArguments[] = {"--no-lua", "--quiet", "--no-xlib", "--no-video-title-show",
+                                      "--no-osd"};
 
 struct Opened {
   VlcLibrary functions;
@@ -36,6 +43,22 @@ const VlcLibrary* VlcLibrary::open(QString* error) {
   if (opened.error.isEmpty()) return &opened.functions;
   if (error) *error = opened.error;
   return nullptr;
+}
+
+libvlc_instance_t* VlcLibrary::instance(const QStringList& arguments) const {
+  static std::mutex mutex;
+  static std::map<QStringList, libvlc_instance_t*> made;
+  const std::lock_guard lock(mutex);
+  if (const auto found = made.find(arguments); found != made.end()) return found->second;
+
+  std::vector<QByteArray> words(std::begin(kArguments), std::end(kArguments));
+  for (const QString& argument : arguments) words.push_back(argument.toLocal8Bit());
+  std::vector<const char*> pointers;
+  pointers.reserve(words.size());
+  for (const QByteArray& word : words) pointers.push_back(word.constData());
+  libvlc_instance_t* instance = libvlc_new(static_cast<int>(pointers.size()), pointers.data());
+  if (instance) made[arguments] = instance;
+  return instance;
 }
 
 }  // namespace korvane
