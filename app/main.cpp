@@ -21,6 +21,7 @@
 #include "platform/sound/media_player_vlc.h"
 #include "platform/sound/mixer_alsa.h"
 #include "platform/video/dvd_player_vlc.h"
+#include "platform/video/movie_stills_vlc.h"
 #include "platform/video/video_player_vlc.h"
 #include "view/drawing/theme_check.h"
 #include "view/remote/control_server.h"
@@ -58,6 +59,7 @@ int show(const CommandLine& line, const QString& home, DiskFileSystem& files, Qt
   MediaPlayerVlc player(pump);
   VideoPlayerVlc video(pump);
   DvdPlayerVlc dvd(pump);
+  MovieStillsVlc stills(pump);
   ReadingDrive disc(pump, player, std::make_shared<DiscReaderCdio>());
   ScreenSaverPower screenPower;
   LoginSession session;
@@ -74,6 +76,7 @@ int show(const CommandLine& line, const QString& home, DiskFileSystem& files, Qt
                 player,
                 video,
                 dvd,
+                stills,
                 disc,
                 screenPower,
                 session,

@@ -1,5 +1,7 @@
 #include "platform/video/video_player_vlc.h"
 
+#include <sys/resource.h>
+
 #include "platform/video/video_engine.h"
 #include "platform/vlc/vlc_volume.h"
 
@@ -10,6 +12,12 @@ VideoPlayerVlc::VideoPlayerVlc(Pump& pump, QStringList arguments)
 
 VideoPlayerVlc::~VideoPlayerVlc() {
   engine_->quit();
+}
+
+// libVLC's threads take it over from the one that begins them.
+void VideoPlayerVlc::beNice() {
+  constexpr int kNice = 15;
+  engine_->post([] { setpriority(PRIO_PROCESS, 0, kNice); });
 }
 
 VideoPicture& VideoPlayerVlc::picture() {

@@ -14,6 +14,9 @@ class VideoPlayerVlc final : public VideoPlayer {
   explicit VideoPlayerVlc(Pump& pump, QStringList arguments = {});
   ~VideoPlayerVlc() override;  // at most 1 s, even when a device hangs
 
+  // What it decodes gives way to all other work of the machine; before the first open().
+  void beNice();
+
   void setEvents(Events* events) override { events_ = events; }
   VideoPicture& picture() override;
   void open(const QString& path) override;
