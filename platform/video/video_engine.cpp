@@ -22,7 +22,7 @@ VideoPlayerVlc::Engine::Engine(VideoPlayerVlc& owner, Pump& pump, QStringList ar
       frames([this](std::function<void()> work) { tell(std::move(work)); },
              [this](std::function<void()> work) { post(std::move(work)); }),
       owner_(owner) {
-  frames.pixelShape = [this] { return pixelShape(); };
+  frames.shape = [this] { return shape(); };
 }
 
 void VideoPlayerVlc::Engine::close() {
@@ -81,18 +81,23 @@ void VideoPlayerVlc::Engine::fail(int file, const QString& reason) {
   });
 }
 
-double VideoPlayerVlc::Engine::pixelShape() {
+VideoShape VideoPlayerVlc::Engine::shape() {
   const std::lock_guard lock(shapeMutex_);
-  if (!media_) return 1;
+  VideoShape shape;
+  if (!media_) return shape;
   libvlc_media_track_t** tracks = nullptr;
   const unsigned count = vlc_->libvlc_media_tracks_get(media_, &tracks);
-  double shape = 1;
   for (unsigned i = 0; i < count; ++i) {
     if (tracks[i]->i_type != libvlc_track_video) continue;
     const libvlc_video_track_t& video = *tracks[i]->video;
+    shape.width = static_cast<int>(video.i_width);
+    shape.height = static_cast<int>(video.i_height);
     if (video.i_sar_num > 0 && video.i_sar_den > 0)
-      shape = static_cast<double>(video.i_sar_num) / video.i_sar_den;
-    if (video.i_orientation >= libvlc_video_orient_left_top) shape = 1 / shape;
+      shape.pixel = static_cast<double>(video.i_sar_num) / video.i_sar_den;
+    if (video.i_orientation >= libvlc_video_orient_left_top) {  // turned by a quarter
+      std::swap(shape.width, shape.height);
+      shape.pixel = 1 / shape.pixel;
+    }
     break;
   }
   vlc_->libvlc_media_tracks_release(tracks, count);

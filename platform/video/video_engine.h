@@ -29,7 +29,7 @@ class VideoPlayerVlc::Engine final : public VlcEngine {
   void look(int file);
   void conclude(int run, bool broken);
   bool decoded() const;
-  double pixelShape();
+  VideoShape shape();
 
   VideoPlayerVlc& owner_;  // touched from the event loop only
   QString path_;
@@ -37,7 +37,7 @@ class VideoPlayerVlc::Engine final : public VlcEngine {
   Tracks sounds_, subtitles_;  // as last told
   std::atomic<int> file_{0}, run_{0};
   std::atomic<bool> trackFound_{false};
-  std::mutex shapeMutex_;  // of media_, for pixelShape
+  std::mutex shapeMutex_;  // of media_, for shape()
 };
 
 }  // namespace korvane

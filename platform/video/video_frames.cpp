@@ -10,6 +10,7 @@ namespace {
 
 constexpr int kMostHeld = 2;
 constexpr int kLargestSide = 16384;          // pixels, of a room and of a movie
+constexpr int kMostPadding = 128;            // pixels beyond the visible ones
 constexpr int kLargestStandardHeight = 576;  // above it, colours are those of HD television
 
 int chroma(int pixels) {
@@ -100,16 +101,21 @@ void VideoFrames::setSource(int file) {
   ready_.reset();
 }
 
-// The visible size stands behind the whole one in what libVLC hands over only where they differ in
-// its own structure; what is asked for here is scaled from the visible part.
+// libVLC hands over the size that the decoder works in, with rows and columns beyond the visible
+// ones. It fills whatever size is asked for with the visible part.
 unsigned VideoFrames::begin(unsigned* width, unsigned* height, unsigned* pitches, unsigned* lines) {
-  const int w = static_cast<int>(*width), h = static_cast<int>(*height);
+  int w = static_cast<int>(*width), h = static_cast<int>(*height);
   if (w <= 0 || h <= 0 || w > kLargestSide || h > kLargestSide) return 0;
-  const double shape = pixelShape ? pixelShape() : 1;
+  const VideoShape seen = shape ? shape() : VideoShape();
+  if (w >= seen.width && h >= seen.height && w - seen.width < kMostPadding &&
+      h - seen.height < kMostPadding && seen.width > 0 && seen.height > 0) {
+    *width = static_cast<unsigned>(w = seen.width);
+    *height = static_cast<unsigned>(h = seen.height);
+  }
   const std::lock_guard lock(planesMutex_);
   width_ = w;
   height_ = h;
-  shape_ = shape;
+  pixelShape_ = seen.pixel;
   decoded_ = false;
   planes_.resize(planarSize(w, h));
   pitches[0] = *width;
@@ -187,7 +193,7 @@ std::shared_ptr<VideoFrames::Owned> VideoFrames::made() {
   ready_.reset();
   {
     const std::lock_guard lock(mutex_);
-    layout = layOut(width_, height_, shape_, room_.width, room_.height, room_.fit);
+    layout = layOut(width_, height_, pixelShape_, room_.width, room_.height, room_.fit);
     if (source_ != expected_ || !decoded_ || layout.toWidth <= 0) return nullptr;
     if (!(frame = spare())) return nullptr;
     frame->room = room_;

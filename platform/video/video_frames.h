@@ -19,6 +19,13 @@ struct VideoLayout {
 VideoLayout layOut(int width, int height, double pixelShape, int roomWidth, int roomHeight,
                    VideoFit fit);
 
+// What a file says of its picture: its visible size in pixels, 0 for unknown, and the width of a
+// pixel over its height; as it is to be seen, turned upright.
+struct VideoShape {
+  int width = 0, height = 0;
+  double pixel = 1;
+};
+
 class VideoFrames final : public VideoPicture {
  public:
   using Later = std::function<void(std::function<void()>)>;
@@ -39,8 +46,8 @@ class VideoFrames final : public VideoPicture {
   void setSource(int file);
   void attach(const VlcLibrary& vlc, libvlc_media_player_t* player);
 
-  // The shape of the file's pixels, asked when its picture begins; called on libVLC's threads.
-  std::function<double()> pixelShape;
+  // Of the file at hand, asked when its picture begins; called on libVLC's threads.
+  std::function<VideoShape()> shape;
 
  private:
   struct Owned;
@@ -64,7 +71,7 @@ class VideoFrames final : public VideoPicture {
   std::vector<uchar> planes_, scaled_;
   int width_ = 0, height_ = 0, planesFile_ = 0;
   bool decoded_ = false;  // the planes hold a picture
-  double shape_ = 1;
+  double pixelShape_ = 1;
   std::shared_ptr<Owned> ready_;  // made, and not shown yet
 
   std::mutex mutex_;  // of the rest

@@ -1,3 +1,4 @@
+// The scale of libVLC's volume.
 #pragma once
 
 #include <algorithm>
