@@ -65,9 +65,8 @@ void MovieTransport::start(const Movie& movie) {
   uses_.players.starts(*this);
   playing_ = movie;
   uses_.presenter.backToStart();
-  uses_.presenter.showStatus(movie.path.isEmpty() ? u"Playing  DVD "_s
-                                                  : u"Playing  movie "_s + movie.title);
   become(PlayMode::Playing);
+  showStatus();
   switch (movie.by) {
     case By::Connection:
       uses_.connection.ConnectionMovieSend(u"MOVIE"_s, u"PLAY"_s, movie.path, movie.title);
@@ -111,8 +110,10 @@ void MovieTransport::pause() {
     send(u"PAUSE"_s);
 }
 
-void MovieTransport::pauseHere() {
-  if (here()) pause();
+void MovieTransport::showStatus() {
+  if (mode_ == PlayMode::Stopped || !uses_.players.shows(*this)) return;
+  const bool disc = playing_.dvd && playing_.path.isEmpty();
+  uses_.presenter.showStatus(disc ? u"Playing  DVD "_s : u"Playing  movie "_s + playing_.title);
 }
 
 // Also where nothing seems to play: the Listener may be at work for another console.

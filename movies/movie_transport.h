@@ -49,7 +49,7 @@ class MovieTransport : public Player, public MovieNews, private DvdSeat::News {
   void setMute(bool on) override;
 
   void playActive();  // the active row of the list, whatever plays. Yields.
-  void pauseHere();   // what plays at this seat, whose picture goes. Yields.
+  void showStatus();  // on the line that all share: what plays or is paused
 
   const Movie& playing() const { return playing_; }  // or paused; of before while Stopped
   // Whether its picture belongs into MoviePic or MSWebDVD1 of this seat.

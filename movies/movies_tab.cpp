@@ -47,6 +47,7 @@ void MoviesTab::enter() {
   using enum TransportButton;
   for (const TransportButton button : {Repeat, Random, Continue})
     panel_.cmdControls[at(button)]->visible = false;
+  uses_.transport.showStatus();
   showPage();
   uses_.source.fillList();
   if (parts_.state.gMovieListener) uses_.connection.ConnectionMovieConnect();

@@ -54,7 +54,7 @@ void MusicTab::enter() {
 }
 
 void MusicTab::showStatus() {
-  if (parts_.state.gPlayMode != PlayMode::Stopped) return;
+  if (uses_.players.heard()) return;
   const bool cd = parts_.state.gMusicType == MusicSource::Cd;
   panel_.lblCurrentPlay->caption = cd ? u"CD Stopped"_s : u"Status: Idle"_s;
   panel_.TxtTime->caption = u"--:--:--"_s;

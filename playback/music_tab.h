@@ -21,6 +21,7 @@ class MusicTab : public Tab {
     CoverView& cover;
     MusicConnection& connection;
     MediaPlayer& player;
+    const Players& players;
   };
   explicit MusicTab(Uses uses);
 

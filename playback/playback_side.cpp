@@ -15,7 +15,7 @@ PlaybackSide::PlaybackSide(Desk& d, LibrarySide& library, ListenerSide& listener
       cover(d.frmMain, library.browsing),
       quick({d, library.browsing, transport, listUndo}),
       musicTab({d.parts, library.browsing, library.editor, transport, cd, cover, listener.music,
-                d.system.player}),
+                d.system.player, d.players}),
       volume(d.frmMain, {d.state, d.settings, d.players, transport, d.paging, listener.music,
                          listener.level, d.system.mixer, d.log, d.system.pump}) {
   library.browsing.setSongs(transport);

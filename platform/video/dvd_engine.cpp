@@ -1,5 +1,6 @@
 #include "platform/video/dvd_engine.h"
 
+#include "platform/files/disk_file_system.h"
 #include "platform/path_text.h"
 #include "platform/video/dvd_check.h"
 #include "platform/video/dvd_drive.h"
@@ -41,7 +42,7 @@ void DvdPlayerVlc::Engine::setWindow(quintptr window) {
 
 void DvdPlayerVlc::Engine::setDirectory(const QString& path) {
   end();
-  folder_ = path;
+  folder_ = path.isEmpty() ? path : DiskFileSystem().resolve(path).value_or(path);
   menuSeen_ = false;
 }
 
