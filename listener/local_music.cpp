@@ -17,7 +17,9 @@ const LocalMusic::Entry LocalMusic::kCommands[] = {
     {"CURRENTPOSITION"_L1, &LocalMusic::currentPosition},
 };
 
-LocalMusic::LocalMusic(Uses uses) : uses_(std::move(uses)), level_(uses_.player, uses_.mixer) {
+LocalMusic::LocalMusic(Uses uses)
+    : uses_(std::move(uses)),
+      level_([this](int level) { uses_.player.setVolume(level); }, uses_.mixer) {
   uses_.player.setEvents(this);
 }
 

@@ -26,7 +26,7 @@ int PlayerLevel::now() const {
 
 void PlayerLevel::set(double level) {
   set_ = static_cast<int>(std::clamp(level, 0.0, static_cast<double>(maximum())));
-  if (!mixer_.setLevel(*set_)) player_.setVolume(hundredthsOfDecibel(*set_, maximum()));
+  if (!mixer_.setLevel(*set_)) setPlayer_(hundredthsOfDecibel(*set_, maximum()));
 }
 
 }  // namespace korvane

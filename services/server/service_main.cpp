@@ -39,6 +39,11 @@ int ServiceParts::run() {
 int serviceMain(int argc, char** argv, const ServiceFrame& frame,
                 const std::function<int(const Options&, const ServerOptions&, QString*)>& serve) {
   const QCoreApplication application(argc, argv);
+  return serviceRun(frame, serve);
+}
+
+int serviceRun(const ServiceFrame& frame,
+               const std::function<int(const Options&, const ServerOptions&, QString*)>& serve) {
   std::vector<Option> table(frame.options.begin(), frame.options.end());
   table.insert(table.end(), std::begin(kServerOptions), std::end(kServerOptions));
   QString error;
