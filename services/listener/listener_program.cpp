@@ -162,7 +162,7 @@ bool wantsScreen(const Options& options) {
   return options.has("movie-root") || options.has("dvd");
 }
 
-int runListener(const MakeMovieDoors& makeDoors) {
+int runListener(const QStringList& arguments, const MakeMovieDoors& makeDoors) {
   const auto serve = [&](const Options& options, const ServerOptions& given, QString* error) {
     const std::optional<Chosen> chosen = chosenOf(options, error);
     if (!chosen) return 1;
@@ -196,7 +196,7 @@ int runListener(const MakeMovieDoors& makeDoors) {
     }
     return parts.run();
   };
-  return serviceRun(kFrame, serve);
+  return serviceRun(kFrame, arguments, serve);
 }
 
 }  // namespace korvane

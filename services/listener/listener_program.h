@@ -25,8 +25,9 @@ using MakeMovieDoors = std::function<MovieDoors(Pump& pump, const QString& place
 // Whether these options ask for movies.
 bool wantsScreen(const Options& options);
 
-// Until SIGTERM; the exit code. It wants a QCoreApplication, and one with widgets where `makeDoors`
-// makes a screen; a program without it is never given options that want one.
-int runListener(const MakeMovieDoors& makeDoors);
+// Until SIGTERM; the exit code. `arguments` are those behind the program's name. It wants a
+// QCoreApplication, and one with widgets where `makeDoors` makes a screen; a program without it is
+// never given options that want one.
+int runListener(const QStringList& arguments, const MakeMovieDoors& makeDoors);
 
 }  // namespace korvane

@@ -36,5 +36,5 @@ int main(int argc, char** argv) {
     return 1;
   }
   const QCoreApplication application(argc, argv);
-  return runListener({});
+  return runListener(QCoreApplication::arguments().mid(1), {});
 }
