@@ -2,6 +2,7 @@
 
 #include <QFileInfo>
 #include <QSysInfo>
+#include <list>
 
 #include "library/tags/any_cover.h"
 #include "platform/files/disk_file_system.h"

@@ -249,10 +249,14 @@ void MovieService::tellPosition() {
 }
 
 void MovieService::endOfMovie() {
-  if (source_ == Source::File) endOfDisc();
+  if (source_ == Source::File) ended();
 }
 
 void MovieService::endOfDisc() {
+  if (discPlays()) ended();
+}
+
+void MovieService::ended() {
   tellAll({u"ENDOFSTREAM"_s});
   end(0);
 }

@@ -75,6 +75,7 @@ class MovieService : private ListenerPart, private VideoPlayer::Events, private 
   void playDisc(const Command& command, const QString& folder, const QString& title);
   void begun(const Command& command, const QString& title, const QString& path);
   bool end(Peer asker);
+  void ended();
   void letGo();
   void setLarge(bool large);
   void arrow(DvdPlayer::Arrow towards);
