@@ -1,13 +1,16 @@
-// What peers send to the Master Listener and to a Music Listener. A byte of 3 ends a delivery, one
-// of 4 a connection.
+// What peers send to the Master Listener and to a Listener of music and movies. A byte of 3 ends a
+// delivery, one of 4 a connection.
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
 
 #include "platform/files/disk_file_system.h"
+#include "services/listener/movie_service.h"
 #include "services/listener/music_service.h"
 #include "services/master/master_service.h"
 #include "tests/fakes/fake_media_player.h"
+#include "tests/fakes/fake_movie_screen.h"
 #include "tests/fakes/fake_system.h"
 #include "tests/fakes/fake_tcp_server.h"
 
@@ -29,7 +32,7 @@ struct Quiet : ServiceLog {
 struct World {
   FakeSystem system;
   FakeTcpServer tcp;
-  FakeTicker ticker, turns, musicTimer;
+  FakeTicker ticker, turns, musicTimer, movieTimer;
   AllowList allow;
   Quiet log{system.clock, "fuzz"};
   RecordServer server{{tcp, ticker, turns, system.clock, log, allow, {}}};
@@ -64,16 +67,30 @@ struct CheckedPlayer : FakeMediaPlayer {
   QString root;
 };
 
+struct CheckedVideo : FakeVideoPlayer {
+  explicit CheckedVideo(QString below) : root(std::move(below)) {}
+  void open(const QString& path) override {
+    require(path.startsWith(root + u'/') && !path.contains("/../"_L1));
+    calls.clear();
+    FakeVideoPlayer::open(path);
+  }
+  QString root;
+};
+
+bool written(const QTemporaryDir& root, const QString& name) {
+  QDir(root.path()).mkpath(QFileInfo(root.filePath(name)).path());
+  QFile file(root.filePath(name));
+  return file.open(QIODevice::WriteOnly) && file.write("x") == 1;
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   const QByteArray stream(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
   static const QTemporaryDir root;
-  static const bool song = [] {
-    QFile file(root.filePath(u"a.mp3"_s));
-    return file.open(QIODevice::WriteOnly) && file.write("x") == 1;
-  }();
-  require(song);
+  static const bool made = written(root, u"a.mp3"_s) && written(root, u"a.avi"_s) &&
+                           written(root, u"D/VIDEO_TS/VIDEO_TS.IFO"_s);
+  require(made);
   {
     World world;
     const MasterService master({world.server, world.log, WireText::Windows1252, world.allow,
@@ -82,18 +99,23 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     require(master.table().entries().isEmpty());
   }
   World world;
-  CheckedPlayer player(QFileInfo(root.path()).canonicalFilePath());
+  const QString top = QFileInfo(root.path()).canonicalFilePath();
+  CheckedPlayer player(top);
+  CheckedVideo video(top);
+  FakeDvdPlayer dvd;
+  FakeMovieScreen screen;
   static const DiskFileSystem files;
+  const MediaRoots roots{{root.path()}, {{u"Z:"_s, root.path()}}};
+  ListenerService listener({world.server, world.system.mixer, WireText::Utf8});
   const MusicService music(
-      {world.server,
-       files,
-       player,
-       world.system.mixer,
-       world.musicTimer,
-       world.system.pump,
-       world.log,
-       {},
-       {{{root.path()}, {{u"Z:"_s, root.path()}}}, WireText::Utf8, 1000, true}});
+      {listener, files, player, world.musicTimer, world.system.pump, world.log, {}, {roots, 1000}});
+  const MovieService movies(
+      {listener, files, video, dvd, screen, world.movieTimer, world.log, {roots, {}, 1000}});
   serve(world, stream);
+  require(dvd.DVDDirectory().isEmpty() || dvd.DVDDirectory().startsWith(top + u'/'));
+  const int sounding = (player.playState() == MediaPlayer::Playing) +
+                       (video.state() == VideoPlayer::Playing) +
+                       (dvd.state() == DvdPlayer::Playing);
+  require(sounding <= 1);
   return 0;
 }

@@ -1,6 +1,7 @@
 #include "listener/listener_record.h"
 
 #include <QLocale>
+#include <QTime>
 
 #include "platform/windows1252.h"
 
@@ -99,6 +100,20 @@ bool isTime(double seconds) {
 QString minutesAndSeconds(double seconds) {
   const auto whole = static_cast<qint64>(std::clamp(seconds, 0.0, kLongestSeconds));
   return u"%1:%2"_s.arg(whole / 60).arg(whole % 60, 2, 10, QChar(u'0'));
+}
+
+QString fileTimes(double position, double length) {
+  return u"Current= "_s + minutesAndSeconds(position) + u" -- Remaining= "_s +
+         minutesAndSeconds(length - position);
+}
+
+QString discTimes(int chapter, int chapters, int position, int length) {
+  const auto clock = [](int seconds) {
+    return QTime::fromMSecsSinceStartOfDay(1000 * std::clamp(seconds, 0, 86'399))
+        .toString(u"hh:mm:ss"_s);
+  };
+  return u"Chapter %1 of %2  Time:%3 Total:%4"_s.arg(chapter).arg(chapters).arg(clock(position),
+                                                                                clock(length));
 }
 
 }  // namespace korvane

@@ -102,4 +102,9 @@ bool isTime(double seconds);
 // Seconds as M:SS, cut to whole ones; minutes are not folded into hours. Below 0 reads "0:00".
 QString minutesAndSeconds(double seconds);
 
+// What the slider says of a file that plays, of these seconds.
+QString fileTimes(double position, double length);
+// And of a disc.
+QString discTimes(int chapter, int chapters, int position, int length);
+
 }  // namespace korvane

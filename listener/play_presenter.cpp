@@ -42,8 +42,7 @@ void PlayPresenter::DisplayDuration(double seconds) {
 
 void PlayPresenter::ShowSliderTimes() {
   const double now = panel_.Slider1->value(), end = panel_.Slider1->maximum();
-  panel_.Slider1->text =
-      u"Current= "_s + minutesAndSeconds(now) + u" -- Remaining= "_s + minutesAndSeconds(end - now);
+  panel_.Slider1->text = fileTimes(now, end);
   panel_.TxtTime->caption = minutesAndSeconds(now);
 }
 

@@ -8,12 +8,26 @@
 
 namespace korvane {
 
-EndSignal::EndSignal(std::function<void()> end) {
+namespace {
+
+sigset_t heldSignals() {
   sigset_t signals;
   sigemptyset(&signals);
   sigaddset(&signals, SIGTERM);
   sigaddset(&signals, SIGINT);
+  return signals;
+}
+
+}  // namespace
+
+void EndSignal::hold() {
+  const sigset_t signals = heldSignals();
   pthread_sigmask(SIG_BLOCK, &signals, nullptr);
+}
+
+EndSignal::EndSignal(std::function<void()> end) {
+  hold();
+  const sigset_t signals = heldSignals();
   std::signal(SIGPIPE, SIG_IGN);
   file_ = signalfd(-1, &signals, SFD_NONBLOCK | SFD_CLOEXEC);
   notifier_ = std::make_unique<QSocketNotifier>(file_, QSocketNotifier::Read);

@@ -10,8 +10,12 @@ namespace korvane {
 
 class EndSignal {
  public:
-  // One at a time, and before any thread is begun: a thread of before would still end the program.
-  // `end` is called for each signal that comes.
+  // Leaves the signals to an EndSignal that is made later; for a program whose application object
+  // begins threads.
+  static void hold();
+
+  // One at a time, and before any thread is begun, unless hold() was: a thread of before would
+  // still end the program. `end` is called for each signal that comes.
   explicit EndSignal(std::function<void()> end);
   ~EndSignal();
 

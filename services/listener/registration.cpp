@@ -27,10 +27,10 @@ void Registration::Connect() {
   socket_.SendData(encode(replyRecord({u"ML"_s, u"REG"_s, entry_.name, address,
                                        QString::number(entry_.port), entry_.type, entry_.type}),
                           entry_.encoding));
-  log_.say(u"registered with the Master Listener at %1 port %2 as \"%3\", %4 port %5"_s
+  log_.say(u"registered with the Master Listener at %1 port %2 as %3 \"%4\", %5 port %6"_s
                .arg(socket_.RemoteHost)
                .arg(socket_.RemotePort)
-               .arg(entry_.name, address)
+               .arg(entry_.type, entry_.name, address)
                .arg(entry_.port));
 }
 

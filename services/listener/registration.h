@@ -16,7 +16,7 @@ class Registration : private Winsock::Events {
     QString name;
     QString address;  // that consoles connect to; empty for that of the connection
     quint16 port = 0;
-    QString type;  // "MUSIC"
+    QString type;  // "MUSIC" or "MOVIES"
     WireText encoding = WireText::Windows1252;
   };
 

@@ -32,9 +32,10 @@ QString RecordServer::address(Peer peer) const {
   return found == peers_.end() ? QString() : found->second.address;
 }
 
-QList<TcpServer::Peer> RecordServer::peers() const {
+QList<TcpServer::Peer> RecordServer::peers(unsigned groups) const {
   QList<Peer> all;
-  for (const auto& [peer, connection] : peers_) all << peer;
+  for (const auto& [peer, connection] : peers_)
+    if (!groups || (connection.groups & groups)) all << peer;
   return all;
 }
 
@@ -146,8 +147,11 @@ void RecordServer::drop(Peer peer, const QString& why) {
   if (service_) service_->left(peer);
 }
 
-void RecordServer::keep(Peer peer) {
-  if (Connection* connection = find(peer)) connection->kept = true;
+void RecordServer::keep(Peer peer, unsigned groups) {
+  Connection* connection = find(peer);
+  if (!connection) return;
+  connection->kept = true;
+  connection->groups |= groups;
 }
 
 // A peer that does not read is dropped by the next look and not here, where its service may be in
@@ -163,12 +167,13 @@ void RecordServer::send(Peer peer, const QByteArray& record) {
   connection->outbox.clear();
 }
 
-void RecordServer::sendAll(const QByteArray& record) {
-  for (const Peer peer : peers()) send(peer, record);
+void RecordServer::sendAll(const QByteArray& record, unsigned groups) {
+  for (const Peer peer : peers(groups)) send(peer, record);
 }
 
-void RecordServer::sendAllPicture(const QByteArray& announcement, const QByteArray& picture) {
-  for (const Peer peer : peers()) {
+void RecordServer::sendAllPicture(const QByteArray& announcement, const QByteArray& picture,
+                                  unsigned groups) {
+  for (const Peer peer : peers(groups)) {
     if (Connection* connection = find(peer); connection && !connection->overfull)
       connection->outbox.putPicture(announcement, picture);
     push(peer);

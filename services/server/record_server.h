@@ -63,19 +63,21 @@ class RecordServer : private TcpServer::Events {
   // Each queues what waits for the peer's machine to take it, and does nothing for one that has
   // gone. A peer for which more waits than limits.unreadBytes loses it and is dropped soon.
   void send(Peer peer, const QByteArray& record);
-  void sendAll(const QByteArray& record);
-  void sendAllPicture(const QByteArray& announcement, const QByteArray& picture);
+  void sendAll(const QByteArray& record, unsigned groups = 0);
+  void sendAllPicture(const QByteArray& announcement, const QByteArray& picture,
+                      unsigned groups = 0);
   void dropPictures();  // that wait and have not been announced
 
-  // That peer takes part: from now on it may be silent for as long as its connection stands.
-  void keep(Peer peer);
+  // That peer takes part, also in these groups, which are bits: from now on it may be silent for as
+  // long as its connection stands.
+  void keep(Peer peer, unsigned groups = 0);
 
   // A connection that has ended counts until what it sent has been handled.
   int count() const { return static_cast<int>(peers_.size()); }
   bool has(Peer peer) const { return peers_.contains(peer); }
-  QList<Peer> peers() const;
-  QString address(Peer peer) const;  // empty for one that has gone
-  qint64 queuedBytes() const;        // of records that wait here for all peers
+  QList<Peer> peers(unsigned groups = 0) const;  // in one of these; without groups all
+  QString address(Peer peer) const;              // empty for one that has gone
+  qint64 queuedBytes() const;                    // of records that wait here for all peers
   qint64 nowMs() const { return uses_.clock.monotonicMs(); }
 
  private:
@@ -87,6 +89,7 @@ class RecordServer : private TcpServer::Events {
     qint64 secondMs = 0;
     int inSecond = 0;
     bool kept = false;
+    unsigned groups = 0;
     bool ended = false;     // it has gone, and records of it wait for their turn
     bool overfull = false;  // it did not read; what waited is thrown away
   };

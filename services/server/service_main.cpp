@@ -39,10 +39,15 @@ int ServiceParts::run() {
 int serviceMain(int argc, char** argv, const ServiceFrame& frame,
                 const std::function<int(const Options&, const ServerOptions&, QString*)>& serve) {
   const QCoreApplication application(argc, argv);
+  return serviceRun(frame, QCoreApplication::arguments().mid(1), serve);
+}
+
+int serviceRun(const ServiceFrame& frame, const QStringList& arguments,
+               const std::function<int(const Options&, const ServerOptions&, QString*)>& serve) {
   std::vector<Option> table(frame.options.begin(), frame.options.end());
   table.insert(table.end(), std::begin(kServerOptions), std::end(kServerOptions));
   QString error;
-  const auto options = Options::parse(table, QCoreApplication::arguments().mid(1), &error);
+  const auto options = Options::parse(table, arguments, &error);
   if (!options) return complain(frame, error);
   if (options->has("help") || options->has("version")) {
     const QString text = options->has("help")

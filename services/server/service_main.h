@@ -35,6 +35,12 @@ struct ServiceParts {
   RecordServer server;
 };
 
+// As serviceMain(), where there is a QCoreApplication already; `arguments` are those behind the
+// program's name.
+int serviceRun(
+    const ServiceFrame& frame, const QStringList& arguments,
+    const std::function<int(const Options&, const ServerOptions&, QString* error)>& serve);
+
 // Parses the command line, answers --help and --version, and else calls `serve`, which returns the
 // exit code; with `error` set that is said on standard error and the code is 1.
 int serviceMain(

@@ -28,11 +28,11 @@ def signs(data):
 
 
 class Daemon:
-    def __init__(self, program, *arguments):
+    def __init__(self, program, *arguments, **further):
         self.log = folder / f"{pathlib.Path(program).name}.{time.monotonic_ns()}.log"
         # AddressSanitizer would keep what was freed, which counts as memory in use.
         sanitizer = os.environ.get("ASAN_OPTIONS", "") + ":quarantine_size_mb=1"
-        environment = dict(os.environ, KORVANE_VLC_ARGS="--aout=adummy", ASAN_OPTIONS=sanitizer)
+        environment = dict(os.environ, KORVANE_VLC_ARGS="--aout=adummy", ASAN_OPTIONS=sanitizer, **further)
         self.process = subprocess.Popen([program, "--as-root", *arguments], stderr=self.log.open("w"),
                                         env=environment)
         atexit.register(self.process.kill)  # a test that fails leaves no daemon behind
@@ -77,9 +77,9 @@ class Peer:
             got = self.record()
             assert re.fullmatch(wanted, got), f"{got} in place of {wanted}"
 
-    def until(self, pattern):
+    def until(self, pattern, passed=("MUSICTIMER", "MUSICDURATION")):
         while not re.fullmatch(pattern, got := self.record()):
-            assert got.split("|")[0] in ("MUSICTIMER", "MUSICDURATION"), f"{got} before {pattern}"
+            assert got.split("|")[0] in passed, f"{got} before {pattern}"
 
     def ended(self):
         try:
@@ -157,6 +157,22 @@ assert "QIODevice" not in listener.log.read_text()
 listener.wait("more than 500 records")
 listener.process.terminate()
 assert listener.process.wait(timeout=10) == 0, "its log has no more room for its end"
+# With movies it is two entries behind one port, and a connection hears its own part alone.
+if pathlib.Path(LISTENER).with_name("korvane-listener-movies").exists():
+    both = Daemon(LISTENER, "--port", "0", *arguments, "--movie-root", str(root), QT_QPA_PLATFORM="offscreen")
+    for kind in ("MUSIC", "MOVIES"):
+        console.until(rf"NEW\|Salon~127\.0\.0\.1~{both.port}~{kind}", ("NEW",))
+    films, songs = Peer(both), Peer(both)
+    films.say("MOVIE|STATUS$MOVIE|PLAY|/etc/passwd|x$")
+    films.expect(r"MOVIEPLAYERSTATE\|STOP", r"MAXVOLUME\|\d+", r"VOLUME\|\d+", r"MOVIEERROR\|File not found")
+    songs.say("MUSIC|PLAY|four seconds.wav|x$MUSIC|VOLUME|9$")
+    songs.until(r"VOLUME\|9", ("MUSICTIMER", "MUSICDURATION", "SONGPLAYING", "MEDIAPLAYERSTATE"))
+    films.expect(r"VOLUME\|9")
+    both.end()
+    nowhere = {name: value for name, value in os.environ.items()
+               if name not in ("DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM")}
+    refused = subprocess.run([LISTENER, "--as-root", "--movie-root", str(root)], env=nowhere, capture_output=True)
+    assert refused.returncode == 1 and b"no display" in refused.stderr, refused
 master.end()
 for program in (MASTER, LISTENER):
     refused = subprocess.run([program, "--port", "0", "--root", str(root), "--nonsense"], capture_output=True)

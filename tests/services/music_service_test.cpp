@@ -29,16 +29,16 @@ struct MusicServiceTest : ServiceWorld {
   QByteArray cover;
   RecordServer server{{tcp, doorTicker, turns, system.clock, log, allow, limits}};
   DiskFileSystem files;
+  ListenerService listener{{server, system.mixer}};
   MusicService music{
-      {server,
+      {listener,
        files,
        player,
-       system.mixer,
        musicTimer,
        system.pump,
        log,
        [this](const QString&) { return cover.isEmpty() ? std::nullopt : std::optional(cover); },
-       {{{root.path()}, {}}, WireText::Windows1252, 1000, true}}};
+       {{{root.path()}, {}}, 1000}}};
 };
 
 TEST_F(MusicServiceTest, EveryCommandAndItsAnswers) {
@@ -206,7 +206,7 @@ struct SongPathsTest : testing::Test {
 
   TemporaryHome home;
   const QString top = QFileInfo(home.path()).canonicalFilePath();
-  const SongRoots roots{{at("music")}, {{u"Q:\\Songs"_s, at("music/Blues")}}};
+  const MediaRoots roots{{at("music")}, {{u"Q:\\Songs"_s, at("music/Blues")}}};
   DiskFileSystem files;
 };
 
@@ -221,7 +221,7 @@ TEST_F(SongPathsTest, WhatAConsoleCallsIt) {
       {at("music/inside.mp3"), "music/top.mp3"},
   };
   for (const auto& [path, file] : table)
-    EXPECT_EQ(findSongBelow(files, roots, path), at(file)) << qUtf8Printable(path);
+    EXPECT_EQ(findBelow(files, roots, kSongEndings, path), at(file)) << qUtf8Printable(path);
 }
 
 TEST_F(SongPathsTest, NothingOutsideOfTheRootsAndNothingThatIsNoSong) {
@@ -240,7 +240,8 @@ TEST_F(SongPathsTest, NothingOutsideOfTheRootsAndNothingThatIsNoSong) {
     tried << QString(QChar(byte)) + u"../secret/s.mp3"_s
           << u".."_s + QChar(byte) + u"/secret/s.mp3"_s;
   for (const QString& path : tried)
-    EXPECT_EQ(findSongBelow(files, roots, path), std::nullopt) << qUtf8Printable(path.left(80));
+    EXPECT_EQ(findBelow(files, roots, kSongEndings, path), std::nullopt)
+        << qUtf8Printable(path.left(80));
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "services/listener/song_paths.h"
+#include "services/listener/media_paths.h"
 
 #include "platform/files/contained_file.h"
 #include "platform/path_text.h"
@@ -8,17 +8,13 @@ namespace {
 
 constexpr qsizetype kLongestPath = 2000, kMostFolders = 64, kMostPlaces = 64;
 
-// A playlist or a text that the player would follow to other files is no song.
-constexpr QLatin1StringView kEndings[] = {
-    ".mp3"_L1, ".wma"_L1, ".wav"_L1, ".flac"_L1, ".ogg"_L1,  ".oga"_L1, ".opus"_L1,
-    ".m4a"_L1, ".aac"_L1, ".mp2"_L1, ".aif"_L1,  ".aiff"_L1, ".ape"_L1, ".wv"_L1,
-};
+constexpr QLatin1StringView kDiscTable[] = {"/VIDEO_TS.IFO"_L1};
 
-bool isSong(const QString& name) {
-  return std::any_of(std::begin(kEndings), std::end(kEndings), [&](QLatin1StringView ending) {
-    return name.endsWith(ending, Qt::CaseInsensitive);
-  });
-}
+// A file that may be meant: below that root, without "." and "..".
+struct Place {
+  QString root, below;
+  bool operator==(const Place&) const = default;
+};
 
 // Whether a name on disk, which may be written with escapes, is one name and no way upwards.
 bool isOneName(const QString& part) {
@@ -47,17 +43,15 @@ QString joined(const QStringList& parts, qsizetype from) {
   return parts.mid(from).join(u'/');
 }
 
-}  // namespace
-
-QList<SongPlace> songPlaces(const SongRoots& roots, const QString& path) {
+// The likeliest first.
+QList<Place> placesOf(const MediaRoots& roots, const QString& path) {
   const QStringList parts = path.size() <= kLongestPath ? partsOf(path) : QStringList();
-  if (parts.isEmpty() || !isSong(parts.last())) return {};
-  QList<SongPlace> places;
+  QList<Place> places;
   const auto add = [&](const QString& root, qsizetype from) {
-    const SongPlace place{root, joined(parts, from)};
+    const Place place{root, joined(parts, from)};
     if (places.size() < kMostPlaces && !places.contains(place)) places << place;
   };
-  for (const SongRoots::Map& map : roots.maps)
+  for (const MediaRoots::Map& map : roots.maps)
     if (const QStringList first = partsOf(map.from); beginsWith(parts, first))
       add(map.to, first.size());
   for (const QString& root : roots.roots)
@@ -67,14 +61,31 @@ QList<SongPlace> songPlaces(const SongRoots& roots, const QString& path) {
   return places;
 }
 
-std::optional<QString> findSongBelow(const FileSystem& files, const SongRoots& roots,
-                                     const QString& path) {
-  for (const SongPlace& place : songPlaces(roots, path)) {
+}  // namespace
+
+std::optional<QString> findBelow(const FileSystem& files, const MediaRoots& roots,
+                                 std::span<const QLatin1StringView> endings, const QString& path) {
+  const bool fits = std::any_of(endings.begin(), endings.end(), [&](QLatin1StringView ending) {
+    return path.endsWith(ending, Qt::CaseInsensitive);
+  });
+  if (!fits) return std::nullopt;
+  for (const Place& place : placesOf(roots, path)) {
     const std::optional<QString> found = files.resolve(place.root + u'/' + place.below);
     if (!found) continue;
-    if (const auto song = containedFile(place.root, *found)) return song;
+    if (const auto file = containedFile(place.root, *found)) return file;
   }
   return std::nullopt;
+}
+
+std::optional<QString> findDiscBelow(const FileSystem& files, const MediaRoots& roots,
+                                     const QString& path) {
+  const QStringList parts = path.size() <= kLongestPath ? partsOf(path) : QStringList();
+  if (parts.isEmpty()) return std::nullopt;
+  const bool within = parts.last().compare("VIDEO_TS"_L1, Qt::CaseInsensitive) == 0;
+  const QString table =
+      joined(parts, 0) + (within ? u"/VIDEO_TS.IFO"_s : u"/VIDEO_TS/VIDEO_TS.IFO"_s);
+  const auto found = findBelow(files, roots, kDiscTable, table);
+  return found ? std::optional(found->section(u'/', 0, -2)) : std::nullopt;
 }
 
 }  // namespace korvane
