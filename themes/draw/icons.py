@@ -52,6 +52,9 @@ FRAME_OPEN = ('M10.5 19.5H5.5A2.5 2.5 0 0 1 3 17V7A2.5 2.5 0 0 1 5.5 4.5h13A2.5 
 SEAT = ('M6.9 2.9h1.3a2 2 0 0 1 2 1.7l1.3 7.7h5.2a2.3 2.3 0 0 1 0 4.6H8.9a2.2 2.2 0 0 1-2.2-1.8'
         'L4.9 5.3a2 2 0 0 1 2-2.4z')
 
+TEN = 'M8.5 11.5l1.5-1.1v5.6' + rect(12.4, 10.4, 3.2, 5.6, 1.6)
+SHACKLE_SHUT, SHACKLE_OPEN = ('M7.8 10.6V7.4a4.2 4.2 0 0 1 8.4 0v3.2', 'M7.8 10.6V7a4.2 4.2 0 0 1 8.1-1.6')
+
 ICONS = {
     # the tabs
     'main': both('M5.6 9.2V18.4a2 2 0 0 0 2 2h8.8a2 2 0 0 0 2-2V9.2L12 4z')
@@ -133,6 +136,20 @@ ICONS = {
     'menu': line('M4 6.4h16M4 12h16M4 17.6h9.6'),
     'fullscreen': line('M4 9V5.8A1.8 1.8 0 0 1 5.8 4H9M15 4h3.2A1.8 1.8 0 0 1 20 5.8V9M20 15v3.2'
                        'a1.8 1.8 0 0 1-1.8 1.8H15M9 20H5.8A1.8 1.8 0 0 1 4 18.2V15'),
+
+    # upon a movie
+    'back10': line('M3.4 13a8.6 8.6 0 1 0 2.6-6.4L3.4 9.2M3.2 5.2V9.4h4.2', TEN),
+    'on10': line('M20.6 13a8.6 8.6 0 1 1-2.6-6.4L20.6 9.2M20.8 5.2V9.4h-4.2', TEN),
+    'tracks': both(SPEAKER) + line('M15.4 9.4a3.8 3.8 0 0 1 0 5.2M18.2 6.2h3M19.2 12h2M18.2 17.8h3'),
+    'subtitles': both(rect(2.8, 4.6, 18.4, 14.8, 2.5)) + line('M6.4 12.4h2.2M11.6 12.4h6M6.4 15.8h7M16.4 15.8h1.2'),
+    'discmenu': [('soft', circle(10.8, 10.8, 8))]
+        + line('M18.7 9.6A8 8 0 1 0 9.6 18.7', circle(10.8, 10.8, 2.2), 'M13.6 14.4h7.6M13.6 17.8h7.6M13.6 21.2h4.6'),
+    'fit': both(rect(2.8, 4.6, 18.4, 14.8, 2.5))
+        + line('M10.2 13.8l-4 2.6M6 13.6v2.9h3M13.8 10.2l4-2.6M18 10.4V7.5h-3'),
+    'lockopen': both(rect(5, 10.6, 14, 10, 2.2)) + line(SHACKLE_OPEN, 'M12 14.4v2.4'),
+    'lockshut': both(rect(5, 10.6, 14, 10, 2.2)) + line(SHACKLE_SHUT, 'M12 14.4v2.4'),
+    'film': both(rect(2.8, 4.6, 18.4, 14.8, 2.2))
+        + line('M7 4.8v14.4M17 4.8v14.4M3 9.5h4M3 14.5h4M17 9.5h4M17 14.5h4'),
 
     # where the sound and the picture come from and go to
     'seat': both(SEAT) + line('M8 21h9.6M12.8 17v4M14 8.6h4.4'),

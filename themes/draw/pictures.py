@@ -5,7 +5,10 @@ partner shows: 'lit' where the state lasts (a tab, a list, a mode), 'pressed' wh
 touch itself.
 """
 
+import dataclasses
+
 import tiles
+from palette import MERIDIAN
 
 # The dawn stands elsewhere on each group's background.
 GLOWS = {'main': 640, 'music': 900, 'movies': 380, 'photos': 1060, 'maps': 220, 'more': 760,
@@ -45,6 +48,26 @@ class Table:
     def switch(self, on, off, icon, word):
         self.captioned(on, 'lit', 107, 84, icon, word)
         self.captioned(off, 'off', 107, 84, icon, word)
+
+
+def on_movies(t, palette, contrasts):
+    """The controls upon a movie: their card is dark in both themes, and so are they."""
+    dark = dataclasses.replace(MERIDIAN, name=palette.name)
+    for suffix, state in (('', 'normal'), ('b', 'pressed')):
+        pair = state + ', on a movie'
+        for name, icon in (('bigplay', 'play'), ('bigpause', 'pause')):
+            t.put('movies/' + name + suffix, tiles.big(dark, state, 120, 124, icon, pair, contrasts))
+        for name, icon, word in (('back10', 'back10', '10 s back'), ('on10', 'on10', '10 s on'),
+                                 ('prevchapter', 'prev', 'Previous'), ('nextchapter', 'next', 'Next'),
+                                 ('tracks', 'tracks', 'Sound'), ('subtitles', 'subtitles', 'Subtitles'),
+                                 ('discmenu', 'discmenu', 'Menu'), ('fit', 'fit', 'Fit'),
+                                 ('lock', 'lockopen', 'Lock'), ('leave', 'leave', 'Leave')):
+            t.put('movies/' + name + suffix,
+                  tiles.captioned(dark, state, 96, 112, icon, word, pair, contrasts, grid=46))
+        t.put('movies/locked' + suffix, tiles.captioned(dark, state, 120, 124, 'lockshut', 'Hold to open', pair,
+                                                       contrasts, size=15.5, grid=54))
+        for name, icon in (('noposter', 'film'), ('noposterdvd', 'dvd')):
+            t.put('movies/' + name + suffix, tiles.no_poster(palette, bool(suffix), icon, contrasts))
 
 
 def draw(palette, contrasts):
@@ -153,6 +176,7 @@ def draw(palette, contrasts):
     # movies and photos
     t.pressable('movies/menu', 'pressed', 107, 84, 'menu', 'Menu')
     t.pressable('movies/fullscreen', 'pressed', 107, 84, 'fullscreen', 'Full screen')
+    on_movies(t, palette, contrasts)
     t.pressable('photos/manage', 'pressed', 107, 84, 'manage', 'Manage')
     for suffix, pressed in (('', False), ('b', True)):
         t.put('photos/UpDirectory' + suffix, tiles.folder(palette, pressed, True, contrasts))

@@ -191,6 +191,16 @@ def answer(palette, state, w, h, icon_name, word, leading, pair, contrasts, size
     return tile.word(word, size, left + grid + gap, middle + cap / 2, anchor='start').svg()
 
 
+def big(palette, state, w, h, icon_name, pair, contrasts, grid=58):
+    """An icon on a round tile, for what lies in the middle of a picture."""
+    tile = Tile(palette, state, w, h, pair, contrasts)
+    s, middle, radius = tile.state, (tile.low + INSET) / 2, min(w - 2 * INSET, tile.low - INSET) / 2
+    ring = '<circle cx="%s" cy="%s" r="%s" fill="%s"%s/>'
+    tile.body = [ring % (n(w / 2), n(middle + 2.5), n(radius), palette.shade, ' fill-opacity="%s"' % n(s.shadow)),
+                 ring % (n(w / 2), n(middle), n(radius), 'url(#b)', ' stroke="url(#e)" stroke-width="2"')]
+    return tile.icon(icon_name, (w - grid) / 2, middle - grid / 2, grid).svg()
+
+
 # Backgrounds ------------------------------------------------------------------------------------
 
 W, H = 1280, 768
@@ -265,6 +275,22 @@ def empty_art(palette, contrasts):
             + '<circle cx="111" cy="111" r="46" fill="%s" fill-opacity="0.16"/>' % palette.glow_lit
             + icon('music', 111 - 26, 111 - 26, 52, palette.accent, palette.soft))
     return svg(222, 222, body, defs)
+
+
+def no_poster(palette, pressed, icon_name, contrasts):
+    """Stands in for a movie's still: a frame of film or a disc in the dusk."""
+    top, bottom = palette.art
+    colour = palette.ink if pressed else palette.accent
+    defs = (linear('b', 0, 0, 0, 72, [(0, top, 1), (1, bottom, 1)])
+            + radial('g', 48, 80, 80, 44, fade(palette.glow, palette.glow_share * 1.6)))
+    grounds = []
+    for y in range(14, 59, 4):
+        ground = mix(rgb(top), rgb(bottom), y / 72)
+        grounds.append(mix(ground, rgb(palette.glow), fade_at((80 - y) / 44, palette.glow_share * 1.6)))
+    contrasts.note(palette.name, 'stand-in for a still: icon', rgb(colour), grounds)
+    body = (rect(0, 0, 96, 72, 6, 'url(#b)') + rect(0, 0, 96, 72, 6, 'url(#g)')
+            + icon(icon_name, 48 - 21, 36 - 21, 42, colour, palette.soft))
+    return svg(96, 72, body, defs)
 
 
 def folder(palette, pressed, up, contrasts):
