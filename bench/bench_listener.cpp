@@ -16,7 +16,7 @@
 
 #include "bench/bench.h"
 #include "bench/bench_music.h"
-#include "platform/sound/vlc_library.h"
+#include "platform/vlc/vlc_library.h"
 
 namespace korvane {
 namespace {
@@ -170,7 +170,6 @@ class BarePlayer {
   }
   ~BarePlayer() {
     if (player_) vlc_->libvlc_media_player_release(player_);
-    if (instance_) vlc_->libvlc_release(instance_);
   }
   BarePlayer(const BarePlayer&) = delete;
   bool stands() const { return player_; }

@@ -60,6 +60,7 @@ struct Player : TransportNews {
   MusicParts parts;
   Settings settings{disk, pump, parts.state, home.path()};
   MediaPlayerVlc player{pump, {u"--aout=adummy"_s}};
+  PlayerLevel level{player, parts.system.mixer};
   MusicConnection connection{{parts.form,
                               parts.state,
                               settings,
@@ -68,7 +69,7 @@ struct Player : TransportNews {
                               pump,
                               disk,
                               player,
-                              parts.system.mixer,
+                              level,
                               parts.socket,
                               {}}};
   Clock::time_point ended;
@@ -96,7 +97,6 @@ double bareCalls(const QString& file) {
   }
   vlc->libvlc_media_player_stop(player);
   vlc->libvlc_media_player_release(player);
-  vlc->libvlc_release(instance);
   return median(times);
 }
 
