@@ -141,7 +141,7 @@ double ourAnswer() {
                               pump,
                               parts.system.files,
                               parts.player,
-                              parts.system.mixer,
+                              parts.level,
                               tcp,
                               {}}};
   Answering news;
