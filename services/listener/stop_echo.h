@@ -12,7 +12,7 @@ class StopEcho {
  public:
   using Peer = TcpServer::Peer;
 
-  // These peers are being told of a stop; `asker`, if it is among them, will not answer with one.
+  // These peers hear of a stop now; `asker`, if it is among them, will not answer with one.
   void note(const QList<Peer>& peers, Peer asker, qint64 nowMs);
   // Whether the STOP that this peer sends may be such an answer. Each peer has one.
   bool take(Peer peer, qint64 nowMs);
