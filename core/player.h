@@ -15,6 +15,9 @@ class Player {
 
   virtual void press(TransportButton button) = 0;  // Yields.
   virtual PlayMode mode() const = 0;
+  // Whether one that is paused can go on from the page at hand; not where its picture lies on
+  // another one.
+  virtual bool canGoOn() const { return true; }
 
   // The place in what plays, in seconds. Nothing while nothing does. Yields.
   virtual void moveTo(double seconds) = 0;

@@ -6,9 +6,12 @@ Players::Players(Uses uses) : uses_(uses), panel_(uses.form) {}
 
 Player* Players::heard() const {
   for (const PlayMode mode : {PlayMode::Playing, PlayMode::Paused}) {
-    if (started_ && started_->mode() == mode) return started_;
-    for (Player* player : players_)
-      if (player->mode() == mode) return player;
+    const auto is = [mode](const Player* player) {
+      return player->mode() == mode && (mode == PlayMode::Playing || player->canGoOn());
+    };
+    if (started_ && is(started_)) return started_;
+    const auto found = std::ranges::find_if(players_, is);
+    if (found != players_.end()) return *found;
   }
   return nullptr;
 }

@@ -28,8 +28,8 @@ class Players {
   // The one of the open tab; by key FollowSound the one that is heard, whichever tab is open. Null
   // where there is none.
   Player* meant() const;
-  // The one that plays, else one that is paused; of several the one that started last. Null for
-  // none.
+  // The one that plays, else one that is paused and can go on; of several the one that started
+  // last. Null for none.
   Player* heard() const;
 
   // That player is about to play: what else plays or is paused stops, so that two never sound

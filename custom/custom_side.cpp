@@ -54,12 +54,25 @@ void CustomSide::connectHome(PlaybackSide& playback) {
   for (const char* name : {"picHomeCover", "lblHomeTitle", "lblHomeArtist"})
     desk_.on(QString::fromLatin1(name), Event::Click, [this](int) { homePanel.showSong(); });
   Transport& transport = playback.transport;
-  homePanel.pressTransport = [this, &playback](TransportButton button) {
-    desk_.players.press(playback.musicTab.music(), button);
+  const auto movie = [this]() -> Player* {
+    Player* heard = desk_.players.heard();
+    return heard && heard->sound() == Player::Sound::Movies ? heard : nullptr;
   };
-  homePanel.playPause = [&playback] { playback.quick.playPause(playback.musicTab.music()); };
-  homePanel.showSong = [&transport] { transport.lblCurrentPlay_DblClick(); };
-  homePanel.artist = [this, &transport] {
+  homePanel.pressTransport = [this, &playback, movie](TransportButton button) {
+    Player* const plays = movie();
+    desk_.players.press(plays ? *plays : playback.musicTab.music(), button);
+  };
+  homePanel.playPause = [this, &playback, movie] {
+    Player* const plays = movie();
+    if (!plays) return playback.quick.playPause(playback.musicTab.music());
+    const bool pauses = plays->mode() == PlayMode::Playing;
+    desk_.players.press(*plays, pauses ? TransportButton::Pause : TransportButton::Play);
+  };
+  homePanel.showSong = [this, &transport, movie] {
+    movie() ? desk_.openTab(kMoviesTab) : transport.lblCurrentPlay_DblClick();
+  };
+  homePanel.artist = [this, &transport, movie] {
+    if (movie()) return u"Movie in the cabin"_s;
     return desk_.state.playsDiscAudio() ? QString() : transport.started().song().Artist;
   };
 }

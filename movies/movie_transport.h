@@ -40,6 +40,7 @@ class MovieTransport : public Player, public MovieNews, private DvdSeat::News {
   // Player
   void press(TransportButton button) override;  // Yields.
   PlayMode mode() const override { return mode_; }
+  bool canGoOn() const override { return !here() || uses_.tabs.open(kMoviesTab); }
   void moveTo(double seconds) override;
   void showTimes() override { uses_.presenter.ShowSliderTimes(); }
   Sound sound() const override { return Sound::Movies; }

@@ -82,6 +82,9 @@ void MoviesSide::connectControls(Desk& desk) {
     transport.playActive();
   });
   desk.on(u"MovieList", Event::Click, [this, &desk](int) { desk.paging.follow(MovieList_); });
+  desk.on(u"lblCurrentPlay", Event::DblClick, [this, &desk](int) {
+    if (desk.players.heard() == &transport) desk.openTab(kMoviesTab);
+  });
   desk.on(u"cmdRemoteDVD", Event::Click, [this](int i) { tab.cmdRemoteDVD_Click(i); });
   desk.on(u"cmdMenuforDVD", Event::Click, [this](int) { dvd.cmdMenuforDVD_Click(); });
   desk.on(u"cmdMovieFullScreen", Event::Click, [this, &desk](int) {

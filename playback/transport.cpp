@@ -304,6 +304,7 @@ void Transport::setMute(bool on) {
 }
 
 void Transport::lblCurrentPlay_DblClick() {
+  if (!uses_.players.shows(*this)) return;
   if (uses_.state.playsDiscAudio() || panel_.lblCurrentPlay->caption().contains("Idle"_L1)) return;
   const PlaySong song = uses_.database.rsPlaySongs.row();
   if (song.Path.isEmpty()) return;

@@ -126,7 +126,7 @@ TEST_F(Movies, WhatCannotBePlayedIsSaidAndTheListComesBack) {
 
 TEST_F(Movies, TwoNeverSoundTogether) {
   givenDays();
-  open("LOCALLISTENER=1\n");
+  open("LOCALLISTENER=1\nFollowSound=YES\n");
   openAlbum(1, 1);
   CabinTest::playRow(1, 1);
   press(u"imgTabs"_s, kMoviesTab);
@@ -134,6 +134,13 @@ TEST_F(Movies, TwoNeverSoundTogether) {
   EXPECT_EQ(player.playState(), MediaPlayer::Stopped);
   EXPECT_EQ(mode(), PlayMode::Playing);
   EXPECT_EQ(caption(u"lblCurrentPlay"_s), u"Playing  movie Alder.mpg"_s);
+  press(u"imgTabs"_s, kMusicTab);
+  transport(Play);
+  EXPECT_EQ(video().state(), VideoPlayer::Closed) << "nor goes on without its picture";
+  EXPECT_EQ(player.playState(), MediaPlayer::Playing);
+  transport(Stop);
+  press(u"imgTabs"_s, kMoviesTab);
+  playRow(1);
   openAlbum(1, 1);
   CabinTest::playRow(1, 2);
   EXPECT_EQ(video().state(), VideoPlayer::Closed);
@@ -328,7 +335,7 @@ TEST_F(Movies, AMovieGoesOnWhereItWasLeft) {
 }
 
 TEST_F(Movies, InTheCabinTheListenerPlays) {
-  open("LocalServer=1\n", "MovieListener=1\n");
+  open("LocalServer=1\nFollowSound=YES\nHomePanel=YES\n", "MovieListener=1\n");
   AppState& state = console().desk.state;
   state.gMovieListenerIP = u"10.0.0.3"_s;
   state.gMovieListenerPort = u"7411"_s;
@@ -348,6 +355,14 @@ TEST_F(Movies, InTheCabinTheListenerPlays) {
   EXPECT_EQ(mode(), PlayMode::Playing);
   press(u"cmdMovieFullScreen"_s);
   EXPECT_TRUE(sent().endsWith("MOVIE|FULLSCREEN$"));
+  press(u"imgTabs"_s, kMainTab);
+  EXPECT_FALSE(sent().endsWith("MOVIE|PAUSE$")) << "it goes on in the cabin";
+  send("MOVIEPLAYING|The Tern.avi$MOVIETIMER|0:08|8$");
+  EXPECT_EQ(caption(u"lblHomeTitle"_s), u"The Tern.avi"_s);
+  press(u"cmdHome"_s, 1);
+  EXPECT_TRUE(sent().endsWith("MOVIE|PAUSE$"));
+  press(u"imgTabs"_s, kMoviesTab);
+  transport(Play);
   answer(u"the file is gone"_s);
   for (int i = 0; i < 20; ++i) send("MOVIEERROR|the file is gone$");
   EXPECT_TRUE(host->allDone());
