@@ -3,36 +3,32 @@
 namespace korvane {
 namespace {
 
-constexpr int kTop = 124, kStep = 76, kFrames = 92, kLeft = 24, kRight = 652;
-
-constexpr InventoryRow at(InventoryRow row, const char* container) {
-  row.container = container;
-  return row;
-}
+constexpr int kFrames = 92, kFirstLine = 60, kStep = 76;
+constexpr Rect kMovies{24, kFrames, 664, kFirstLine + 4 * kStep + 4};
+constexpr Rect kDvds{700, kFrames, 556, kFirstLine + 6 * kStep + 4};
 
 // A directory's line: its path, what chooses it, its password and what changes that.
 struct Line {
   InventoryRow rows[4];
 };
 
-constexpr Line line(int index, const char* container, int row) {
-  const int top = 44 + row * kStep;
-  const auto make = [&](const char* name, Kind kind, Rect rect, const char* text) {
-    Look look{};
-    if (kind == Kind::Button) look.caption = text;
-    if (kind == Kind::Button) look.text = 24;
-    return at({name, index, kind, rect, Left | Top, text, "", true, look}, container);
+constexpr Line line(int index, const char* container, const Rect& frame, int number) {
+  const auto make = [&](const char* name, Kind kind, int left, int width, const char* spoken,
+                        const char* caption = "") -> InventoryRow {
+    const Rect place{left, kFirstLine + number * kStep, width, 72};
+    return {name,      index,      kind,
+            place,     Left | Top, spoken,
+            container, true,       {.caption = caption, .text = kind == Kind::Button ? 24 : 0}};
   };
-  return {{make("txtDir", Kind::Text, {12, top, 300, 72}, "Directory"),
-           make("dirSel", Kind::Button, {316, top, 112, 72}, "Choose"),
-           make("txtpw", Kind::Text, {432, top, 72, 72}, "Password"),
-           make("dirPW", Kind::Button, {508, top, 100, 72}, "Password")}};
+  const int right = frame.width - 12;
+  return {{make("txtDir", Kind::Text, 12, right - 304, "Directory"),
+           make("dirSel", Kind::Button, right - 284, 108, "Choose the directory", "Choose"),
+           make("txtpw", Kind::Text, right - 168, 88, "Password"),
+           make("dirPW", Kind::Button, right - 72, 72, "Change the password", "Set")}};
 }
 
-constexpr InventoryRow frame(const char* name, int left, int rows, const char* caption) {
-  return {
-      name, -1,   Kind::Frame,         {left, kFrames, 616, 56 + rows * kStep}, Left | Top, caption,
-      "",   true, {.caption = caption}};
+constexpr InventoryRow frame(const char* name, const Rect& place, const char* caption) {
+  return {name, -1, Kind::Frame, place, Left | Top, caption, "", true, {.caption = caption}};
 }
 
 constexpr InventoryRow row(const char* name, Kind kind, Rect rect, const char* text,
@@ -46,14 +42,15 @@ constexpr auto kRows = [] {
   size_t next = 0;
   rows[next++] =
       row("lblTitle", Kind::Label, {24, 16, 860, 64}, "Movies Setup", {.text = 44, .bold = true});
-  rows[next++] = frame("fraDvd", kRight, 6, "DVD Directory(s) ");
-  rows[next++] = frame("fraMovies", kLeft, 4, "Digital Movie Directory(s)   (AVI,MPEG,MOV)");
+  rows[next++] = frame("fraDvd", kDvds, "DVD Directory(s) ");
+  rows[next++] = frame("fraMovies", kMovies, "Digital Movie Directory(s)   (AVI,MPEG,MOV)");
   for (int i = 0; i < kMovieDirectories; ++i) {
     const bool dvd = i < kDvdDirectories;
-    const Line made = line(i, dvd ? "fraDvd" : "fraMovies", dvd ? i : i - kDvdDirectories);
+    const Line made =
+        dvd ? line(i, "fraDvd", kDvds, i) : line(i, "fraMovies", kMovies, i - kDvdDirectories);
     for (const InventoryRow& each : made.rows) rows[next++] = each;
   }
-  rows[next++] = row("lblHint", Kind::Label, {24, 492, 600, 108},
+  rows[next++] = row("lblHint", Kind::Label, {24, 480, 660, 108},
                      "A password is asked for once while the program runs. An empty one is none.",
                      {.text = 26, .wraps = true});
   rows[next++] = row("cmdOK", Kind::Button, {856, 664, 400, 88}, "OK", {.accent = true});
