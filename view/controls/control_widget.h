@@ -25,7 +25,7 @@ class ControlWidget : public QWidget {
   // Draws ahead, out of sight, what the next paint would have to draw first.
   virtual void prepare() {}
   // The form goes: nothing of it, and of what its control was given, is used any more.
-  virtual void release() {}
+  virtual void detach() {}
   // The finger's press is taken back: nothing fires at its release.
   virtual void cancelPress() {}
   // Whether a text of the last paint ended in dots, for want of room.

@@ -16,7 +16,7 @@ void SurfaceWidget::mirror(Aspect aspect) {
   PressWidget::mirror(aspect);
 }
 
-void SurfaceWidget::release() {
+void SurfaceWidget::detach() {
   released_ = true;
   native_.reset();
   frames_.follow(nullptr, VideoFit::Whole, {});

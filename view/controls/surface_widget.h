@@ -13,7 +13,7 @@ class SurfaceWidget : public PressWidget {
   SurfaceWidget(Surface& control, Face& face, QWidget* parent);
 
   void mirror(Aspect aspect) override;
-  void release() override;
+  void detach() override;
 
   const VideoSurface& frames() const { return frames_; }
   // Where a player draws by itself; null without one, and where the window system has no such

@@ -31,7 +31,7 @@ void FormView::setRounded(bool on) {
 
 void FormView::detach() {
   form_.forget(this);
-  for (ControlWidget* each : std::as_const(widgets_)) each->release();
+  for (ControlWidget* each : std::as_const(widgets_)) each->detach();
   qDeleteAll(timers_);
   timers_.clear();
   widgets_.clear();
