@@ -133,12 +133,12 @@ console.wait_until(lambda: 7.5 < console.position() < 8.5, "the place of the lar
 console.screenshot("movies_controls")
 assert console.get("lblMovieTime")["caption"] == "0:08" and not console.get("lblMovieTime")["cut"]
 console.press("cmdMovie", 9)
-console.wait_until(lambda: shown("cmdMovieLocked") and not shown("framMovie"), "the lock", 2)
+console.wait_until(lambda: not shown("framMovie"), "the lock", 2)
+console.press("MoviePic")
+console.wait_until(lambda: shown("cmdMovieLocked"), "the lock's key", 2)
+assert not shown("framMovie"), "the lock keeps a touch away"
 console.screenshot("movies_locked")
-console.press("MoviePic")
-assert not shown("framMovie") and not shown("cmdMovieLeave"), "the lock keeps a touch away"
 hold_the_lock()
-console.press("MoviePic")
 console.wait_until(lambda: shown("framMovie"), "the controls behind the lock", 2)
 console.press("cmdMovie", 10)
 console.wait_until(lambda: not large("MoviePic"), "the page", 3)
