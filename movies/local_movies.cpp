@@ -106,6 +106,7 @@ void LocalMovies::currentPosition(const MovieCommand& command) {
   if (!seconds) return;
   const double length = uses_.movies.getduration();
   uses_.movies.setPosition(std::clamp(*seconds, 0.0, length > 0 ? length : *seconds));
+  if (!panel_.movieTimer->enabled()) showPosition();
 }
 
 void LocalMovies::resize(const MovieCommand&) {
@@ -119,8 +120,12 @@ void LocalMovies::movieTimer_Timer() {
   if (length > 0 && position >= length) return endOfMovie();
   const auto marks = [](double at) { return static_cast<int>(at / kMarkEverySeconds); };
   if (marks(position) != marks(panel_.Slider1->value())) remember();
+  showPosition();
+}
+
+void LocalMovies::showPosition() {
   if (!uses_.shows()) return;
-  uses_.presenter.showPosition(position);
+  uses_.presenter.showPosition(uses_.movies.getPosition());
   uses_.presenter.ShowSliderTimes();
   moved();
 }

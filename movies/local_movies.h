@@ -70,6 +70,7 @@ class LocalMovies : public MovieSeat, private VideoPlayer::Events {
 
   void setMute(bool on);
   void showLength();
+  void showPosition();
   void remember();
   void goOnWhereItWasLeft();
   void reply(std::initializer_list<QString> fields);

@@ -115,8 +115,11 @@ class Console:
             assert time.monotonic() < end, f"{what} did not come in {seconds} s"
             time.sleep(0.05)
 
+    def folder_of_pictures(self):
+        return pathlib.Path(os.environ.get("KORVANE_WALK_PICTURES", self.home))
+
     def screenshot(self, name):
-        folder = pathlib.Path(os.environ.get("KORVANE_WALK_PICTURES", self.home))
+        folder = self.folder_of_pictures()
         folder.mkdir(parents=True, exist_ok=True)
         self.must(cmd="screenshot", file=str(folder / f"{name}.png"))
         assert (folder / f"{name}.png").stat().st_size > 10_000
