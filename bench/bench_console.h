@@ -21,12 +21,20 @@ class StillPump : public QtPump {
   bool still = false;
 };
 
+// In place of the fakes, where a mode measures the real ones. `stills` is not owned.
+struct BenchMovies {
+  std::function<std::unique_ptr<VideoPlayer>(Pump&)> makeVideo;
+  MovieStills* stills = nullptr;
+};
+
 struct BenchConsole {
-  BenchConsole(const QString& home, std::function<std::unique_ptr<Winsock>()> makeWinsock)
-      : system{pump,           fakes.clock,
+  BenchConsole(const QString& home, std::function<std::unique_ptr<Winsock>()> makeWinsock,
+               const BenchMovies& movies = {})
+      : video(movies.makeVideo ? movies.makeVideo(pump) : nullptr),
+        system{pump,           fakes.clock,
                fakes.chance,   files,
-               player,         fakes.video,
-               fakes.dvd,      fakes.stills,
+               player,         video ? *video : fakes.video,
+               fakes.dvd,      movies.stills ? *movies.stills : fakes.stills,
                fakes.disc,     fakes.screenPower,
                fakes.session,  fakes.mixer,
                fakes.tray,     fakes.box,
@@ -51,6 +59,7 @@ struct BenchConsole {
   PressGate gate;
   StillPump pump{gate};
   DiskFileSystem files;
+  std::unique_ptr<VideoPlayer> video;  // null where it is the fake
   System system;
   WindowHost* window = nullptr;
   Console console;

@@ -2,9 +2,12 @@
 // unavoidable work. Each mode prints one line of JSON; the exit code is 0 when what it checked
 // held.
 #include <QApplication>
+#include <algorithm>
 #include <cstdio>
+#include <cstring>
 
 #include "bench/bench_library.h"
+#include "bench/bench_movies.h"
 #include "bench/bench_music.h"
 
 namespace {
@@ -13,6 +16,7 @@ struct Mode {
   const char* name;
   const char* arguments;
   int (*run)(const QStringList& arguments);
+  bool onDisplay = false;  // paints on the display that there is
 };
 
 constexpr Mode kModes[] = {
@@ -27,6 +31,9 @@ constexpr Mode kModes[] = {
     {"keys", "", korvane::benchKeys},
     {"links", "HOME", korvane::benchLinks},
     {"listener", "LISTENER FILE", korvane::benchListener},
+    {"movies", "HOME", korvane::benchMovies},
+    {"movie", "HOME FILE", korvane::benchMovie, true},
+    {"movie-bare", "FILE", korvane::benchBareMovie},
 };
 
 int usage() {
@@ -38,7 +45,10 @@ int usage() {
 }  // namespace
 
 int main(int count, char** values) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
+  const auto onDisplay = [&](const Mode& mode) {
+    return mode.onDisplay && count > 1 && std::strcmp(values[1], mode.name) == 0;
+  };
+  if (std::ranges::none_of(kModes, onDisplay)) qputenv("QT_QPA_PLATFORM", "offscreen");
   const QApplication application(count, values);
   QStringList arguments = QCoreApplication::arguments().mid(1);
   if (arguments.isEmpty()) return usage();

@@ -43,6 +43,7 @@ void MovieCatalogue::list(int first, int last) {
   found_.clear();
   waiting_.clear();
   awaited_ = 0;
+  showing_ = false;
   const QString kinds = uses_.settings.upper(key::MovieKinds);
   for (int index = first; index < last; ++index) {
     const QString directory = uses_.directories.directory(index);
@@ -81,7 +82,16 @@ void MovieCatalogue::came(int fill, int index, const Listing& listing) {
     --awaited_;
     if (opens) found_[of] = came.rows;
   }
-  show();
+  showSoon();
+}
+
+void MovieCatalogue::showSoon() {
+  if (std::exchange(showing_, true)) return;
+  uses_.pump.later([this, alive = std::weak_ptr<bool>(alive_), fill = fill_] {
+    if (alive.expired() || fill != fill_) return;
+    showing_ = false;
+    show();
+  });
 }
 
 bool MovieCatalogue::admits(int index) {

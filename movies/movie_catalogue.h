@@ -49,6 +49,7 @@ class MovieCatalogue {
   void list(int first, int last);
   void came(int fill, int index, const Listing& listing);
   bool admits(int index);  // Yields.
+  void showSoon();         // once for those that come together: sorting is most of the work
   void show();
   void sayState();
 
@@ -58,7 +59,7 @@ class MovieCatalogue {
   int awaited_ = 0;
   std::map<int, std::vector<MovieRow>> found_;    // of this fill, by directory
   std::vector<std::pair<int, Listing>> waiting_;  // for the answer to a password question
-  bool asking_ = false;
+  bool asking_ = false, showing_ = false;         // showing_: showSoon() of this fill is under way
   std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
 };
 
