@@ -158,7 +158,7 @@ ini = console.home / "Morvanta.INI"
 ini.write_text(ini.read_text().replace("[Movies]", "[Movies]\nMDirectory1=Closed", 1) + "\n[PW]\nPW7=tide\n")
 console.start()
 console.press("imgTabs", 1)
-console.box("Enter Password for", answer="tide")
+console.type_on_screen("tide")
 console.wait_until(lambda: "Family.mov" in console.rows(None, "MovieList"), "the opened directory", 5)
 console.press("imgTabs", 3)
 console.press("imgTabs", 1)
