@@ -5,6 +5,7 @@ import shutil
 import subprocess
 import sys
 import tempfile
+import time
 
 from console import Console
 
@@ -80,6 +81,7 @@ def finger_on(button):
     w = min(width, height * 4 / 3)  # the disc's picture is 4:3
     h = w * 3 / 4
     x0, y0, x1, y1 = MENU_BUTTONS[button]
+    time.sleep(1)  # the menu's buttons come after its picture
     console.press("MSWebDVD1", x=round((width - w) / 2 + (x0 + x1) / 2 * w / 720),
                   y=round((height - h) / 2 + (y0 + y1) / 2 * h / 576))
 
