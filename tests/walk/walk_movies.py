@@ -5,6 +5,7 @@ import shutil
 import subprocess
 import sys
 import tempfile
+import time
 
 from console import Console
 
@@ -80,6 +81,7 @@ def finger_on(button):
     w = min(width, height * 4 / 3)  # the disc's picture is 4:3
     h = w * 3 / 4
     x0, y0, x1, y1 = MENU_BUTTONS[button]
+    time.sleep(1)  # the menu's buttons come after its picture
     console.press("MSWebDVD1", x=round((width - w) / 2 + (x0 + x1) / 2 * w / 720),
                   y=round((height - h) / 2 + (y0 + y1) / 2 * h / 576))
 
@@ -158,7 +160,7 @@ ini = console.home / "Morvanta.INI"
 ini.write_text(ini.read_text().replace("[Movies]", "[Movies]\nMDirectory1=Closed", 1) + "\n[PW]\nPW7=tide\n")
 console.start()
 console.press("imgTabs", 1)
-console.box("Enter Password for", answer="tide")
+console.type_on_screen("tide")
 console.wait_until(lambda: "Family.mov" in console.rows(None, "MovieList"), "the opened directory", 5)
 console.press("imgTabs", 3)
 console.press("imgTabs", 1)
