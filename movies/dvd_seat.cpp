@@ -1,5 +1,7 @@
 #include "movies/dvd_seat.h"
 
+#include "listener/listener_record.h"
+
 namespace korvane {
 
 QString hoursMinutesSeconds(int seconds) {
@@ -70,7 +72,7 @@ void DvdSeat::showTime() {
   if (panel_.Slider1->maximum() != std::max(length, 1))
     panel_.Slider1->maximum = std::max(length, 1);
   panel_.Slider1->value = std::clamp(dvd.CurrentTime(), 0, length);
-  panel_.TxtTime->caption = hoursMinutesSeconds(dvd.CurrentTime());
+  panel_.TxtTime->caption = minutesAndSeconds(dvd.CurrentTime());
   uses_.presenter.DisplayDuration(length);
   panel_.Slider1->text =
       inMenu() ? u"Menu"_s

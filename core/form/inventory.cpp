@@ -342,7 +342,7 @@ constexpr InventoryRow kMain[] = {
     hidden(frame("framMovieLevel", {1136, 104, 120, 408}, TBR, "Volume of the movie")),
     in("framMovieLevel",
        slider("sldMovieLevel", {16, 12, 88, 384}, TBL, "Volume", {.vertical = true})),
-    hidden(frame("framMovieSays", {24, 24, 760, 104}, TL, "About the movie")),
+    hidden(frame("framMovieSays", {148, 24, 760, 104}, TL, "About the movie")),
     in("framMovieSays", label("lblMovieSays", {20, 8, 456, 88}, TL, "What happens",
                               {.colours = "Surface", .text = 28, .wraps = true})),
     in("framMovieSays", button("cmdMovieSays", {484, 10, 264, 84}, TL, "From the start",
