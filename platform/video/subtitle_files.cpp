@@ -1,6 +1,8 @@
 #include "platform/video/subtitle_files.h"
 
 #include <dirent.h>
+#include <fcntl.h>
+#include <unistd.h>
 
 #include "platform/path_text.h"
 
@@ -8,6 +10,17 @@ namespace korvane {
 namespace {
 
 constexpr size_t kMostFiles = 16;
+constexpr qsizetype kHead = 16384;  // bytes in which the first line of times is sought
+
+bool holdsTimes(const QByteArray& path) {
+  // Without waiting: what has the name may be a pipe.
+  const int file = ::open(path.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+  if (file < 0) return false;
+  QByteArray head(kHead, Qt::Uninitialized);
+  head.truncate(std::max<ssize_t>(0, ::read(file, head.data(), kHead)));
+  ::close(file);
+  return head.replace('\0', "").contains("-->");  // in UTF-16 too
+}
 
 }  // namespace
 
@@ -27,8 +40,9 @@ std::vector<SubtitleFile> subtitleFiles(const QString& movie) {
       continue;
     const QString beyond = name.sliced(std::min(stem.size(), name.size() - 4)).chopped(4);
     if (!beyond.isEmpty() && !beyond.startsWith(u'.')) continue;  // of another movie
-    found.push_back(
-        {fromPath(folder) + entry->d_name, beyond.size() > 1 ? beyond.sliced(1) : name.chopped(4)});
+    const QByteArray path = fromPath(folder) + entry->d_name;
+    if (!holdsTimes(path)) continue;
+    found.push_back({path, beyond.size() > 1 ? beyond.sliced(1) : name.chopped(4)});
   }
   closedir(directory);
   std::sort(found.begin(), found.end(), [](const SubtitleFile& a, const SubtitleFile& b) {

@@ -10,7 +10,7 @@ namespace {
 
 constexpr int kCountAttempts = 150;
 constexpr auto kCountPause = std::chrono::milliseconds(2);
-constexpr int kUserPriority = 4;  // libVLC's for a subtitle file that the user gave
+constexpr int kPriority = 3;  // of subtitle files; libVLC chooses one of 4 at once
 
 // Names the tracks of the files beside a movie, so that they are known among its own.
 constexpr char kBeside[] = "korvane-beside";
@@ -66,7 +66,7 @@ void VideoPlayerVlc::Engine::addSubtitles(libvlc_media_t* media) {
   if (beside_.empty()) return;
   vlc_->libvlc_media_add_option(media, (":sub-description="_ba + kBeside).constData());
   for (const SubtitleFile& file : beside_)
-    vlc_->libvlc_media_slaves_add(media, libvlc_media_slave_type_subtitle, kUserPriority,
+    vlc_->libvlc_media_slaves_add(media, libvlc_media_slave_type_subtitle, kPriority,
                                   ("file://" + file.path.toPercentEncoding("/")).constData());
 }
 

@@ -11,6 +11,7 @@ namespace {
 constexpr int kMostHeld = 2;
 constexpr int kLargestSide = 16384;          // pixels, of a room and of a movie
 constexpr int kMostPadding = 128;            // pixels beyond the visible ones
+constexpr int kShapesAsked = 50;             // frames, of those that a picture begins with
 constexpr int kLargestStandardHeight = 576;  // above it, colours are those of HD television
 
 int chroma(int pixels) {
@@ -116,6 +117,8 @@ unsigned VideoFrames::begin(unsigned* width, unsigned* height, unsigned* pitches
   width_ = w;
   height_ = h;
   pixelShape_ = seen.pixel;
+  seen_ = seen;
+  shapesToAsk_ = kShapesAsked;
   decoded_ = false;
   planes_.resize(planarSize(w, h));
   pitches[0] = *width;
@@ -123,6 +126,18 @@ unsigned VideoFrames::begin(unsigned* width, unsigned* height, unsigned* pitches
   lines[0] = *height;
   lines[1] = lines[2] = static_cast<unsigned>(chroma(h));
   return 1;
+}
+
+// Where a picture changes its size in the middle of a movie, libVLC says what it is like a few
+// frames after it has begun; the planes then hold it stretched to what was known before.
+void VideoFrames::lockPlanes() {
+  const bool ask = shapesToAsk_ > 0 && shape;
+  if (ask) --shapesToAsk_;
+  const VideoShape seen = ask ? shape() : VideoShape();
+  planesMutex_.lock();
+  if (!ask || seen == seen_ || seen.width <= 0 || seen.height <= 0) return;
+  seen_ = seen;
+  pixelShape_ = seen.pixel * seen.width / seen.height * height_ / width_;
 }
 
 uchar* VideoFrames::plane(int index) {
@@ -136,7 +151,7 @@ void VideoFrames::attach(const VlcLibrary& vlc, libvlc_media_player_t* player) {
       player,
       [](void* self, void** planes) -> void* {
         auto& frames = *static_cast<VideoFrames*>(self);
-        frames.planesMutex_.lock();
+        frames.lockPlanes();
         for (int i = 0; i < 3; ++i) planes[i] = frames.plane(i);
         return nullptr;
       },

@@ -24,6 +24,7 @@ VideoLayout layOut(int width, int height, double pixelShape, int roomWidth, int 
 struct VideoShape {
   int width = 0, height = 0;
   double pixel = 1;
+  bool operator==(const VideoShape&) const = default;
 };
 
 class VideoFrames final : public VideoPicture {
@@ -46,7 +47,8 @@ class VideoFrames final : public VideoPicture {
   void setSource(int file);
   void attach(const VlcLibrary& vlc, libvlc_media_player_t* player);
 
-  // Of the file at hand, asked when its picture begins; called on libVLC's threads.
+  // Of the file at hand, asked when its picture begins and for its first frames; called on libVLC's
+  // threads.
   std::function<VideoShape()> shape;
 
  private:
@@ -58,6 +60,7 @@ class VideoFrames final : public VideoPicture {
   };
 
   unsigned begin(unsigned* width, unsigned* height, unsigned* pitches, unsigned* lines);
+  void lockPlanes();               // for the next picture
   std::shared_ptr<Owned> made();   // of the planes, which the caller has locked; may be null
   std::shared_ptr<Owned> spare();  // with mutex_ locked
   void publish(std::shared_ptr<Owned> frame);
@@ -72,6 +75,8 @@ class VideoFrames final : public VideoPicture {
   int width_ = 0, height_ = 0, planesFile_ = 0;
   bool decoded_ = false;  // the planes hold a picture
   double pixelShape_ = 1;
+  VideoShape seen_;               // that pixelShape_ comes from
+  int shapesToAsk_ = 0;           // for so many frames more; of libVLC's thread
   std::shared_ptr<Owned> ready_;  // made, and not shown yet
 
   std::mutex mutex_;  // of the rest

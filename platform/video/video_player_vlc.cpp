@@ -29,6 +29,7 @@ void VideoPlayerVlc::forget(State state) {
   duration_ = 0;
   sounds_ = subtitles_ = {};
   ++run_;
+  engine_->positionMs = 0;
   engine_->frames.expect(++file_);
 }
 
@@ -46,9 +47,9 @@ void VideoPlayerVlc::close() {
 void VideoPlayerVlc::play() {
   if (state_ == Closed || state_ == Playing) return;
   if (std::exchange(state_, Playing) == Paused)
-    engine_->post([engine = engine_.get()] { engine->setPause(false); });
-  else
-    engine_->post([engine = engine_.get(), run = ++run_] { engine->play(run); });
+    return engine_->post([engine = engine_.get()] { engine->setPause(false); });
+  engine_->positionMs = 0;
+  engine_->post([engine = engine_.get(), run = ++run_] { engine->play(run); });
 }
 
 void VideoPlayerVlc::pause() {

@@ -4,8 +4,10 @@
 #include <gtest/gtest.h>
 
 #include <QFile>
+#include <QImage>
 #include <QProcess>
 
+#include "platform/video/movie_stills_vlc.h"
 #include "platform/video/video_frames.h"
 #include "tests/fakes/loop_pump.h"
 #include "tests/fakes/print.h"
@@ -48,6 +50,17 @@ struct MovieTest : testing::Test, VideoPlayer::Events, VideoPicture::Events {
   // The colour in the middle of the frame's left or right half, as far as a codec keeps it.
   static bool isRed(quint32 pixel) {
     return (pixel >> 16 & 0xff) > 200 && (pixel & 0xff) < 60 && pixel >> 24 == 0xff;
+  }
+  // A clip of the moments named: each second of it one colour.
+  QString seconds(const QString& name, const QStringList& colours) {
+    QString inputs, joins;
+    for (const QString& colour : colours) {
+      inputs += u"-f lavfi -i color=c=%1:s=64x48:r=25:d=1 "_s.arg(colour);
+      joins += u"[%1]"_s.arg(joins.count(u'['));
+    }
+    return clip(name,
+                inputs + u"-filter_complex %1concat=n=%2,format=yuv420p -g 5"_s.arg(joins).arg(
+                             colours.size()));
   }
   static quint32 pixel(const VideoFrame& of, double x, double y) {
     const uchar* row = of.pixels + static_cast<qsizetype>(y * (of.height - 1)) * of.rowBytes;
@@ -139,9 +152,20 @@ TEST_F(MovieTest, WhatIsNoMovieSaysSoAndAnotherPlays) {
 }
 
 TEST_F(MovieTest, OffersTheSubtitlesBesideTheMovie) {
-  const QString movie = clip(u"Film.mp4"_s, u"-f lavfi -i color=c=red:s=64x48:d=4"_s);
-  for (const auto* name : {u"film.DE.srt", u"Film.srt", u"Film.en.SRT", u"Filmed.srt"})
-    home.put(QString::fromUtf16(name), "1\n00:00:00,000 --> 00:00:04,000\nHello\n");
+  const QString movie = clip(u"Film.mp4"_s, u"-f lavfi -i color=c=red:s=320x240:d=9"_s);
+  const auto words = [](int from) {  // one each second
+    QByteArray lines;
+    for (int i = from; i < from + 9; ++i)
+      lines += "%1\n00:00:%2,000 --> 00:00:%2,990\nHHHHHHHHHH\n\n"_ba
+                   .replace("%1", QByteArray::number(i + 1))
+                   .replace("%2", QByteArray::number(i).rightJustified(2, '0'));
+    return lines;
+  };
+  home.put(u"film.cs.srt"_s, {});
+  home.put(u"Film.da.srt"_s, "no times in it\n");
+  for (const auto* name : {u"film.DE.srt", u"Film.srt", u"Filmed.srt"})
+    home.put(QString::fromUtf16(name), words(30));
+  home.put(u"Film.en.SRT"_s, words(0));
   play(movie);
   const auto names = [&] {
     QStringList all;
@@ -150,7 +174,87 @@ TEST_F(MovieTest, OffersTheSubtitlesBesideTheMovie) {
   };
   EXPECT_TRUE(until([&] { return names().size() == 3; }));
   EXPECT_EQ(names(), (QStringList{u"DE"_s, u"en"_s, u"Film"_s}));
+  const auto allRed = [&] {
+    for (int i = 0; i < 5000; ++i)
+      if (!isRed(pixel(*frame, i % 100 / 100.0, 0.5 + i / 10000.0))) return false;
+    return true;
+  };
+  ASSERT_TRUE(until([&] { return frame != nullptr; }));
+  EXPECT_FALSE(pump.wait(500, [&] { return !allRed(); })) << "none is on at first";
   EXPECT_EQ(player.track(TrackKind::Subtitles), MediaTrack::kNone);
+  player.setTrack(TrackKind::Subtitles, player.tracks(TrackKind::Subtitles).value(1).id);
+  EXPECT_TRUE(until([&] { return !allRed(); })) << "only the second one has words here";
+  player.setTrack(TrackKind::Subtitles, MediaTrack::kNone);
+  EXPECT_TRUE(until(allRed));
+}
+
+TEST_F(MovieTest, HasTheShapeThatTheFileSaysAndTakesAnotherInTheMiddle) {
+  clip(u"a.ts"_s, u"-f lavfi -i color=c=red:s=320x240:r=25:d=1"_s);
+  clip(u"b.ts"_s, u"-f lavfi -i color=c=red:s=352x200:r=25:d=3 -output_ts_offset 1"_s);
+  const QString straight = clip(u"straight.mp4"_s, kTwoColours);
+  const struct {
+    QString path;
+    int width, height;
+    double x, y;  // a place that must be red
+  } table[] = {
+      {clip(u"wide.mp4"_s, kTwoColours + u",setsar=2/1"_s), 320, 45, 0.1, 0.5},
+      {clip(u"turned.mp4"_s, u"-i "_s + straight + u" -c copy -metadata:s:v rotate=90"_s), 68, 240,
+       0.5, 0.9},
+      {clip(u"odd.mkv"_s, kTwoColours + u",scale=161:91,setsar=1 -c:v ffv1"_s), 320, 181, 0.1, 0.5},
+      {home.put(u"two.ts"_s, home.get(u"a.ts"_s) + home.get(u"b.ts"_s)), 320, 182, 0.5, 0.5}};
+  for (const auto& [path, width, height, x, y] : table) {
+    play(path);
+    EXPECT_TRUE(until(
+        [&] { return ends > 0 || (frame && frame->width == width && frame->height == height); }));
+    ASSERT_TRUE(frame) << path.toStdString();
+    EXPECT_EQ(frame->width, width) << path.toStdString();
+    EXPECT_EQ(frame->height, height) << path.toStdString();
+    EXPECT_TRUE(isRed(pixel(*frame, x, y))) << path.toStdString();
+    ends = 0;
+  }
+}
+
+TEST_F(MovieTest, SeeksInAPauseAndShowsThatMomentInAnyRoom) {
+  const QString movie =
+      seconds(u"moments.mp4"_s, {u"blue"_s, u"blue"_s, u"red"_s, u"blue"_s, u"blue"_s});
+  play(movie);
+  ASSERT_TRUE(until([&] { return frame != nullptr; }));
+  player.pause();
+  pump.wait(200, [] { return false; });  // libVLC shows no frame of a place sought at once
+  player.setPosition(2.5);
+  EXPECT_EQ(player.position(), 2.5);
+  EXPECT_TRUE(until([&] { return isRed(pixel(*frame, 0.5, 0.5)); }));
+  player.picture().setRoom(50, 50, VideoFit::Stretched);
+  ASSERT_TRUE(until([&] { return frame->width == 50; }));
+  EXPECT_TRUE(isRed(pixel(*frame, 0.5, 0.5)));
+  player.play();
+  ASSERT_TRUE(until([&] { return ends == 1; }));
+  player.play();
+  EXPECT_LT(player.position(), 1) << "from the beginning";
+}
+
+TEST_F(MovieTest, AStillIsOfAMomentBehindTheBeginning) {
+  MovieStillsVlc stills(pump);
+  QString colours = u"blue "_s.repeated(2) + u"red "_s.repeated(2) + u"blue "_s.repeated(16);
+  const struct {
+    QString path;
+    int width, height;
+    double seconds;
+  } table[] = {{seconds(u"long.mp4"_s, colours.trimmed().split(u' ')), 80, 60, 20},
+               {seconds(u"short.mp4"_s, {u"red"_s}), 80, 60, 1},
+               {home.put(u"text.avi"_s, "no movie at all\n"), 0, 0, 0},
+               {home / u"missing.avi"_s, 0, 0, 0}};
+  for (const auto& [path, width, height, seconds] : table) {
+    std::optional<MovieStill> still;
+    stills.make(path, 80, 80, [&](const MovieStill& made) { still = made; });
+    EXPECT_TRUE(stills.busy());
+    ASSERT_TRUE(until([&] { return still.has_value(); })) << path.toStdString();
+    EXPECT_NEAR(still->seconds, seconds, 0.2);
+    const QImage image = QImage::fromData(still->jpeg);
+    EXPECT_EQ(image.size(), width ? QSize(width, height) : QSize(0, 0)) << path.toStdString();
+    EXPECT_TRUE(image.isNull() || isRed(image.pixel(width / 2, height / 2))) << path.toStdString();
+    EXPECT_FALSE(stills.busy());
+  }
 }
 
 TEST_F(MovieTest, ALateEndOfTheMovieBeforeIsNotTheEndOfThisOne) {
