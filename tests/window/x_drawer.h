@@ -53,7 +53,7 @@ class XDrawer {
     return window == window_;
   }
 
-  QList<quintptr> given;  // the windows it was told, in order
+  QList<quintptr> given;  // the windows that came, in order
 
  private:
   template <class Reply>
