@@ -136,7 +136,8 @@ class Native : public SmallConsole {
     surface.drawer = [this](quintptr window) { drawer.draw(window); };
     host.stage().move(0, 0);
     surface.visible = true;
-    settle(100);
+    // A busy machine may take its time for the first paint.
+    comes([this] { return seen(free) == kGreen; });
   }
   ~Native() override { host.close(); }
 
