@@ -15,7 +15,7 @@ class SongRequests {
   void setNews(TransportNews* news) { news_ = news; }  // not owned
 
   void asked();    // a song was sent to the player
-  void stopped();  // the player was told to stop
+  void stopped();  // a stop was sent to the player
 
   // What the player reports of it.
   void plays() { awaited_ = false; }

@@ -4,13 +4,6 @@
 
 namespace korvane {
 
-QString hoursMinutesSeconds(int seconds) {
-  seconds = std::max(seconds, 0);
-  return u"%1:%2:%3"_s.arg(seconds / 3600)
-      .arg(seconds / 60 % 60, 2, 10, QChar(u'0'))
-      .arg(seconds % 60, 2, 10, QChar(u'0'));
-}
-
 DvdSeat::DvdSeat(Uses uses) : uses_(std::move(uses)), panel_(uses_.form) {
   uses_.dvd.setEvents(this);
   panel_.MSWebDVD1->drawer = [this](quintptr window) { uses_.dvd.setWindow(window); };
@@ -76,9 +69,7 @@ void DvdSeat::showTime() {
   uses_.presenter.DisplayDuration(length);
   panel_.Slider1->text =
       inMenu() ? u"Menu"_s
-               : u"Chapter %1 of %2  Time:%3 Total:%4"_s.arg(dvd.CurrentChapter())
-                     .arg(dvd.chapters())
-                     .arg(hoursMinutesSeconds(dvd.CurrentTime()), hoursMinutesSeconds(length));
+               : discTimes(dvd.CurrentChapter(), dvd.chapters(), dvd.CurrentTime(), length);
 }
 
 void DvdSeat::endOfDisc() {

@@ -65,7 +65,4 @@ class DvdSeat : private DvdPlayer::Events {
   News* news_ = nullptr;
 };
 
-// "1:02:03", of the status line of a DVD.
-QString hoursMinutesSeconds(int seconds);
-
 }  // namespace korvane

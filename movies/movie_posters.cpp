@@ -52,12 +52,14 @@ void MoviePosters::wish(const QString& path) const {
   wishes_.push_front(path);
   if (wishes_.size() > kMostWishes) wishes_.pop_back();
   if (busy_ || std::exchange(asked_, true)) return;
-  auto* self = const_cast<MoviePosters*>(this);
-  uses_.pump.later([self, alive = std::weak_ptr<bool>(alive_)] {
-    if (alive.expired()) return;
-    self->asked_ = false;
-    self->next();
+  uses_.pump.later([&looks = looks_, alive = std::weak_ptr<bool>(alive_)] {
+    if (!alive.expired()) looks();
   });
+}
+
+void MoviePosters::look() {
+  asked_ = false;
+  next();
 }
 
 void MoviePosters::next() {

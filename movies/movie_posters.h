@@ -6,9 +6,10 @@
 #include <deque>
 #include <unordered_map>
 
-#include "core/settings.h"
 #include "movies/movie_rows.h"
+#include "platform/file_system.h"
 #include "platform/movie_stills.h"
+#include "platform/pump.h"
 
 namespace korvane {
 
@@ -18,7 +19,6 @@ class MoviePosters {
   static constexpr size_t kMostKept = 400;           // in memory
 
   struct Uses {
-    const Settings& settings;
     FileSystem& files;
     Pump& pump;
     MovieStills& stills;
@@ -40,6 +40,7 @@ class MoviePosters {
     double seconds = 0;
   };
   void wish(const QString& path) const;
+  void look();
   void next();
   void lookInCache(const QString& path);
   void make(const QString& path, const QString& kept);
@@ -52,6 +53,8 @@ class MoviePosters {
   mutable std::deque<QString> wishes_;  // the next one first
   mutable bool asked_ = false;          // to look at them from the event loop
   bool busy_ = false;
+  // What a wish brings about, behind the paint that asks.
+  const std::function<void()> looks_ = [this] { look(); };
   std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
 };
 

@@ -19,7 +19,7 @@ MoviesSide::MoviesSide(Desk& d, ListenerSide& listener, PlaybackSide& playback)
       MovieList_(controlOf<Grid>(d.frmMain, u"MovieList")),
       presenter_(d.frmMain),
       marks_(d.system.files, d.log, d.settings.home()),
-      posters_({d.settings, d.system.files, d.system.pump, d.system.stills, stillsDirectory(),
+      posters_({d.system.files, d.system.pump, d.system.stills, stillsDirectory(),
                 [this] { MovieList_.picturesCame(); }}),
       directories(d.settings),
       catalogue({d.state, d.settings, d.palette, d.messages, d.log, d.system.pump, d.system.files,
@@ -37,7 +37,7 @@ MoviesSide::MoviesSide(Desk& d, ListenerSide& listener, PlaybackSide& playback)
       says(d.frmMain),
       controls(
           {d.frmMain, d.state, d.settings, d.players, transport, full, d.system.video, dvd, says}),
-      tab({d.parts, d.tabs, transport, source, listener.movies, full}),
+      tab({d.parts, transport, source, listener.movies, full}),
       setup({d.dialogs, d.chooser, directories, d.settings}) {
   d.players.add(transport);
   d.tabs.setTab(kMoviesTab, tab);

@@ -13,7 +13,6 @@ class MoviesTab : public Tab {
  public:
   struct Uses {
     TabParts& parts;
-    TabController& tabs;
     MovieTransport& transport;
     MovieSource& source;
     MovieConnection& connection;

@@ -4,7 +4,7 @@ namespace korvane {
 namespace {
 
 constexpr int kOffered = 10'000;  // ms
-constexpr int kFirstTime = 3000;  // ms until the player has told a time
+constexpr int kFirstTime = 3000;  // ms until the player reports a time
 constexpr MusicList kAllSongs = MusicList::AllSongs;
 
 // All songs run by their own position, whatever becomes of the play list.

@@ -33,8 +33,8 @@ class Volume {
   void muteMusic();   // from any page. Yields.
   void showMute();    // of what the finger means
 
-  // A player has told its level: one above the owner's goes down, and the bar follows when a finger
-  // means that player. Yields.
+  // A player has reported its level: one above the owner's goes down, and the bar follows when a
+  // finger means that player. Yields.
   void volumeTold(Player& player);
   void showLevel();              // of the player that a finger means, on the bar
   void mixerChanged();           // by another program, or it has gone

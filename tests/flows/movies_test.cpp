@@ -203,7 +203,7 @@ TEST_F(Movies, ADiscIsPlayedByItsMenusAndChapters) {
   dvd().time = 65;
   dvd().total = 3700;
   dvd().tell(DvdPlayer::CurrentTimeChange);
-  EXPECT_EQ(slider().text(), u"Chapter 2 of 3  Time:0:01:05 Total:1:01:40"_s);
+  EXPECT_EQ(slider().text(), u"Chapter 2 of 3  Time:00:01:05 Total:01:01:40"_s);
   EXPECT_EQ(slider().value(), 65);
   dvd().time = 9999;
   dvd().tell(DvdPlayer::CurrentTimeChange);

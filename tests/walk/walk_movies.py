@@ -196,7 +196,7 @@ console.wait_until(lambda: console.rows(None, "MovieList") == ["Harbour Tour"], 
 console.press("MovieList", row=1)
 console.wait_until(lambda: says("Menu"), "the menu")
 console.screenshot("movies_menu")
-finger_on(1, "the second button's title", "Chapter 1 of 1", "Total:0:00:08")
+finger_on(1, "the second button's title", "Chapter 1 of 1", "Total:00:00:08")
 console.screenshot("movies_second_title")
 
 console.press("lblMovieType", 0)
