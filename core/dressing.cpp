@@ -39,6 +39,9 @@ QStringList colourElements(Kind kind, const Look& look, QStringView ground) {
       return orElse({u"Surface"_s});
     case Kind::Slider:
       return orElse({u"DurationSlider"_s});
+    case Kind::Progress:
+      return orElse({u"DurationSlider"_s});
+    case Kind::Sheet:
     case Kind::Grid:
       return orElse({u"MUSICGRID"_s, u"MUSICGridSelected"_s, u"MUSICGridTopLine"_s});
     case Kind::Image:

@@ -157,6 +157,30 @@ inline constexpr SettingKey MovieFit{"Movies", "MovieFit", Rule::UStr,
                                      When::Live};  // "WHOLE", "FILLED", "STRETCHED"
 inline constexpr SettingKey PDirectory{"Photos", "PDirectory", Rule::Str, When::Live};
 inline constexpr SettingKey Delay{"Photos", "Delay", Rule::Str, When::Live};
+// What an owner may add to the photos: absent means off
+inline constexpr SettingKey PhotoTurn{"Photos", "PhotoTurn", Rule::FlagYes, When::Live};
+inline constexpr SettingKey PhotoKinds{"Photos", "PhotoKinds", Rule::UStr,
+                                       When::Live};  // "JPEG PNG ..."
+inline constexpr SettingKey PhotoSort{"Photos", "PhotoSort", Rule::UStr,
+                                      When::Live};  // "NAME", "DATE"
+inline constexpr SettingKey PhotoRows{"Photos", "PhotoRows", Rule::Number, When::Live,
+                                      1,        1000000,     800};
+inline constexpr SettingKey PairByName{"Photos", "PairByName", Rule::FlagYes, When::Live};
+inline constexpr SettingKey ThumbSize{"Photos", "ThumbSize", Rule::Number, When::Live, 60,
+                                      512,      60};  // pixels
+inline constexpr SettingKey StartAtTouched{"Photos", "StartAtTouched", Rule::FlagYes, When::Live};
+inline constexpr SettingKey ShowFade{"Photos", "ShowFade", Rule::Number, When::Live, 0,
+                                     5000,     0};  // ms
+inline constexpr SettingKey PhotoTrash{"Photos", "PhotoTrash", Rule::FlagYes, When::Live};
+inline constexpr SettingKey KeepKind{"Photos", "KeepKind", Rule::FlagYes, When::Live};
+// Of the ads
+inline constexpr SettingKey AdWake{"STARTUP", "AdWake", Rule::FlagYes, When::Live};
+inline constexpr SettingKey AdHours{"STARTUP", "AdHours", Rule::FlagYes, When::Live};
+inline constexpr SettingKey AdLog{"STARTUP", "AdLog", Rule::FlagYes, When::Live};
+inline constexpr SettingKey AdShift{"STARTUP", "AdShift", Rule::FlagYes, When::Live};
+inline constexpr SettingKey AdBlack{"STARTUP", "AdBlack", Rule::Number, When::Live, 0,
+                                    32767,     0};  // s of idle time; 0 never
+inline constexpr SettingKey IdleByTouch{"STARTUP", "IdleByTouch", Rule::FlagYes, When::Live};
 inline constexpr SettingKey PLDirectory{"Playlist", "PLDirectory", Rule::Str, When::Live};
 inline constexpr SettingKey LASTSONGPLAYED{"GENERAL", "LASTSONGPLAYED", Rule::Text, When::Live};
 inline constexpr SettingKey MusicRoot{"GENERAL", "MusicRoot", Rule::Str,

@@ -5,12 +5,15 @@
 #include "platform/disc_drive.h"
 #include "platform/dvd_player.h"
 #include "platform/file_system.h"
+#include "platform/imaging.h"
 #include "platform/machine.h"
 #include "platform/media_player.h"
 #include "platform/movie_stills.h"
 #include "platform/network.h"
+#include "platform/printing.h"
 #include "platform/programs.h"
 #include "platform/pump.h"
+#include "platform/trash.h"
 #include "platform/video_player.h"
 #include "platform/winsock.h"
 
@@ -25,6 +28,9 @@ struct System {
   VideoPlayer& video;
   DvdPlayer& dvd;
   MovieStills& stills;
+  Imaging& imaging;
+  Printing& printing;
+  Trash& trash;
   DiscDrive& disc;
   ScreenPower& screenPower;
   Session& session;

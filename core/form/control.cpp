@@ -22,6 +22,22 @@ void Slider::moveTo(double to) {
   form.fire(*this, {Event::Change});
 }
 
+void Sheet::setCells(std::shared_ptr<const CellSource> source) {
+  source_ = std::move(source);
+  top = 0;
+  cellsChanged();
+}
+
+std::shared_ptr<const CellSource> Sheet::noCells() {
+  class None : public CellSource {
+    int count() const override { return 0; }
+    QString caption(int) const override { return {}; }
+    std::optional<Picture> picture(int) const override { return Picture(); }
+    Colour back(int) const override { return 0; }
+  };
+  return std::make_shared<None>();
+}
+
 Timer::Timer(Form& owner, QString controlName, int controlIndex, Kind controlKind)
     : Control(owner, std::move(controlName), controlIndex, controlKind) {
   visible = false;

@@ -26,7 +26,9 @@ enum class Kind {
   Check,
   Timer,
   PictureArea,
-  Surface
+  Surface,
+  Sheet,
+  Progress
 };
 
 // Form units: the design surface is 1280 x 768 of them.
@@ -137,9 +139,74 @@ class Frame : public Control {
   using Control::Control;
 };
 
+// A picture, whole or zoomed. A Click carries the place of the finger in `x` and `y`.
 class PictureArea : public Control {
  public:
   using Control::Control;
+
+  // What a finger on the picture does; each but Press has a button beside it.
+  enum class Hand {
+    Press,       // fires Click and DblClick
+    Move,        // drags what is shown of a zoomed picture
+    ZoomIn,      // a tap zooms in at its place
+    ZoomOut,     //   and out
+    ZoomWindow,  // zooms into the rectangle that is drawn with the finger
+    Magnify,     // shows the picture enlarged around the finger while it is down
+  };
+  Watched<Hand> hand{*this, Aspect::Enabled, Hand::Press};
+  // Two fingers zoom, one drags a zoomed picture, and a swipe over one that fits fires Swipe;
+  // beside what `hand` says. Zoom and place fire Change.
+  Watched<bool> gestures{*this, Aspect::Enabled, false};
+
+  Watched<double> zoom{*this, Aspect::Value, 0};  // percent of its own pixels; 0 fits it in
+  // What point of the picture lies in the middle of the area, each a share of its width and height.
+  Watched<double> middleX{*this, Aspect::Value, 0.5}, middleY{*this, Aspect::Value, 0.5};
+  double fitted = 100;  // the zoom that fits it in, kept by the face
+
+  Watched<Picture> beside{*this, Aspect::Picture};  // to its right, each in its half of the area
+  Watched<int> fade{*this, Aspect::Interval, 0};    // ms that a change of picture takes
+  Watched<int> shiftX{*this, Aspect::Value, 0}, shiftY{*this, Aspect::Value, 0};  // device pixels
+  bool rounded = true;                                                            // its corners
+};
+
+// How far a work is: a bar with its text, which changes colour where the bar ends.
+class Progress : public Control {
+ public:
+  using Control::Control;
+  Watched<double> value{*this, Aspect::Value, 0};  // percent
+};
+
+// Where a sheet reads its cells from; they count from 0. As a RowSource: nothing throws, and only
+// what is in view is asked for.
+class CellSource {
+ public:
+  virtual ~CellSource() = default;
+  virtual int count() const = 0;
+  virtual QString caption(int cell) const = 0;
+  // An empty one where it has none, nothing while it has yet to come.
+  virtual std::optional<Picture> picture(int cell) const = 0;
+  virtual Colour back(int cell) const = 0;  // its ground: which one says whether it is chosen
+};
+
+// Cells of a picture above a caption, in as many columns as there is room for. A drag scrolls and
+// coasts; a tap fires Click and the second of two DblClick, with the cell in `row`.
+class Sheet : public Control {
+ public:
+  using Control::Control;
+  Watched<int> cellWidth{*this, Aspect::Rows, 128};   // form units
+  Watched<int> cellHeight{*this, Aspect::Rows, 152};  // with its caption
+  Watched<QString> emptyText{*this, Aspect::Rows};
+  Watched<int> top{*this, Aspect::Active, 0};  // form units scrolled by; Scroll when a finger does
+  int columns = 1, mostTop = 0;                // kept by the face
+
+  void setCells(std::shared_ptr<const CellSource> source);  // from the first
+  const CellSource& cells() const { return *source_; }
+  void cellsChanged() { changed(Aspect::Rows); }     // there are others, or one looks different
+  void picturesCame() { changed(Aspect::Picture); }  // cells have some that they lacked
+
+ private:
+  std::shared_ptr<const CellSource> source_ = noCells();
+  static std::shared_ptr<const CellSource> noCells();
 };
 
 // An area that a player, a browser or a map draws into: its frames are painted there, or it draws

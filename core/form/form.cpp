@@ -32,6 +32,10 @@ std::unique_ptr<Control> makeControl(Form& form, const QString& name, int index,
       return made<PictureArea>(form, name, index, kind);
     case Kind::Surface:
       return made<Surface>(form, name, index, kind);
+    case Kind::Sheet:
+      return made<Sheet>(form, name, index, kind);
+    case Kind::Progress:
+      return made<Progress>(form, name, index, kind);
   }
   Q_UNREACHABLE();
 }
@@ -89,6 +93,10 @@ void Form::apply(Control& control, const Look& look) {
   control.toolTip = QString::fromUtf8(look.tip);
   if (auto* grid = dynamic_cast<Grid*>(&control)) {
     grid->emptyText = caption;
+    return;
+  }
+  if (auto* sheet = dynamic_cast<Sheet*>(&control)) {
+    sheet->emptyText = caption;
     return;
   }
   control.caption = caption;

@@ -23,13 +23,15 @@ struct Event {
     KeyPress,
     ButtonClicked,
     Tick,
-    Move  // of a finger that holds the control
+    Move,  // of a finger that holds the control
+    Swipe  // over a picture area, `column` 1 for a finger that goes left, to what follows, else -1
   };
   Type type = Click;
-  int column = 0, row = 0;  // of a grid; row 0 is the header
+  int column = 0, row = 0;  // of a grid; row 0 is the header. `row` is the cell of a sheet
   int key = 0;              // of a keyboard: the key code
   QString text{};           // of a keyboard: what it types
-  int x = 0, y = 0;         // of a move: form units from the control's corner, also beyond it
+  int x = 0, y = 0;         // of a move, and of a click on a picture area: form units from the
+                            // control's corner, of a move also beyond it
 };
 
 class FormObserver {

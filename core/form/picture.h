@@ -3,17 +3,18 @@
 
 #include <memory>
 
-#include "platform/text.h"
+#include "platform/pixels.h"
 
 namespace korvane {
 
-// A themed picture by group and name, or the bytes of an image file. Of bytes the same object is
-// the same picture: it is drawn once for each size.
+// A themed picture by group and name, the bytes of an image file, or a decoded one. Of bytes and
+// pixels the same object is the same picture: it is drawn once for each size.
 struct Picture {
   QString group, name;
-  std::shared_ptr<const QByteArray> bytes;
+  std::shared_ptr<const QByteArray> bytes{};
+  std::shared_ptr<const Pixels> pixels{};
   bool operator==(const Picture&) const = default;
-  bool empty() const { return name.isEmpty() && !bytes; }
+  bool empty() const { return name.isEmpty() && !bytes && !pixels; }
 };
 
 }  // namespace korvane

@@ -7,11 +7,14 @@
 #include "tests/fakes/fake_disc_drive.h"
 #include "tests/fakes/fake_dvd_player.h"
 #include "tests/fakes/fake_file_system.h"
+#include "tests/fakes/fake_imaging.h"
 #include "tests/fakes/fake_machine.h"
 #include "tests/fakes/fake_movie_stills.h"
 #include "tests/fakes/fake_network.h"
+#include "tests/fakes/fake_printing.h"
 #include "tests/fakes/fake_programs.h"
 #include "tests/fakes/fake_pump.h"
+#include "tests/fakes/fake_trash.h"
 #include "tests/fakes/fake_video_player.h"
 
 namespace korvane {
@@ -24,6 +27,9 @@ struct FakeSystem {
   FakeVideoPlayer video;
   FakeDvdPlayer dvd;
   FakeMovieStills stills;
+  FakeImaging imaging;
+  FakePrinting printing;
+  FakeTrash trash{files};
   FakeDiscDrive disc;
   FakeScreenPower screenPower;
   FakeSession session;
@@ -38,9 +44,9 @@ struct FakeSystem {
   System with(MediaPlayer& player, std::function<std::unique_ptr<Winsock>()> makeWinsock,
               FileSystem* disk = nullptr) {
     FileSystem& used = disk ? *disk : files;
-    return {pump, clock,  chance,   used,        player,  video,
-            dvd,  stills, disc,     screenPower, session, mixer,
-            tray, box,    programs, instance,    network, std::move(makeWinsock)};
+    return {pump,   clock,   chance,   used,     player,   video,       dvd,
+            stills, imaging, printing, trash,    disc,     screenPower, session,
+            mixer,  tray,    box,      programs, instance, network,     std::move(makeWinsock)};
   }
 };
 

@@ -89,6 +89,8 @@ ControlWidget* makeWidget(Control& control, Face& face, QWidget* parent) {
       return new SliderWidget(static_cast<Slider&>(control), face, parent);
     case Kind::Grid:
       return new GridWidget(static_cast<Grid&>(control), face, parent);
+    case Kind::Sheet:
+    case Kind::Progress:
     case Kind::Frame:
       return new FrameWidget(control, face, parent);
     case Kind::Text:

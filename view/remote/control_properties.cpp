@@ -50,6 +50,8 @@ void describeKind(const Control& control, QJsonObject& to) {
     case Kind::Frame:
     case Kind::PictureArea:
     case Kind::Surface:
+    case Kind::Sheet:
+    case Kind::Progress:
       break;
   }
 }
@@ -87,6 +89,10 @@ const char* kindName(Kind kind) {
       return "picture area";
     case Kind::Surface:
       return "surface";
+    case Kind::Sheet:
+      return "sheet";
+    case Kind::Progress:
+      return "progress";
   }
   Q_UNREACHABLE();
 }
