@@ -33,6 +33,7 @@ constexpr Mode kModes[] = {
     {"listener", "LISTENER FILE", korvane::benchListener},
     {"movies", "HOME", korvane::benchMovies},
     {"movie", "HOME FILE", korvane::benchMovie, true},
+    {"dvd", "DISC", korvane::benchDvd, true},
     {"movie-bare", "FILE", korvane::benchBareMovie},
 };
 

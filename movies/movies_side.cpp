@@ -97,6 +97,16 @@ void MoviesSide::connectControls(Desk& desk) {
   desk.frmMain.on(Event::DblClick, [this](Control&, const Event&) { movies.ResizeWindow(); });
   for (const char* name : {"lblMoviesPlay", "lblMovieType"})
     desk.guard(desk.frmMain, QString::fromLatin1(name), Event::Click);
+  // A movie that begins ends the song of the jukebox.
+  desk.guard(desk.frmMain, u"MovieList", Event::DblClick);
+  desk.frmMain.around(
+      u"cmdControls", Event::Click,
+      [this, &desk](Control& control, const Event&, const std::function<void()>& go) {
+        const bool begins = control.index == static_cast<int>(TransportButton::Play) &&
+                            desk.players.meant() == &transport &&
+                            transport.mode() != PlayMode::Playing;
+        if (!begins || desk.admits()) go();
+      });
 }
 
 void MoviesSide::connectSteps(Desk& desk) {

@@ -1,17 +1,39 @@
-// The machine's DVD drive. Its calls may take as long as the drive does: not for the event loop.
+// The machine's drive for DVDs, as far as playing needs it: whether a disc is in it, and what the
+// disc and the drive say of regions and encryption.
 #pragma once
 
 #include "platform/text.h"
 
 namespace korvane {
 
-// The first drive there is; empty for none.
-QByteArray firstDvdDrive();
+struct DvdDriveLook {
+  enum State { NoDrive, NoDisc, Disc } state = NoDrive;
+  QString device;  // empty for NoDrive
 
-// Whether a disc lies in it and can be read. A plain file, the image of a disc, always does.
-bool dvdInDrive(const QByteArray& device);
+  // Of a disc that was looked at closely; else, and where it does not say, as those of one that
+  // plays everywhere.
+  bool encrypted = false;
+  unsigned forbidden = 0;  // regions that it must not play in; bit 0 is region 1
+  int region = 0;          // the drive's own, from 1; 0 for none
+};
 
-// Why its disc cannot be played, in one sentence for a message; empty when it may.
-QString dvdDriveFault(const QByteArray& device);
+class DvdDrive {
+ public:
+  virtual ~DvdDrive() = default;
+  // May wait for the drive, above all with `closely`, which reads from the disc; called from a
+  // thread of the player's.
+  virtual DvdDriveLook look(bool closely) = 0;
+};
+
+// The first of the devices that is there.
+class DvdDriveLinux final : public DvdDrive {
+ public:
+  explicit DvdDriveLinux(QStringList devices = {u"/dev/dvd"_s, u"/dev/sr0"_s, u"/dev/sr1"_s})
+      : devices_(std::move(devices)) {}
+  DvdDriveLook look(bool closely) override;
+
+ private:
+  const QStringList devices_;
+};
 
 }  // namespace korvane

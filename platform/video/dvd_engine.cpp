@@ -3,145 +3,251 @@
 #include "platform/files/disk_file_system.h"
 #include "platform/path_text.h"
 #include "platform/video/dvd_check.h"
-#include "platform/video/dvd_drive.h"
 
 namespace korvane {
 namespace {
 
-constexpr auto kPlayPause = std::chrono::milliseconds(500);
-constexpr auto kDrivePause = std::chrono::seconds(2);
-constexpr int kMenuPolls = 3;
+using std::chrono::milliseconds;
+using std::chrono::seconds;
+
+constexpr auto kBetweenLooks = milliseconds(500);
+constexpr auto kBetweenSteps = milliseconds(100);  // while something is awaited
+constexpr auto kBetweenLooksAtDrive = seconds(2);
+constexpr auto kBetweenLooksForDrive = seconds(10);  // on a machine without one
+constexpr auto kLongestStart = seconds(40);          // of a drive that has to spin up and try again
+constexpr auto kLongestArrival = seconds(5);         // until the time of a title is known
+constexpr auto kLongestMenu = seconds(1);            // until a menu that was asked for shows
+constexpr auto kSeekShows = milliseconds(600);
+constexpr qint64 kFarIn = 1000;  // milliseconds that are worth a seek
+
+// The seekpoints of libVLC's title 0, which stand for the menus of a disc.
+constexpr int kRootMenu = 1, kTitleMenu = 2;
 
 }  // namespace
 
 DvdPlayerVlc::Engine::Engine(DvdPlayerVlc& owner, Pump& pump, QStringList arguments,
-                             QByteArray device)
-    : VlcEngine(pump, std::move(arguments)), owner_(owner), givenDevice_(std::move(device)) {}
+                             std::shared_ptr<DvdDrive> drive)
+    : VlcEngine(pump, std::move(arguments)), owner_(owner), drive_(std::move(drive)) {}
 
 void DvdPlayerVlc::Engine::prepare() {
   vlc_->libvlc_video_set_mouse_input(player_, 1);
   vlc_->libvlc_video_set_key_input(player_, 0);
 }
 
-void DvdPlayerVlc::Engine::setPace() {
-  pollEvery(started_ ? kPlayPause : watching_ ? kDrivePause : std::chrono::milliseconds(0));
-}
-
-// The window may be gone when this runs. What libVLC still draws then is refused by the X server
-// and harms nothing, for the connection is libVLC's own.
-void DvdPlayerVlc::Engine::setWindow(quintptr window) {
-  if (window == window_) return;
-  if (started_) {
-    const DvdPlace stood = place();
-    halt();
-    if (stood.domain == Title) resume_ = stood;
+void DvdPlayerVlc::Engine::event(const libvlc_event_t& event) {
+  switch (event.type) {
+    case libvlc_MediaPlayerEndReached:
+    case libvlc_MediaPlayerEncounteredError:
+      post([this, play = plays_.load(), failed = event.type == libvlc_MediaPlayerEncounteredError] {
+        if (play == plays_) conclude(failed);
+      });
+      return;
+    case libvlc_MediaPlayerESAdded:
+    case libvlc_MediaPlayerESDeleted:
+      tracksChanged_ = true;
+      break;
+    case libvlc_MediaPlayerTimeChanged:
+      return;
+    default:
+      break;
   }
-  window_ = window;
-  if (wanted_ && !paused_) begin();
-}
-
-void DvdPlayerVlc::Engine::setDirectory(const QString& path) {
-  end();
-  folder_ = path.isEmpty() ? path : DiskFileSystem().resolve(path).value_or(path);
-  menuSeen_ = false;
-}
-
-void DvdPlayerVlc::Engine::play(int run) {
-  run_ = run;
-  wanted_ = true;
-  if (std::exchange(paused_, false) && started_)
-    setPause(false);
-  else if (!started_)
-    begin();
-}
-
-void DvdPlayerVlc::Engine::pause() {
-  paused_ = true;
-  if (started_) setPause(true);
-}
-
-void DvdPlayerVlc::Engine::end() {
-  wanted_ = paused_ = false;
-  resume_ = last_ = {};
-  halt();
-}
-
-void DvdPlayerVlc::Engine::halt() {
-  if (started_) stop();
-  started_ = false;
-  menuPolls_ = 0;
-  setPace();
-}
-
-QByteArray DvdPlayerVlc::Engine::location() const {
-  QByteArray device = givenDevice_.isEmpty() ? firstDvdDrive() : givenDevice_;
-  QByteArray location =
-      "dvd://" + (folder_.isEmpty() ? device : fromPath(folder_)).toPercentEncoding("/");
-  if (resume_.title > 0)
-    location += '#' + QByteArray::number(resume_.title) + ':' + QByteArray::number(resume_.chapter);
-  return location;
-}
-
-void DvdPlayerVlc::Engine::begin() {
-  if (window_ == 0) return;
-  const QByteArray device = givenDevice_.isEmpty() ? firstDvdDrive() : givenDevice_;
-  QString fault = folder_.isEmpty() ? dvdDriveFault(device) : dvdFolderFault(folder_);
-  if (fault.isEmpty() && !make()) fault = trouble();
-  if (!fault.isEmpty()) {
-    end();
-    tell([this, run = run_.load(), fault] { owner_.heardEnd(run, fault); });
-    return;
-  }
-  setMedia(vlc_->libvlc_media_new_location(instance_, location().constData()));
-  vlc_->libvlc_media_player_set_xwindow(player_, static_cast<uint32_t>(window_));
-  VlcEngine::play();
-  started_ = true;
-  setPace();
-}
-
-DvdPlace DvdPlayerVlc::Engine::place() const {
-  DvdPlace found;
-  const int title = vlc_->libvlc_media_player_get_title(player_);
-  if (title < 0) return found;
-  found.domain = title == 0 ? Menu : Title;  // libVLC lists the disc's menus as a title 0
-  if (title == 0) return found;
-  found.title = title;
-  found.chapter = vlc_->libvlc_media_player_get_chapter(player_) + 1;
-  found.chapters = std::max(0, vlc_->libvlc_media_player_get_chapter_count(player_));
-  const auto seconds = [](qint64 ms) { return static_cast<int>(std::max<qint64>(0, ms) / 1000); };
-  found.time = seconds(vlc_->libvlc_media_player_get_time(player_));
-  found.total = seconds(vlc_->libvlc_media_player_get_length(player_));
-  const Tracks sounds = tracks(TrackKind::Sound), subtitles = tracks(TrackKind::Subtitles);
-  found.sounds = sounds.all;
-  found.sound = sounds.chosen;
-  found.subtitles = subtitles.all;
-  found.subtitle = subtitles.chosen;
-  return found;
-}
-
-void DvdPlayerVlc::Engine::look() {
-  if (!started_) return;
-  const DvdPlace now = place();
-  if (now.domain == Menu) menuSeen_ = true;
-  if (resume_.title > 0 && now.title == resume_.title && now.total > 0)
-    seek(std::exchange(resume_, {}).time);
-  if (now.domain == Menu) menuPolls_ = 0;
-  // A disc whose titles know no menu has one at its beginning, if anywhere.
-  if (menuPolls_ > 0 && --menuPolls_ == 0 && menuSeen_) {
-    halt();
-    resume_ = {};
-    begin();
-    return;
-  }
-  const bool moves = now.domain == Title && !paused_;
-  if (now == last_ && !moves) return;
-  last_ = now;
-  tell([this, run = run_.load(), now] { owner_.heardPlace(run, now); });
+  post([this] {
+    if (begun_) look();
+  });
 }
 
 void DvdPlayerVlc::Engine::poll() {
-  look();
-  if (watching_ && std::chrono::steady_clock::now() - driveLookedAt_ >= kDrivePause) lookAtDrive();
+  if (begun_) look();
+  if (watching_ && Clock::now() >= driveDue_) lookAtDrive();
+}
+
+void DvdPlayerVlc::Engine::setPace() {
+  pollEvery(begun_      ? arrived_ && !menuDue_ ? kBetweenLooks : kBetweenSteps
+            : watching_ ? kBetweenLooksAtDrive
+                        : milliseconds(0));
+}
+
+void DvdPlayerVlc::Engine::begin(const Start& start) {
+  if (start.title == 0 && !start.atMenu) menuSeen_ = false;
+  start_ = start;
+  view_ = {};
+  QString trouble = dvdTrouble(DiskFileSystem().resolve(start.directory).value_or(start.directory),
+                               start.directory.isEmpty() ? drive_->look(true) : DvdDriveLook(),
+                               canDecryptDvds(), &disc_);
+  if (trouble.isEmpty() && !make()) trouble = VlcEngine::trouble();
+  if (!trouble.isEmpty())
+    return tell([this, number = start.number, trouble] { owner_.heardEnd(number, trouble); });
+  this->start();
+}
+
+void DvdPlayerVlc::Engine::start() {
+  stop();
+  ++plays_;
+  QByteArray place = "dvd://" + fromPath(disc_).toPercentEncoding("/");
+  if (start_.title > 0)
+    place += '#' + QByteArray::number(start_.title) + ':' + QByteArray::number(start_.chapter);
+  libvlc_media_t* media = vlc_->libvlc_media_new_location(instance_, place.constData());
+  vlc_->libvlc_media_add_option(media, start_.atMenu ? ":dvdnav-menu" : ":no-dvdnav-menu");
+  setMedia(media);
+  vlc_->libvlc_media_player_set_xwindow(player_, static_cast<uint32_t>(start_.window));
+  since_ = Clock::now();
+  begun_ = true;
+  shown_ = arrived_ = sought_ = menuAsked_ = false;
+  menuDue_.reset();
+  silent_ = start_.paused;  // on the way to a place where it is to pause
+  applyLevels();
+  play();
+  setPace();
+}
+
+void DvdPlayerVlc::Engine::halt() {
+  if (std::exchange(begun_, false)) stop();
+  setPace();
+}
+
+void DvdPlayerVlc::Engine::conclude(bool failed) {
+  if (!begun_) return;
+  failed = failed || !shown_;
+  halt();
+  QString trouble;
+  const QString further = shown_ ? u" any further"_s : QString();
+  if (failed && start_.directory.isEmpty())
+    trouble = u"The disc in the DVD drive cannot be read%1. Clean it and try again."_s.arg(further);
+  else if (failed)
+    trouble = u"The DVD %1 cannot be read%2: one of its files is damaged or missing."_s.arg(
+        start_.directory, further);
+  tell([this, number = start_.number, trouble] { owner_.heardEnd(number, trouble); });
+}
+
+void DvdPlayerVlc::Engine::look() {
+  shown_ = shown_ || vlc_->libvlc_media_player_has_vout(player_) > 0;
+  if (!shown_) {
+    if (Clock::now() - since_ > kLongestStart) conclude(true);
+    return;
+  }
+  if (!arrived_) arrive();
+  setPace();
+  const int title = vlc_->libvlc_media_player_get_title(player_);
+  if (!arrived_ || title < 0) return;
+  const bool believed = titleBelieved(title);
+  if (!begun_ || !arrived_) return;
+  const View view = viewOf(believed ? title : view_.title);
+  if (view == view_) return;
+  view_ = view;
+  menuSeen_ = menuSeen_ || view.domain == Menu;
+  tell([this, number = start_.number, view] { owner_.heardView(number, view); });
+}
+
+// The seek waits until the beginning of the chapter shows, since libVLC reckons by the title's
+// length; the pause waits for the picture of the place.
+void DvdPlayerVlc::Engine::arrive() {
+  const auto now = Clock::now();
+  if (start_.title > 0 && !sought_) {
+    const qint64 time = vlc_->libvlc_media_player_get_time(player_);
+    const bool known = time > 0 && vlc_->libvlc_media_player_get_length(player_) > 0;
+    if (!known && now - since_ < kLongestArrival) return;
+    if (known && start_.milliseconds - time > kFarIn)
+      vlc_->libvlc_media_player_set_time(player_, start_.milliseconds);
+    sought_ = true;
+    since_ = now;
+  }
+  if (sought_ && now - since_ < kSeekShows) return;
+  arrived_ = true;
+  if (start_.paused) VlcEngine::setPause(true);
+  silent_ = false;
+  applyLevels();
+}
+
+// Asked for its title 0, libVLC says at once that it is there, also when the disc has no such menu
+// and the title plays on. It is there when the tracks of the title have gone.
+bool DvdPlayerVlc::Engine::titleBelieved(int title) {
+  if (!menuAsked_) return true;
+  if (tracksChanged_ || (title > 0 && !menuDue_)) {
+    menuAsked_ = false;
+    menuDue_.reset();
+    return true;
+  }
+  if (menuDue_ && Clock::now() >= *menuDue_) {
+    menuDue_.reset();
+    if (menuSeen_) startMenu();
+  }
+  return false;
+}
+
+// The way to the first menu of a disc whose titles have none of their own.
+void DvdPlayerVlc::Engine::startMenu() {
+  start_.atMenu = true;
+  start_.title = 0;
+  start();
+}
+
+DvdPlayerVlc::View DvdPlayerVlc::Engine::viewOf(int title) const {
+  View view;
+  view.domain = title > 0 ? Title : Menu;
+  if (title == 0) return view;
+  const bool same = view_.title == title;
+  view.title = title;
+  view.chapter =
+      same && menuAsked_ ? view_.chapter : vlc_->libvlc_media_player_get_chapter(player_) + 1;
+  view.chapters = vlc_->libvlc_media_player_get_chapter_count_for_title(player_, title);
+  view.milliseconds = std::max<qint64>(0, vlc_->libvlc_media_player_get_time(player_));
+  view.length = same && view_.length > 0 ? view_.length : lengthOf(title);
+  const Tracks sounds = tracks(TrackKind::Sound), subtitles = tracks(TrackKind::Subtitles);
+  view.sounds = sounds.all;
+  view.sound = sounds.chosen;
+  view.subtitles = subtitles.all;
+  view.subtitle = subtitles.chosen;
+  return view;
+}
+
+// From the disc's table. libVLC's length is that of the title before it for a moment, and unknown
+// for another at each chapter.
+qint64 DvdPlayerVlc::Engine::lengthOf(int title) const {
+  libvlc_title_description_t** titles = nullptr;
+  const int count = vlc_->libvlc_media_player_get_full_title_descriptions(player_, &titles);
+  if (count <= 0) return 0;
+  const qint64 length = title < count ? titles[title]->i_duration : 0;
+  vlc_->libvlc_title_descriptions_release(titles, static_cast<unsigned>(count));
+  return std::max<qint64>(0, length);
+}
+
+void DvdPlayerVlc::Engine::hold(bool on) {
+  start_.paused = on;
+  if (begun_ && arrived_) setPause(on);
+}
+
+void DvdPlayerVlc::Engine::navigate(libvlc_navigate_mode_t way) {
+  if (begun_ && arrived_) vlc_->libvlc_media_player_navigate(player_, way);
+}
+
+void DvdPlayerVlc::Engine::showMenu(MenuId menu) {
+  if (!begun_ || !arrived_) return;
+  if (view_.domain == Menu) {
+    vlc_->libvlc_media_player_set_chapter(player_, menu == TitleMenu ? kTitleMenu : kRootMenu);
+  } else if (menu == TitleMenu) {
+    if (menuSeen_) startMenu();
+  } else {
+    menuAsked_ = true;
+    menuDue_ = Clock::now() + kLongestMenu;
+    tracksChanged_ = false;
+    vlc_->libvlc_media_player_set_title(player_, 0);
+  }
+}
+
+// Never libVLC's own step: it leaves the title.
+void DvdPlayerVlc::Engine::stepChapter(int by) {
+  if (!begun_ || !arrived_ || menuAsked_ || view_.domain != Title) return;
+  const int to = std::max(1, vlc_->libvlc_media_player_get_chapter(player_) + 1 + by);
+  if (to <= view_.chapters) vlc_->libvlc_media_player_set_chapter(player_, to - 1);
+}
+
+void DvdPlayerVlc::Engine::seekTo(qint64 milliseconds) {
+  if (begun_ && arrived_ && view_.domain == Title)
+    vlc_->libvlc_media_player_set_time(player_, milliseconds);
+}
+
+void DvdPlayerVlc::Engine::choose(TrackKind kind, int id) {
+  if (begun_ && arrived_ && view_.domain == Title) setTrack(kind, id);
 }
 
 void DvdPlayerVlc::Engine::watchDrive(bool on) {
@@ -151,63 +257,13 @@ void DvdPlayerVlc::Engine::watchDrive(bool on) {
   setPace();
 }
 
-// A disc that lay in the drive at the first look is no news.
 void DvdPlayerVlc::Engine::lookAtDrive() {
-  driveLookedAt_ = std::chrono::steady_clock::now();
-  const QByteArray device = givenDevice_.isEmpty() ? firstDvdDrive() : givenDevice_;
-  const bool in = !device.isEmpty() && dvdInDrive(device);
-  if (discIn_ && *discIn_ != in)
-    tell([this, in] { owner_.notify(in ? DiscInserted : DiscEjected); });
-  discIn_ = in;
-}
-
-void DvdPlayerVlc::Engine::navigate(libvlc_navigate_mode_t way) {
-  if (started_) vlc_->libvlc_media_player_navigate(player_, way);
-}
-
-void DvdPlayerVlc::Engine::showMenu() {
-  if (!started_ || vlc_->libvlc_media_player_get_title(player_) <= 0) return;
-  vlc_->libvlc_media_player_set_title(player_, 0);
-  menuPolls_ = kMenuPolls;
-}
-
-void DvdPlayerVlc::Engine::chapter(int step) {
-  if (!started_ || vlc_->libvlc_media_player_get_title(player_) <= 0) return;
-  const int now = vlc_->libvlc_media_player_get_chapter(player_);
-  if (step < 0)
-    vlc_->libvlc_media_player_previous_chapter(player_);
-  else if (now + 1 < vlc_->libvlc_media_player_get_chapter_count(player_))
-    vlc_->libvlc_media_player_next_chapter(player_);
-}
-
-void DvdPlayerVlc::Engine::conclude(int run, bool broken) {
-  if (run != run_ || !started_) return;
-  const bool some = last_.domain != Nothing || place().domain != Nothing;
-  end();
-  QString failure;
-  if (broken || !some)
-    failure = some ? u"The DVD cannot be played any further: it cannot be read."_s
-                   : u"Cannot play the DVD: it cannot be read, or has nothing to play."_s;
-  tell([this, run, failure] { owner_.heardEnd(run, failure); });
-}
-
-void DvdPlayerVlc::Engine::event(const libvlc_event_t& event) {
-  switch (event.type) {
-    case libvlc_MediaPlayerTitleChanged:
-    case libvlc_MediaPlayerChapterChanged:
-    case libvlc_MediaPlayerLengthChanged:
-    case libvlc_MediaPlayerESSelected:
-      post([this] { look(); });
-      break;
-    case libvlc_MediaPlayerEndReached:
-    case libvlc_MediaPlayerEncounteredError:
-      post([this, run = run_.load(), broken = event.type == libvlc_MediaPlayerEncounteredError] {
-        conclude(run, broken);
-      });
-      break;
-    default:
-      break;
-  }
+  const DvdDriveLook::State state = drive_->look(false).state;
+  driveDue_ = Clock::now() +
+              (state == DvdDriveLook::NoDrive ? kBetweenLooksForDrive : kBetweenLooksAtDrive);
+  const bool disc = state == DvdDriveLook::Disc;
+  if (const auto before = std::exchange(discIn_, disc); before && *before != disc)
+    tell([this, disc] { owner_.heardDrive(disc ? DiscInserted : DiscEjected); });
 }
 
 }  // namespace korvane

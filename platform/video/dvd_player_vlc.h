@@ -1,26 +1,28 @@
-// The player of DVDs over libVLC, which draws into a window of X11. What is asked is only kept here
-// and done, in order, on the thread of its VlcEngine, which looks twice a second where the disc is.
+// The DVD player over libVLC 3, which reads the disc by libdvdnav.
+//
+// The members here keep what was asked and what was last heard, and return at once; what is asked
+// is done, in order, on the thread of the VlcEngine. News comes back through the pump, marked with
+// the start of the disc that it belongs to; what is older is dropped.
+//
+// libVLC 3 cannot be given another window while it plays. So the disc is stopped when its window
+// goes, and begun again at the same title and second when there is one again; a menu begins anew.
+// What the disc's own program has remembered is lost by that, and by a menu of the disc that has to
+// be reached by a new start.
 #pragma once
+
+#include <memory>
 
 #include "platform/dvd_player.h"
 #include "platform/pump.h"
+#include "platform/video/dvd_drive.h"
 
 namespace korvane {
 
-// Where a disc is, as a whole.
-struct DvdPlace {
-  DvdPlayer::Domain domain = DvdPlayer::Nothing;
-  int title = 0, chapter = 0, chapters = 0, time = 0, total = 0;
-  QList<MediaTrack> sounds, subtitles;
-  int sound = MediaTrack::kNone, subtitle = MediaTrack::kNone;
-  bool operator==(const DvdPlace&) const = default;
-};
-
 class DvdPlayerVlc final : public DvdPlayer {
  public:
-  // `arguments` as VlcEngine takes them; `device` in place of the machine's first drive. The pump
-  // must outlive this; not owned.
-  explicit DvdPlayerVlc(Pump& pump, QStringList arguments = {}, const QByteArray& device = {});
+  // `arguments` as VlcEngine takes them. The pump must outlive this; not owned.
+  explicit DvdPlayerVlc(Pump& pump, const QStringList& arguments = {},
+                        std::shared_ptr<DvdDrive> drive = std::make_shared<DvdDriveLinux>());
   ~DvdPlayerVlc() override;  // at most 1 s, even when the drive hangs
 
   void setEvents(Events* events) override;
@@ -34,42 +36,53 @@ class DvdPlayerVlc final : public DvdPlayer {
   void ActivateButton() override;
   void SelectButton(Arrow towards) override;
   void ShowMenu(MenuId menu) override;
-  void PlayPrevChapter() override;
-  void PlayNextChapter() override;
-  Domain CurrentDomain() const override { return place_.domain; }
-  int CurrentTitle() const override { return place_.title; }
-  int CurrentChapter() const override { return place_.chapter; }
-  int chapters() const override { return place_.chapters; }
-  int CurrentTime() const override { return place_.time; }
-  int TotalTitleTime() const override { return place_.total; }
+  void PlayPrevChapter() override { stepChapter(-1); }
+  void PlayNextChapter() override { stepChapter(1); }
+  Domain CurrentDomain() const override { return view_.domain; }
+  int CurrentTitle() const override { return view_.title; }
+  int CurrentChapter() const override { return view_.chapter; }
+  int chapters() const override { return view_.chapters; }
+  int CurrentTime() const override { return static_cast<int>(view_.milliseconds / 1000); }
+  int TotalTitleTime() const override { return static_cast<int>(view_.length / 1000); }
   void setCurrentTime(int seconds) override;
   void setVolume(int hundredthsOfDecibel) override;
   void setMute(bool on) override;
-  QList<MediaTrack> tracks(TrackKind kind) const override {
-    return kind == TrackKind::Sound ? place_.sounds : place_.subtitles;
-  }
-  int track(TrackKind kind) const override {
-    return kind == TrackKind::Sound ? place_.sound : place_.subtitle;
-  }
+  QList<MediaTrack> tracks(TrackKind kind) const override;
+  int track(TrackKind kind) const override;
   void setTrack(TrackKind kind, int id) override;
 
  private:
   class Engine;
   friend class Engine;
+
+  // What shows; all but the domain is 0 and empty unless that is Title.
+  struct View {
+    Domain domain = Nothing;
+    int title = 0, chapter = 0, chapters = 0;
+    qint64 milliseconds = 0, length = 0;
+    QList<MediaTrack> sounds, subtitles;
+    int sound = MediaTrack::kNone, subtitle = MediaTrack::kNone;
+    bool operator==(const View&) const = default;
+  };
+  struct Start;
+
   template <class Work>
-  void post(Work work);
-  void watch();
-  void notify(Notice notice);
-  void heardPlace(int run, const DvdPlace& place);
-  void heardEnd(int run, const QString& failure);
+  void post(Work work);  // runs work(engine) on its thread
+  void begin();          // where view_ is, when there is a window
+  void stepChapter(int by);
+  void watchDrive();
+  void heardView(int start, const View& view);
+  void heardEnd(int start, const QString& trouble);  // empty for the end of the disc's program
+  void heardDrive(Notice notice);
 
   std::shared_ptr<Engine> engine_;
   Events* events_ = nullptr;
+  quintptr window_ = 0;
   QString directory_;
   State state_ = Stopped;
-  DvdPlace place_;
-  int run_ = 0;  // number of the playing since the last stop
-  bool used_ = false;
+  View view_;
+  int start_ = 0;  // counts the starts and stops of a disc
+  bool watching_ = false;
 };
 
 }  // namespace korvane

@@ -9,12 +9,17 @@ constexpr auto kLongestGoodbye = std::chrono::seconds(1);
 constexpr auto kPagePainted = std::chrono::milliseconds(40);
 constexpr qint64 kLengthStepMs = 500;  // a guessed length that moves by less is not worth telling
 
-constexpr libvlc_event_e kHeard[] = {
-    libvlc_MediaPlayerPlaying,          libvlc_MediaPlayerEndReached,
-    libvlc_MediaPlayerEncounteredError, libvlc_MediaPlayerTimeChanged,
-    libvlc_MediaPlayerLengthChanged,    libvlc_MediaPlayerESAdded,
-    libvlc_MediaPlayerESDeleted,        libvlc_MediaPlayerESSelected,
-    libvlc_MediaPlayerTitleChanged,     libvlc_MediaPlayerChapterChanged};
+constexpr libvlc_event_e kHeard[] = {libvlc_MediaPlayerPlaying,
+                                     libvlc_MediaPlayerEndReached,
+                                     libvlc_MediaPlayerEncounteredError,
+                                     libvlc_MediaPlayerTimeChanged,
+                                     libvlc_MediaPlayerLengthChanged,
+                                     libvlc_MediaPlayerESAdded,
+                                     libvlc_MediaPlayerESDeleted,
+                                     libvlc_MediaPlayerESSelected,
+                                     libvlc_MediaPlayerTitleChanged,
+                                     libvlc_MediaPlayerChapterChanged,
+                                     libvlc_MediaPlayerVout};
 
 }  // namespace
 
@@ -121,7 +126,7 @@ void VlcEngine::seek(double seconds) {
 void VlcEngine::applyLevels() {
   if (!player_) return;
   vlc_->libvlc_audio_set_volume(player_, volume);
-  vlc_->libvlc_audio_set_mute(player_, mute);
+  vlc_->libvlc_audio_set_mute(player_, mute || silent_);
 }
 
 void VlcEngine::setTrack(TrackKind kind, int id) {

@@ -72,6 +72,7 @@ class VlcEngine : public std::enable_shared_from_this<VlcEngine> {
   };
   Tracks tracks(TrackKind kind) const;
 
+  bool silent_ = false;  // mute beside `mute`; for applyLevels()
   const VlcLibrary* vlc_ = nullptr;
   libvlc_instance_t* instance_ = nullptr;
   libvlc_media_player_t* player_ = nullptr;

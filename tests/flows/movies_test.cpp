@@ -374,5 +374,113 @@ TEST_F(Movies, InTheCabinTheListenerPlays) {
   EXPECT_EQ(caption(u"lblCurrentPlay"_s), u"Status: Movie Listener not connected"_s);
 }
 
+TEST_F(Movies, AGuestOfTheLockedJukeboxPlaysNoMovie) {
+  givenDays();
+  begin("LOCALLISTENER=1\nJukeboxLock=YES\nSetup=4711\nShowMute=1\n", {});
+  openAlbum(1, 1);
+  press(u"optMode"_s, 1);
+  CabinTest::playRow(1, 1);
+  press(u"imgTabs"_s, kMoviesTab);
+  const QString song = playing();
+  typed({}, true);
+  playRow(1);
+  typed({}, true);
+  press(u"mute"_s);
+  EXPECT_TRUE(host->allDone());
+  EXPECT_TRUE(video().calls.isEmpty());
+  EXPECT_EQ(player.playState(), MediaPlayer::Playing);
+  typed(u"4711"_s, true);
+  playRow(1);
+  EXPECT_EQ(video().state(), VideoPlayer::Playing);
+  EXPECT_EQ(player.playState(), MediaPlayer::Stopped) << song.toStdString();
+}
+
+TEST_F(Movies, TheCeilingAndTheMuteOfTheMoviesHoldFromTheirPage) {
+  system().mixer.top = 1000;
+  begin("LOCALLISTENER=1\nDisplayVolume=1\nShowMute=1\nVolumeMax=60\n", {});
+  press(u"imgTabs"_s, kMoviesTab);
+  playRow(1);
+  dynamic_cast<Slider&>(control(u"scrollVolume"_s)).moveTo(2400);
+  EXPECT_EQ(system().mixer.value, 600);
+  press(u"mute"_s);
+  EXPECT_EQ(video().calls.last(), u"mute"_s);
+  transport(Stop);
+  playRow(2);
+  EXPECT_FALSE(video().calls.contains(u"unmute"_s)) << "the next one is as silent";
+  system().mixer.top = 0;
+  system().mixer.outside();
+  dynamic_cast<Slider&>(control(u"scrollVolume"_s)).moveTo(2400);
+  EXPECT_EQ(video().volume(), -444) << "60 % of the player's own, in 1/100 dB";
+}
+
+// What happens elsewhere while a movie fills the screen leaves it there.
+TEST_F(Movies, TheFullScreenStaysUnderWhatHappensElsewhere) {
+  givenDays();
+  open("LOCALLISTENER=1\nLocalServer=1\n", "MovieControls=YES\nMovieListener=0\n");
+  playRow(1);
+  press(u"cmdMovieFullScreen"_s);
+  const auto full = [this] {
+    return shown(u"MoviePic"_s) && control(u"MoviePic"_s).rect().width == form().width() &&
+           video().state() == VideoPlayer::Playing;
+  };
+  const std::pair<const char*, std::function<void()>> events[] = {
+      {"a scan", [&] { console().library.songsChanged(); }},
+      {"a message",
+       [&] {
+         answer(u"The cabin lights are out"_s);
+         console().desk.messages.say(u"The cabin lights are out"_s);
+       }},
+      {"a record of the Listener of music",
+       [&] {
+         sockets.at(0)->stand();
+         sockets.at(0)->arrive(
+             "MP3TIMER\0"
+             "0:07\0"
+             "7\1");
+       }},
+      {"a list that comes late", [&] { console().movies.source.settleRole(); }},
+  };
+  for (const auto& [what, happens] : events) {
+    happens();
+    system().pump.settle();
+    EXPECT_TRUE(full()) << what;
+  }
+  EXPECT_FALSE(shown(u"MovieList"_s));
+  press(u"MoviePic"_s);
+  EXPECT_TRUE(shown(u"framMovie"_s));
+  console().desk.startup.Form_Load();  // as another theme does
+  EXPECT_EQ(video().state(), VideoPlayer::Closed);
+  EXPECT_TRUE(console().desk.tabs.open(kMainTab) && !shown(u"MoviePic"_s) &&
+              !shown(u"framMovie"_s));
+  EXPECT_EQ(control(u"MoviePic"_s).design.width, 814);
+}
+
+TEST_F(Movies, AListenerThatFloodsOrGoesLeavesThePageAlive) {
+  open("LocalServer=1\n", "MovieListener=1\nMovieControls=YES\n");
+  console().desk.state.gMovieListenerIP = u"10.0.0.3"_s;
+  console().desk.state.gMovieListenerPort = u"7411"_s;
+  press(u"imgTabs"_s, kMoviesTab);
+  sockets.at(1)->stand();
+  system().pump.settle();
+  playRow(2);
+  send("MOVIEDURATION|90$");
+  slider().value = 30;
+  fire(u"Slider1"_s, Event::Press);
+  QByteArray flood;
+  for (int i = 0; i < 2000; ++i)
+    flood += "MOVIETIMER|9:99|" + QByteArray::number(i) + "$DVDMOVIETIMER|x|99999|10$";
+  send(flood);
+  EXPECT_EQ(slider().value(), 30) << "a finger holds it";
+  fire(u"Slider1"_s, Event::Release);
+  send("MOVIETIMER|9:99|4000$");
+  EXPECT_LE(slider().value(), slider().maximum());
+  press(u"cmdMovieFullScreen"_s);
+  sockets.at(1)->peerCloses();
+  system().pump.settle();
+  EXPECT_EQ(mode(), PlayMode::Stopped);
+  EXPECT_TRUE(shown(u"MovieList"_s));
+  EXPECT_EQ(control(u"MovieList"_s).rect().width, 814);
+}
+
 }  // namespace
 }  // namespace korvane
