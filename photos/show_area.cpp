@@ -34,11 +34,10 @@ void ShowArea::take(const Frame& seen) {
   running_ = true;
   if (seen.first < 0 && uses_.settings.flag(key::StartAtTouched)) return show(1, true);
   restTimer();
-  if (seen.first != seen.last || !files().row(seen.first)) return;
-  decode(seen.first, [this, at = seen.first](const auto& pixels) {
-    if (!pixels || seen_.first != at || awaited_) return;
-    seen_.picture = pixels;
-    uses_.area.picture = pictureOf(pixels);
+  if (seen.first != seen.last || !files().row(seen.first)) return decodeAhead();
+  decode(seen.first, [this](const auto& pixels) {
+    if (pixels) uses_.area.picture = pictureOf(seen_.picture = pixels);
+    decodeAhead();
   });
 }
 
@@ -151,8 +150,13 @@ void ShowArea::put(const Frame& frame) {
   if (moveOn_ && files().setAbsolutePosition(frame.last + 1)) files().MoveNext();
   restTimer();
   changed();
+  decodeAhead();
+}
+
+// What the next tick will show.
+void ShowArea::decodeAhead() {
   if (uses_.settings.number(key::ShowFade) == 0 || files().RecordCount() < 2) return;
-  load((frame.last + 1) % files().RecordCount(), 1);
+  load(files().EndOfFile() ? 0 : files().AbsolutePosition() - 1, 1);
 }
 
 bool ShowArea::pairs(const Pixels& pixels) const {

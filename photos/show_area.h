@@ -49,6 +49,7 @@ class ShowArea {
   void load(int at, int by);
   void loadBeside(int at, int by);
   void loaded(Frame frame);
+  void decodeAhead();
   void put(const Frame& frame);
   void decode(int at, std::function<void(std::shared_ptr<const Pixels>)> done);
   void restTimer();

@@ -21,7 +21,7 @@ void SlideShow::start(int row, const QString& directory, const QString& name) {
   uses_.pictures.SetupFiles(directory);
   PictureFiles& files = uses_.pictures.rsFiles;
   restAds();
-  if (files.RecordCount() == 0) return;
+  if (files.RecordCount() == 0 || uses_.state.currentTab != kPhotosTab) return;
   const bool touched = uses_.settings.flag(key::StartAtTouched);
   if (touched) {
     for (int i = 0; files.row(i); ++i)
@@ -112,7 +112,6 @@ void SlideShow::scrollDelay_Change() {
 }
 
 void SlideShow::PicTimer_Timer() {
-  uses_.system.pump.doEvents();
   area_.PicTimer_Timer();
 }
 

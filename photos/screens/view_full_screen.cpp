@@ -16,12 +16,14 @@ constexpr InventoryRow in(const char* container, const char* name, int index, Ki
 }
 
 // From the left, in the order in which a hand looks for them.
-constexpr InventoryRow tool(int place, int index, const char* caption, const char* tip = "") {
+constexpr InventoryRow tool(int place, int index, const char* caption, Look look = {}) {
   const int last = kToolsPlace.width - (kTools - 1) * (kToolWidth + kToolGap) - 2 * kToolGap;
+  look.caption = caption;
+  look.text = 26;
   return in("tools", "cmdTools", index, Kind::Button,
             {kToolGap + place * (kToolWidth + kToolGap), kToolGap,
              place == kTools - 1 ? last : kToolWidth, kToolHeight},
-            caption, {.caption = caption, .tip = tip, .text = 26});
+            caption, look);
 }
 
 constexpr InventoryRow entry(int place, const char* name, const char* caption) {
@@ -60,8 +62,8 @@ constexpr InventoryRow kRows[] = {
     tool(2, 2, "Stop"),
     tool(3, 0, "Next"),
     tool(4, 5, "Hide"),
-    tool(5, 4, "Exit"),
-    tool(6, 6, "Controls on", "Right Click for extra controls"),
+    tool(5, 4, "Exit", {.cancels = true}),
+    tool(6, 6, "Controls on", {.tip = "Right Click for extra controls"}),
     {"pictimer", -1, Kind::Timer, {}, TL, ""},
 };
 
