@@ -173,20 +173,21 @@ bool isWhole(const Frame& frame, QuarterTurn turn) {
 DecodedJpeg decodeJpeg(QByteArrayView bytes, FittedSize atLeast) {
   const TurboJpeg turbo(tjInitDecompress());
   Frame frame;
-  if (!turbo || !readFrame(turbo, bytes, &frame)) return {nullptr, turbo.fault()};
+  if (!turbo || !readFrame(turbo, bytes, &frame))
+    return {nullptr, frame.width > 0 && frame.subsampling < 0, turbo.fault()};
   const FittedSize size = scaledTo(frame, atLeast);
   const auto made = newPixels(size.width, size.height);
-  if (!made) return {nullptr, u"There is not enough memory for it."_s};
+  if (!made) return {nullptr, false, u"There is not enough memory for it."_s};
   const bool inks = frame.colours == TJCS_CMYK || frame.colours == TJCS_YCCK;
   QString fault;
   if (tjDecompress2(turbo, raw(bytes), length(bytes), reinterpret_cast<uchar*>(made->words),
                     size.width, size.width * 4, size.height, inks ? TJPF_CMYK : TJPF_BGRA,
                     TJFLAG_LIMITSCANS) != 0) {
     fault = turbo.fault();
-    if (turbo.fatal()) return {nullptr, fault};
+    if (turbo.fatal()) return {nullptr, false, fault};
   }
   if (inks) inksToColours(made->words, qsizetype{size.width} * size.height);
-  return {made->pixels, fault};
+  return {made->pixels, false, fault};
 }
 
 QByteArray encodeJpeg(const Pixels& pixels, int quality) {

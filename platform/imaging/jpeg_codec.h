@@ -8,6 +8,7 @@ namespace korvane {
 
 struct DecodedJpeg {
   std::shared_ptr<const Pixels> pixels;  // null when it could not be decoded
+  bool unusual = false;                  // in how it stores colours: this decoder has no way for it
   QString fault;  // what is wrong with the file, in the decoder's words; it may be shown still
 };
 // As the file stores it, no turn. At least `atLeast` large and near to that where the decoder can

@@ -61,6 +61,7 @@ Imaging::Loaded loadJpeg(PictureSource& source, const Imaging::Reading& reading)
   const QByteArray bytes = source.whole();
   if (bytes.isEmpty()) return failed(source.fault());
   DecodedJpeg decoded = decodeJpeg(bytes, plan.asked);
+  if (decoded.unusual) return loadByQt(source, reading);
   if (!decoded.pixels) return failed(u"It is damaged or cut short (%1)."_s.arg(decoded.fault));
   return plan.finish(std::move(decoded.pixels));
 }
@@ -130,11 +131,8 @@ Imaging::Loaded loadPicture(const QString& path, const Imaging::Reading& reading
   PictureSource source(path);
   if (!source.fault().isEmpty()) return failed(source.fault());
   if (source.kind() == PictureKind::Heif) return loadHeif(source, reading);
-  if (source.kind() != PictureKind::Jpeg) return loadByQt(source, reading);
-  Imaging::Loaded loaded = loadJpeg(source, reading);
-  if (loaded.pixels) return loaded;
-  Imaging::Loaded other = loadByQt(source, reading);
-  return other.pixels ? other : loaded;
+  if (source.kind() == PictureKind::Jpeg) return loadJpeg(source, reading);
+  return loadByQt(source, reading);
 }
 
 }  // namespace korvane

@@ -1,5 +1,6 @@
 // Picture files of every kind, looked at and loaded: each by the decoder of the kind that its first
-// bytes say, whatever its name, and where that one refuses it by Qt's readers. From any thread.
+// bytes say, whatever its name; a JPEG that stores its colours in an unusual way by Qt's reader.
+// From any thread.
 #pragma once
 
 #include "platform/imaging.h"

@@ -70,7 +70,7 @@ QImage QtImage::read() {
 }
 
 bool QtImage::hasMore() {
-  return !isIcon(format_) && (reader_.imageCount() > 1 || reader_.supportsAnimation());
+  return !isIcon(format_) && reader_.imageCount() > 1;
 }
 
 }  // namespace korvane
