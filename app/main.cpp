@@ -10,8 +10,10 @@
 #include "app/tools.h"
 #include "platform/disc/disc_reader_cdio.h"
 #include "platform/disc/reading_drive.h"
+#include "platform/files/desktop_trash.h"
 #include "platform/files/disk_file_system.h"
 #include "platform/files/home_lock.h"
+#include "platform/imaging/picture_codecs.h"
 #include "platform/machine/detached_programs.h"
 #include "platform/machine/login_session.h"
 #include "platform/machine/screen_saver_power.h"
@@ -60,6 +62,8 @@ int show(const CommandLine& line, const QString& home, DiskFileSystem& files, Qt
   VideoPlayerVlc video(pump);
   DvdPlayerVlc dvd(pump);
   MovieStillsVlc stills(pump);
+  PictureCodecs imaging;
+  DesktopTrash trash;
   ReadingDrive disc(pump, player, std::make_shared<DiscReaderCdio>());
   ScreenSaverPower screenPower;
   LoginSession session;
@@ -70,8 +74,9 @@ int show(const CommandLine& line, const QString& home, DiskFileSystem& files, Qt
   HomeLock lock(home);
   NetworkLinux network;
   const auto makeWinsock = [] { return std::make_unique<WinsockQt>(); };
-  System system{pump,        clock,   chance, files, player, video,    dvd,  stills,  disc,
-                screenPower, session, mixer,  tray,  box,    programs, lock, network, makeWinsock};
+  System system{pump,   clock,   chance,   files,    player, video,       dvd,
+                stills, imaging, printing, trash,    disc,   screenPower, session,
+                mixer,  tray,    box,      programs, lock,   network,     makeWinsock};
   WindowHost* window = nullptr;
   bool ended = false;  // also while the start still runs its own turns of the event loop
   const auto end = [&ended] {

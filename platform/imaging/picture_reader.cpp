@@ -1,0 +1,138 @@
+#include "platform/imaging/picture_reader.h"
+
+#include "platform/imaging/heif_codec.h"
+#include "platform/imaging/jpeg_codec.h"
+#include "platform/imaging/picture_source.h"
+#include "platform/imaging/qt_images.h"
+
+namespace korvane {
+namespace {
+
+const QString kNoMemory = u"There is not enough memory for it."_s;
+
+FittedSize turnedSize(FittedSize size, QuarterTurn turn) {
+  return turn.transposed ? FittedSize{size.height, size.width} : size;
+}
+
+// How a picture of a stored size comes to stand as `reading` asks for it.
+struct Plan {
+  Plan(FittedSize storedSize, int orientation, const Imaging::Reading& reading)
+      : turn(reading.upright ? QuarterTurn::toUpright(orientation) : QuarterTurn()),
+        whole(turnedSize(storedSize, turn)),
+        asked(turnedSize(askedSize(whole.width, whole.height, reading), turn)) {}
+
+  // Of pixels as they are stored, perhaps smaller by now.
+  Imaging::Loaded finish(std::shared_ptr<const Pixels> pixels) const {
+    if (pixels) pixels = scaledPixels(*pixels, asked);
+    if (pixels && !turn.isNone()) pixels = turnedPixels(*pixels, turn);
+    if (!pixels) return {nullptr, 0, 0, kNoMemory};
+    return {std::move(pixels), whole.width, whole.height, {}};
+  }
+
+  QuarterTurn turn;
+  FittedSize whole;  // upright
+  FittedSize asked;  // as stored
+};
+
+Imaging::Loaded failed(const QString& why) {
+  return {nullptr, 0, 0, why};
+}
+
+Imaging::Loaded loadByQt(PictureSource& source, const Imaging::Reading& reading) {
+  QtImage image(source.device());
+  QSize size = image.size();
+  QImage read;
+  if (!size.isValid()) read = image.read();  // it does not say before
+  if (!image.fault().isEmpty()) return failed(image.fault());
+  if (!read.isNull()) size = read.size();
+  const Plan plan({size.width(), size.height()}, source.exif().orientation, reading);
+  const bool smaller = plan.asked.width < size.width() || plan.asked.height < size.height();
+  if (read.isNull())
+    read = smaller ? image.read({plan.asked.width, plan.asked.height}) : image.read();
+  if (read.isNull()) return failed(image.fault());
+  return plan.finish(toPixels(std::move(read)));
+}
+
+Imaging::Loaded loadJpeg(PictureSource& source, const Imaging::Reading& reading) {
+  const JpegHead& head = source.jpeg();
+  if (tooLarge(head.width, head.height)) return failed(tooLargeText(head.width, head.height));
+  if (head.width < 1 || head.height < 1) return failed(u"It is damaged or cut short."_s);
+  const Plan plan({head.width, head.height}, source.exif().orientation, reading);
+  const QByteArray bytes = source.whole();
+  if (bytes.isEmpty()) return failed(source.fault());
+  DecodedJpeg decoded = decodeJpeg(bytes, plan.asked);
+  if (decoded.unusual) return loadByQt(source, reading);
+  if (!decoded.pixels) return failed(u"It is damaged or cut short (%1)."_s.arg(decoded.fault));
+  return plan.finish(std::move(decoded.pixels));
+}
+
+Imaging::Loaded loadHeif(PictureSource& source, Imaging::Reading reading) {
+  HeifFile file(source.pathBytes());
+  auto pixels = file.decode();
+  if (!pixels) return failed(file.fault());
+  return Plan({pixels->width, pixels->height}, 1, reading).finish(std::move(pixels));
+}
+
+void aboutByQt(PictureSource& source, Imaging::About& about) {
+  QtImage image(source.device());
+  QSize size = image.size();
+  if (!size.isValid() && image.fault().isEmpty()) size = image.read().size();
+  about.error = image.fault();
+  about.width = std::max(0, size.width());
+  about.height = std::max(0, size.height());
+}
+
+void aboutJpeg(const JpegHead& head, Imaging::About& about) {
+  about.width = head.width;
+  about.height = head.height;
+  if (head.width < 1 || head.height < 1)
+    about.error = u"It is damaged or cut short."_s;
+  else if (tooLarge(head.width, head.height))
+    about.error = tooLargeText(head.width, head.height);
+}
+
+void aboutHeif(const QByteArray& path, Imaging::About& about) {
+  const HeifFile file(path);
+  about.width = file.width();
+  about.height = file.height();
+  about.taken = file.taken();
+  about.error = file.fault();
+}
+
+}  // namespace
+
+std::shared_ptr<const Pixels> scaledPixels(const Pixels& pixels, FittedSize size) {
+  if (size.width == pixels.width && size.height == pixels.height)
+    return std::make_shared<const Pixels>(pixels);
+  if (size.width < 1 || size.height < 1 || tooLarge(size.width, size.height)) return nullptr;
+  return toPixels(toImage(pixels).scaled(size.width, size.height, Qt::IgnoreAspectRatio,
+                                         Qt::SmoothTransformation));
+}
+
+Imaging::About aboutPicture(const QString& path, bool upright) {
+  PictureSource source(path);
+  Imaging::About about;
+  about.orientation = source.exif().orientation;
+  about.taken = source.exif().taken;
+  if (!source.fault().isEmpty())
+    about.error = source.fault();
+  else if (source.kind() == PictureKind::Jpeg)
+    aboutJpeg(source.jpeg(), about);
+  else if (source.kind() == PictureKind::Heif)
+    aboutHeif(source.pathBytes(), about);
+  else
+    aboutByQt(source, about);
+  if (upright && QuarterTurn::toUpright(about.orientation).transposed)
+    std::swap(about.width, about.height);
+  return about;
+}
+
+Imaging::Loaded loadPicture(const QString& path, const Imaging::Reading& reading) {
+  PictureSource source(path);
+  if (!source.fault().isEmpty()) return failed(source.fault());
+  if (source.kind() == PictureKind::Heif) return loadHeif(source, reading);
+  if (source.kind() == PictureKind::Jpeg) return loadJpeg(source, reading);
+  return loadByQt(source, reading);
+}
+
+}  // namespace korvane
