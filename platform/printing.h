@@ -1,5 +1,6 @@
 // The printers of the machine. Millimetres everywhere; a page's origin is the upper left corner of
-// its paper.
+// its paper as it lies. All members may be called from any thread; they wait for the print service
+// and the disk, so the event loop calls none of them.
 #pragma once
 
 #include <optional>
@@ -43,5 +44,10 @@ class Printing {
   // words; then nothing comes out.
   virtual bool print(const Job& job, const Placed& picture, QString* error) = 0;
 };
+
+// What may be seen of it, in its place: the same pixels without those that lie outside of the box.
+// They are whole ones, so up to one on each side reaches over the box. Its pixels are null where
+// there is nothing to see.
+Printing::Placed seenPart(const Printing::Placed& picture);
 
 }  // namespace korvane
