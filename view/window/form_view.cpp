@@ -125,6 +125,7 @@ void FormView::fit(QRect place, double scale) {
   face_.scale = scale;
   background_ = {};
   fitting_ = true;
+  form_.scale = scale * devicePixelRatioF();
   form_.resize(static_cast<int>(std::lround(place.width() / scale)),
                static_cast<int>(std::lround(place.height() / scale)));
   fitting_ = false;
