@@ -31,10 +31,14 @@ AdsSide::AdsSide(Desk& d)
   d.setupDoors.add({"cmdAddDir", 5, [this] { adds.open(); }});
 }
 
+// Between two songs nothing is heard, and the state says that music plays. A show counts while it
+// is paused too.
 bool AdsSide::plays() const {
   const Player* heard = desk_.players.heard();
+  const Player* shown = desk_.tabs.openTab().player();
   return desk_.state.gMusicState == MusicState::Play ||
-         (heard && heard->mode() == PlayMode::Playing);
+         (heard && heard->mode() == PlayMode::Playing) ||
+         (shown && shown->silent() && shown->mode() != PlayMode::Stopped);
 }
 
 void AdsSide::setupAds() {

@@ -118,7 +118,6 @@ class Form : public Noticing {
 
   // Lays the controls out on a surface of that many form units, never under the design's.
   void resize(int width, int height);
-  double scale = 1;  // device pixels a form unit, kept by the face
   int width() const { return width_; }
   int height() const { return height_; }
 

@@ -126,7 +126,6 @@ void FormView::fit(QRect place, double scale) {
   form_.scale = scale * devicePixelRatioF();
   background_ = {};
   fitting_ = true;
-  form_.scale = scale * devicePixelRatioF();
   form_.resize(static_cast<int>(std::lround(place.width() / scale)),
                static_cast<int>(std::lround(place.height() / scale)));
   fitting_ = false;
