@@ -27,7 +27,6 @@ TEST(AdTimings, AreTheFirstLineWhenItIsANumberOfSeconds) {
                                               {"0.2", 0},
                                               {"1e2", 100},
                                               {"nan", 10},
-                                              {"12\0", 12},
                                               {"\xff\xfe"
                                                "1",
                                                10},
@@ -36,8 +35,7 @@ TEST(AdTimings, AreTheFirstLineWhenItIsANumberOfSeconds) {
                                               {QByteArray(300, ' ') + "9", 10},
                                               {"9\n" + QByteArray(1 << 20, 'x'), 9}};
   for (const auto& [file, seconds] : table)
-    EXPECT_EQ(adTiming(file, 10).seconds, seconds)
-        << file.first(std::min<qsizetype>(20, file.size()));
+    EXPECT_EQ(adTiming(file, 10).seconds, seconds) << file.left(20).toStdString();
   const AdTiming long_ = adTiming("9\n" + QByteArray("Mon\n").repeated(1 << 18), 10);
   EXPECT_LE(long_.hours.size(), 100U);
 }
@@ -235,7 +233,7 @@ TEST_F(Ads, TheIdleSecondsBeginAgainAtATouchButNotAtEach) {
                          3, 3}};
   for (const QByteArray& key : {QByteArray(), QByteArray("IdleByTouch=YES\n")})
     for (const Case& each : table) {
-      SCOPED_TRACE(key + each.what);
+      SCOPED_TRACE((key + each.what).toStdString());
       open(key);
       pass(2);
       each.touch();
