@@ -206,7 +206,7 @@ TEST_F(Ads, TheIdleSecondsBeginAgainAtATouchButNotAtEach) {
   struct Case {
     const char* what;
     std::function<void()> touch;
-    int told, byTouch;  // seconds from it to the show, after two that have passed
+    int absent, byTouch;  // seconds from it to the show, after two that have passed
   };
   const auto right = [this] {
     down(false, true);
@@ -237,7 +237,7 @@ TEST_F(Ads, TheIdleSecondsBeginAgainAtATouchButNotAtEach) {
       open(key);
       pass(2);
       each.touch();
-      EXPECT_EQ(secondsToShow(), key.isEmpty() ? each.told : each.byTouch);
+      EXPECT_EQ(secondsToShow(), key.isEmpty() ? each.absent : each.byTouch);
       EXPECT_FALSE(kept);
     }
 }

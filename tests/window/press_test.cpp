@@ -147,15 +147,15 @@ TEST_F(Press, WhatIsHiddenCoveredOrOffCannotBeReached) {
 }
 
 TEST_F(Press, ATouchCanBeKeptFromWhatLiesThereWithASecondTap) {
-  QStringList told;
+  QStringList news;
   bool keeps = false;
   host.touches.changed = [&] {
-    told << (host.touches.left ? u"down"_s : u"up"_s);
+    news << (host.touches.left ? u"down"_s : u"up"_s);
     return keeps && host.touches.left;
   };
   tap("cmdTop", 1);
   EXPECT_EQ(take().size(), 3);
-  EXPECT_EQ(std::exchange(told, {}), (QStringList{u"down"_s, u"up"_s}));
+  EXPECT_EQ(std::exchange(news, {}), (QStringList{u"down"_s, u"up"_s}));
   keeps = true;
   finger.press(gridWidget(), QPoint(50, 200));
   keeps = false;
@@ -163,7 +163,7 @@ TEST_F(Press, ATouchCanBeKeptFromWhatLiesThereWithASecondTap) {
   finger.release();
   tap("cmdTop", 1);
   EXPECT_EQ(take(), QStringList()) << "neither the touch nor the tap that follows at once";
-  EXPECT_EQ(std::exchange(told, {}), (QStringList{u"down"_s, u"up"_s, u"down"_s, u"up"_s}));
+  EXPECT_EQ(std::exchange(news, {}), (QStringList{u"down"_s, u"up"_s, u"down"_s, u"up"_s}));
   settle(QApplication::doubleClickInterval() + 20);
   tap("cmdTop", 1);
   EXPECT_EQ(take().size(), 3);

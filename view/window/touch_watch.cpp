@@ -37,7 +37,7 @@ bool TouchWatch::eventFilter(QObject* watched, QEvent* event) {
 bool TouchWatch::change() {
   const bool begins = !std::exchange(down_, finger_ || buttons_) && down_;
   const bool kept =
-      told && told(finger_ || (buttons_ & Qt::LeftButton), bool(buttons_ & Qt::RightButton));
+      changed && changed(finger_ || (buttons_ & Qt::LeftButton), bool(buttons_ & Qt::RightButton));
   if (begins) {
     const bool second =
         sinceKept_.isValid() && !sinceKept_.hasExpired(QApplication::doubleClickInterval());

@@ -13,7 +13,7 @@ class TouchWatch : public QObject {
   TouchWatch();
 
   // As Touches::tell.
-  std::function<bool(bool left, bool right)> told;
+  std::function<bool(bool left, bool right)> changed;
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

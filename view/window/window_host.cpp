@@ -28,7 +28,7 @@ WindowHost::WindowHost(Graphics& graphics, PressGate& gate, QSize windowed)
     if (closeAsked) closeAsked();
   };
   stage_->pressedKey = [this](QKeyEvent& event) { keyPressed(event); };
-  touchWatch_.told = [this](bool left, bool right) {
+  touchWatch_.changed = [this](bool left, bool right) {
     bool kept = false;
     wall.run([&] { kept = touches.tell(left, right); });
     return kept;
