@@ -2,6 +2,7 @@
 // nothing; to add a side is to add a line here.
 #pragma once
 
+#include "ads/ads_side.h"
 #include "control/control_side.h"
 #include "core/desk.h"
 #include "custom/custom_side.h"
@@ -28,6 +29,7 @@ class Console {
   PlaybackSide playback{desk, library, listener};
   MoviesSide movies{desk, listener, playback};
   CustomSide custom{desk, library, listener, playback};
+  AdsSide ads{desk};
   ControlSide control{desk, listener};
 };
 

@@ -13,6 +13,7 @@ Desk::Desk(System& doors, const MakeHost& makeHost, QString home, std::function<
       awake(system.screenPower, state),
       frmMain(u"frmMain"_s, mainInventory(), kSurface, FormRole::Main),
       frmSplash(u"frmSplash"_s, splashInventory(), kSurface, FormRole::Splash),
+      addTimer(frmMain, state),
       messages(host, palette),
       dialogs{host, palette, messages},
       chooser(dialogs, doors.files),
@@ -22,7 +23,7 @@ Desk::Desk(System& doors, const MakeHost& makeHost, QString home, std::function<
       parts(main, paging, state, settings),
       players({frmMain, state, settings, screen, tabs, system.pump}),
       startup({system, state, settings, graphics, palette, log, screen, main, tabs, host, frmSplash,
-               steps, mixerOpened}),
+               addTimer, steps, mixerOpened}),
       window({frmMain, state, host, messages, startup, system.tray, system.session},
              std::move(end)) {
   tabs.closeAlwaysOnTop = [this] { window.closeAlwaysOnTop(); };

@@ -2,6 +2,7 @@
 // in what the whole must know. Made first and gone last; knows no side.
 #pragma once
 
+#include "core/add_timer.h"
 #include "core/button_words.h"
 #include "core/chooser.h"
 #include "core/dialog.h"
@@ -37,6 +38,7 @@ class Desk {
   Screen screen;
   KeepAwake awake;
   Form frmMain, frmSplash;
+  AddTimer addTimer;
   ThemedMessages messages;
   const DialogUses dialogs;  // what every modal form is given
   Chooser chooser;

@@ -8,7 +8,7 @@ namespace korvane {
 void Startup::Form_Load() {
   AppState& state = uses_.state;
   state.loadingForm = true;
-  if (state.gAddsOn) panel_.AddTimer->enabled = true;
+  uses_.addTimer.apply();
 
   status(u"Loading maps...."_s);
   if (state.gMapsEnabled) run(Step::Map);

@@ -83,10 +83,10 @@ inline constexpr SettingKey Camera{"STARTUP", "Camera", Rule::Flag1NoIsZero, Whe
 inline constexpr SettingKey CameraDevice{"STARTUP", "CameraDevice", Rule::Text, When::Kept};
 inline constexpr SettingKey VideoFormat{"STARTUP", "VideoFormat", Rule::Text, When::Kept};
 inline constexpr SettingKey ADDSON{"STARTUP", "ADDSON", Rule::FlagExactYes, When::Start};
-inline constexpr SettingKey ADDSTART{"STARTUP", "ADDSTART", Rule::Number, When::Kept, -32768,
+inline constexpr SettingKey ADDSTART{"STARTUP", "ADDSTART", Rule::Number, When::Start, -32768,
                                      32767,     20};
 inline constexpr SettingKey ADDSBETWEEN{
-    "STARTUP", "ADDSBETWEEN", Rule::Number, When::Kept, -32768, 32767, 10};
+    "STARTUP", "ADDSBETWEEN", Rule::Number, When::Start, -32768, 32767, 10};
 inline constexpr SettingKey Setup{"STARTUP", "Setup", Rule::Str, When::Live};
 inline constexpr SettingKey CDDBPath{"STARTUP", "CDDBPath", Rule::Str, When::Kept};
 inline constexpr SettingKey RadioTop{"STARTUP", "RadioTop", Rule::Text, When::Kept};
@@ -178,7 +178,7 @@ inline constexpr SettingKey AdWake{"STARTUP", "AdWake", Rule::FlagYes, When::Liv
 inline constexpr SettingKey AdHours{"STARTUP", "AdHours", Rule::FlagYes, When::Live};
 inline constexpr SettingKey AdLog{"STARTUP", "AdLog", Rule::FlagYes, When::Live};
 inline constexpr SettingKey AdShift{"STARTUP", "AdShift", Rule::FlagYes, When::Live};
-inline constexpr SettingKey AdBlack{"STARTUP", "AdBlack", Rule::Number, When::Live, 0,
+inline constexpr SettingKey AdBlack{"STARTUP", "AdBlack", Rule::Number, When::Start, 0,
                                     32767,     0};  // s of idle time; 0 never
 inline constexpr SettingKey IdleByTouch{"STARTUP", "IdleByTouch", Rule::FlagYes, When::Live};
 inline constexpr SettingKey PLDirectory{"Playlist", "PLDirectory", Rule::Str, When::Live};

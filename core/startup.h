@@ -2,6 +2,7 @@
 // sides (core/steps.h); the order lives here.
 #pragma once
 
+#include "core/add_timer.h"
 #include "core/graphics.h"
 #include "core/log.h"
 #include "core/main_form.h"
@@ -28,6 +29,7 @@ class Startup {
     TabController& tabs;
     FormHost& host;
     Form& splash;
+    AddTimer& addTimer;
     const Steps& steps;
     std::function<void(bool opened)>& mixerOpened;
   };
@@ -78,7 +80,6 @@ class Startup {
     std::array<Image*, 3> lblMovieType = bind("lblMovieType");
     std::array<Image*, 2> lblMusicPlay = bind("lblMusicPlay");
     std::array<Image*, 2> lblMusicType = bind("lblMusicType");
-    Timer* AddTimer = bind("AddTimer");
   };
 
   Uses uses_;

@@ -24,8 +24,8 @@ CustomSide::CustomSide(Desk& d, LibrarySide& library, ListenerSide& listener,
       colours({d.dialogs, d.settings}),
       guiSetup({d.dialogs, d.state, d.settings, d.frmMain, *this}),
       nic(d.dialogs, d.system.network),
-      setup({d.dialogs, d.state, d.settings, d.system.files, d.graphics, d.system.box,
-             *panel_.AddTimer, *this}),
+      setup({d.dialogs, d.state, d.settings, d.system.files, d.graphics, d.system.box, d.addTimer,
+             *this}),
       access({d.state, d.settings, d.messages, *this, setup}) {
   d.tabs.setTab(kMainTab, mainTab);
   d.messages.setLinePrompt(&keyboard);

@@ -25,7 +25,6 @@ class CustomSide : private SetupParts {
  private:
   struct Panel : FormPanel {
     using FormPanel::FormPanel;
-    Timer* AddTimer = bind("AddTimer");
     TextBox* txtSearch = bind("txtSearch");
     TextBox* txtLookup = bind("txtLookup");
     Button* mapKeyboard = bind("cmdmap", 1);

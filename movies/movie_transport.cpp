@@ -174,7 +174,7 @@ void MovieTransport::become(PlayMode mode) {
     if (mode == PlayMode::Stopped) showIdle();
   }
   uses_.awake.need(this, mode == PlayMode::Playing && here());
-  uses_.AddTimer.enabled = uses_.state.gAddsOn && mode != PlayMode::Playing;
+  uses_.addTimer.rest(this, mode != PlayMode::Stopped);
   for (const auto& hear : changed) hear();
 }
 

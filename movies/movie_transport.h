@@ -2,6 +2,7 @@
 // plays is remembered here; what a press on Play means stands in the source and the list.
 #pragma once
 
+#include "core/add_timer.h"
 #include "core/keep_awake.h"
 #include "core/players.h"
 #include "listener/movie_connection.h"
@@ -33,7 +34,7 @@ class MovieTransport : public Player, public MovieNews, private DvdSeat::News {
     DvdSeat& dvd;
     const PlayerLevel& level;  // of this machine
     PlayPresenter& presenter;
-    Timer& AddTimer;
+    AddTimer& addTimer;
   };
   explicit MovieTransport(Uses uses);
 

@@ -28,7 +28,7 @@ MoviesSide::MoviesSide(Desk& d, ListenerSide& listener, PlaybackSide& playback)
            [this, &d] { return d.players.shows(transport); }}),
       movies(d.system.video, controlOf<Surface>(d.frmMain, u"MoviePic")),
       transport({d.main, d.state, d.tabs, d.players, d.awake, listener.movies, catalogue, dvd,
-                 listener.level, presenter_, controlOf<Timer>(d.frmMain, u"AddTimer")}),
+                 listener.level, presenter_, d.addTimer}),
       local({d.frmMain, d.state, d.settings, listener.movies, movies, d.system.video, d.system.dvd,
              listener.level, presenter_, marks_, d.system.pump,
              [this, &d] { return d.players.shows(transport); }}),

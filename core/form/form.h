@@ -8,6 +8,7 @@
 
 #include "core/form/control.h"
 #include "core/form/inventory.h"
+#include "core/touches.h"
 
 namespace korvane {
 
@@ -153,6 +154,12 @@ class FormHost {
   // that has the form's focus. False when none has it. Yields.
   virtual bool sendKey(Form& form, int key, const QString& text) = 0;
 
+  // Whether the main form gets no presses: a modal form or a box of the system has them, or a wait
+  // refuses them.
+  virtual bool pressesTaken() const = 0;
+
+  Touches touches;
+  std::function<void(Form&)> modalComes;  // hears of each modal form before it is shown
   // A finger has touched a text box and nobody has heard its Click.
   std::function<void(TextBox&)> textTouched;
 };

@@ -379,6 +379,7 @@ constexpr InventoryRow kMain[] = {
     timer("RepeatTimer"),
     timer("AddTimer"),
     timer("addsResetTimer"),
+    timer("BlackTimer"),
     timer("KeyboardTimer"),
     timer("movieTimer"),
     timer("MovieControlsTimer"),

@@ -66,7 +66,7 @@ void SetupForm::open() {
 void SetupForm::Form_Load() {
   reloadRequested = false;
   mainPageBefore_ = uses_.state.gMainPage;
-  uses_.AddTimer.enabled = false;
+  uses_.addTimer.rest(this, true);
   fillThemes();
   Form_Activate();
 }
@@ -84,7 +84,7 @@ void SetupForm::Form_Activate() {
 }
 
 void SetupForm::Form_QueryUnload() {
-  if (!uses_.state.moveControlsMode) uses_.AddTimer.enabled = uses_.state.gAddsOn;
+  uses_.addTimer.rest(this, false);
 }
 
 void SetupForm::showDoors() {

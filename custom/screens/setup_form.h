@@ -1,6 +1,7 @@
 // frmSetup: the entry of setup, with the themes, the directories and the maintenance.
 #pragma once
 
+#include "core/add_timer.h"
 #include "core/dialog.h"
 #include "core/form/panel.h"
 #include "core/graphics.h"
@@ -20,7 +21,7 @@ class SetupForm : public Dialog {
     FileSystem& files;
     const Graphics& graphics;
     SystemBox& box;
-    Timer& AddTimer;  // of frmMain; rests while setup is open
+    AddTimer& addTimer;  // rests while setup is open
     SetupParts& parts;
   };
   explicit SetupForm(const Uses& uses);

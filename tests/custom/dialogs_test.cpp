@@ -24,8 +24,8 @@ struct DialogKeys : FormWorld {
   Graphics graphics{files, state, home.path()};
   FakeNetwork network;
   FakeSetupParts parts;
-  SetupForm setup{
-      {dialog, state, settings, files, graphics, box, controlOf<Timer>(main, u"AddTimer"), parts}};
+  AddTimer addTimer{main, state};
+  SetupForm setup{{dialog, state, settings, files, graphics, box, addTimer, parts}};
   GuiSetupForm advanced{{dialog, state, settings, main, parts}};
   NicForm nic{dialog, network};
   ColourPickForm colours{{dialog, settings}};

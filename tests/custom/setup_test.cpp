@@ -14,7 +14,8 @@ struct Setup : FormWorld {
   }
 
   Form main{u"frmMain"_s, kMain};
-  Timer& addTimer = *dynamic_cast<Timer*>(main.find(u"AddTimer"));
+  AddTimer addTimer{main, state};
+  bool counts() const { return main.find(u"AddTimer")->enabled(); }
   Graphics graphics{files, state, home.path()};
   FakeSetupParts parts;
   SetupForm setup{{dialog, state, settings, files, graphics, box, addTimer, parts}};
@@ -93,13 +94,13 @@ TEST_F(Setup, ErasesTheLibraryAloneAndOnlyOnYes) {
 TEST_F(Setup, AdsRestWhileItIsOpen) {
   for (const bool on : {true, false}) {
     state.gAddsOn = on;
-    addTimer.enabled = true;
-    opens([&](Form&) { EXPECT_FALSE(addTimer.enabled()); });
-    EXPECT_EQ(addTimer.enabled(), on);
+    addTimer.apply();
+    opens([&](Form&) { EXPECT_FALSE(counts()); });
+    EXPECT_EQ(counts(), on);
   }
   state.gAddsOn = true;
   opens([&](Form&) { state.moveControlsMode = true; });  // a door has led into moving the controls
-  EXPECT_FALSE(addTimer.enabled());
+  EXPECT_FALSE(counts());
 }
 
 TEST_F(Setup, OnlyButtonsWithAScreenAreShownAndTheyKeepNoGaps) {

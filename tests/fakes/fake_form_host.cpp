@@ -26,7 +26,9 @@ void FakeFormHost::show(Form& form) {
 
 void FakeFormHost::showModal(Form& form) {
   opened << form.name;
+  if (modalComes) modalComes(form);
   form.shown = true;
+  ++modal_;
   std::deque<Script>& scripts = scripts_[form.name];
   if (scripts.empty()) {
     const Control* message = form.find(u"msg");
@@ -37,6 +39,7 @@ void FakeFormHost::showModal(Form& form) {
     scripts.pop_front();
     script(form);
   }
+  --modal_;
   form.shown = false;
 }
 

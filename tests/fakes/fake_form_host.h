@@ -20,6 +20,7 @@ class FakeFormHost : public FormHost {
   void showModal(Form& form) override;
   void hide(Form& form) override;
   void fadeOut(Form& form, int milliseconds) override;
+  bool pressesTaken() const override { return modal_ > 0; }
   // Types into a text box at its caret, Backspace and Delete as well; other keys are only noted.
   bool sendKey(Form& form, int key, const QString& text) override;
 
@@ -28,6 +29,7 @@ class FakeFormHost : public FormHost {
 
  private:
   std::map<QString, std::deque<Script>> scripts_;
+  int modal_ = 0;  // forms that are up
 };
 
 // The vocabulary of a script. Each fails the test when the control is missing, and a press also

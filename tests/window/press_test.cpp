@@ -1,4 +1,6 @@
 // What a finger on the glass fires.
+#include <QApplication>
+
 #include "tests/window/small_console.h"
 
 namespace korvane {
@@ -142,6 +144,29 @@ TEST_F(Press, WhatIsHiddenCoveredOrOffCannotBeReached) {
   EXPECT_EQ(obstacle("cmdTop", 1), u"it is covered by cmdSave"_s);
   control<Image>("cmdTop", 1).rect = Rect{-9000, 10, 100, 100};
   EXPECT_EQ(obstacle("cmdTop", 1), u"it lies off the screen"_s);
+}
+
+TEST_F(Press, ATouchCanBeKeptFromWhatLiesThereWithASecondTap) {
+  QStringList news;
+  bool keeps = false;
+  host.touches.changed = [&] {
+    news << (host.touches.left ? u"down"_s : u"up"_s);
+    return keeps && host.touches.left;
+  };
+  tap("cmdTop", 1);
+  EXPECT_EQ(take().size(), 3);
+  EXPECT_EQ(std::exchange(news, {}), (QStringList{u"down"_s, u"up"_s}));
+  keeps = true;
+  finger.press(gridWidget(), QPoint(50, 200));
+  keeps = false;
+  finger.move(QPoint(0, -150));
+  finger.release();
+  tap("cmdTop", 1);
+  EXPECT_EQ(take(), QStringList()) << "neither the touch nor the tap that follows at once";
+  EXPECT_EQ(std::exchange(news, {}), (QStringList{u"down"_s, u"up"_s, u"down"_s, u"up"_s}));
+  settle(QApplication::doubleClickInterval() + 20);
+  tap("cmdTop", 1);
+  EXPECT_EQ(take().size(), 3);
 }
 
 }  // namespace

@@ -2,7 +2,7 @@
 
 #include <QScreen>
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QPointer>
@@ -28,6 +28,11 @@ WindowHost::WindowHost(Graphics& graphics, PressGate& gate, QSize windowed)
     if (closeAsked) closeAsked();
   };
   stage_->pressedKey = [this](QKeyEvent& event) { keyPressed(event); };
+  touchWatch_.changed = [this](bool left, bool right) {
+    bool kept = false;
+    wall.run([&] { kept = touches.tell(left, right); });
+    return kept;
+  };
   touch_.textTouched = [this](TextBox& box) {
     if (textTouched) wall.run([&] { textTouched(box); });
   };
@@ -162,8 +167,15 @@ void WindowHost::show(Form& form) {
   stage_->repaint();
 }
 
+bool WindowHost::pressesTaken() const {
+  const Form* top = topForm();
+  return (top && top->role == FormRole::Modal) || QApplication::activeModalWidget() ||
+         gate_.refusing();
+}
+
 void WindowHost::showModal(Form& form) {
   if (form.shown()) return;
+  if (modalComes) modalComes(form);
   show(form);
   QEventLoop loop;
   layer(form)->loop = &loop;

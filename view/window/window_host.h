@@ -13,6 +13,7 @@
 #include "view/window/form_view.h"
 #include "view/window/press_gate.h"
 #include "view/window/stage.h"
+#include "view/window/touch_watch.h"
 
 namespace korvane {
 
@@ -28,6 +29,7 @@ class WindowHost : public FormHost {
   void hide(Form& form) override;
   void fadeOut(Form& form, int milliseconds) override;
   bool sendKey(Form& form, int key, const QString& text) override;
+  bool pressesTaken() const override;
   void close();  // takes the window down; no form is mirrored any more
 
   void setSinglePress(bool on) { touch_.singlePress = on; }
@@ -40,7 +42,7 @@ class WindowHost : public FormHost {
   Stage& stage() { return *stage_; }
   PressGate& gate() { return gate_; }
 
-  EventWall wall;  // around textTouched
+  EventWall wall;  // around textTouched and touches
 
   std::function<void()> closeAsked;        // the desktop asks to close the window
   std::function<void(Form&)> modalOpened;  // a modal form has come up and takes the presses
@@ -68,6 +70,7 @@ class WindowHost : public FormHost {
   Touch touch_;
   bool movable_ = false;
   std::unique_ptr<Stage> stage_;
+  TouchWatch touchWatch_;
   std::vector<Layer> layers_;
 };
 
