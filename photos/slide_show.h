@@ -41,6 +41,7 @@ class SlideShow : public Player {
   bool silent() const override { return true; }
   void moveTo(double) override {}
 
+  void stopTimer() { area_.run(false); }  // until a show begins or the delay is moved
   void showTransport();  // its buttons, as the show stands or, where there is none, at rest
 
   void scrollDelay_Change();
