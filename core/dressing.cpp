@@ -38,7 +38,6 @@ QStringList colourElements(Kind kind, const Look& look, QStringView ground) {
     case Kind::Frame:
       return orElse({u"Surface"_s});
     case Kind::Slider:
-      return orElse({u"DurationSlider"_s});
     case Kind::Progress:
       return orElse({u"DurationSlider"_s});
     case Kind::Sheet:
