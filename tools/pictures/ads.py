@@ -109,7 +109,7 @@ def paper_orchard():
 def harbour_tour():
     """The disc Harbour Tour over the harbour it shows."""
     scene = Scene(*SIZE)
-    coast.quiet_harbour(scene, 0.34, -0.60, 0.6)
+    coast.quiet_harbour(scene, 0.34, -0.50, 0.6)
     dim = 0.42 * smooth(0.62, 0.30, scene.x / scene.wide) * np.ones_like(scene.y)
     paint.over(scene.picture, dim, colour("0A1022"))
     disc(scene, 1.26, 0.455, 0.255)
@@ -117,7 +117,7 @@ def harbour_tour():
     def words(pen):
         left = 0.12
         text(pen, "NOW ON DVD", left, 0.335, 0.026, "FFC98C", "Inter SemiBold", 0.16)
-        text(pen, "Harbour Tour", left - 0.004, 0.450, 0.098, "FFF7EC", "Inter Display SemiBold", -0.015)
+        text(pen, "Harbour Tour", left - 0.004, 0.445, 0.086, "FFF7EC", "Inter Display SemiBold", -0.015)
         pen.set_source_rgba(*colour("FFC98C"), 0.9)
         pen.rectangle(left, 0.497, 0.07, 0.004)
         pen.fill()

@@ -293,29 +293,49 @@ def harbour(width, height):
     return scene.finish(5, 0.014)
 
 
+class Terraces(Land):
+    """A hillside cut into steps; the steps are worked out where they are seen, so that their edges are sharp."""
+
+    LEVELS = 8.5  # to a unit of height
+
+    def __init__(self, hill, span):
+        super().__init__(hill, span)
+        chance = np.random.default_rng(3)
+        self.wet = 0.9 * chance.standard_normal(512)
+        self.lit = self.light(2.5, 0.40, 1.5, 0.05)
+        self.grain = np.clip(0.5 + 0.22 * noise(hill.shape, 0.9, 74), 0, 1)
+        self.plots = noise(hill.shape, 1.9, 73)
+        self.sky = np.clip(0.5 + 0.3 * noise(hill.shape, 2.6, 75), 0, 1)
+
+    def step(self, x, z):
+        level = self.at(self.heights, x, z) * self.LEVELS + 256
+        return np.floor(level).astype(int), level % 1
+
+    def height(self, x, z):
+        step, within = self.step(x, z)
+        return (step - 256 + smooth(0.78, 1.0, within) + 0.07 * np.exp(-((within - 0.76) / 0.03) ** 2)) / self.LEVELS
+
+    def colour(self, x, z):
+        step, within = self.step(x, z)
+        light, grain = self.at(self.lit, x, z)[:, None], self.at(self.grain, x, z)[:, None]
+        green = mix(colour("4E6B2C"), colour("93A84C"), grain) * (0.40 + 0.85 * light)
+        bank = mix(colour("34401F"), colour("6E6A3A"), grain) * (0.35 + 0.75 * light)
+        water = mix(colour("8FB2CB"), colour("FBE0B4"), self.at(self.sky, x, z)[:, None]) * (0.80 + 0.2 * light)
+        wet = smooth(-0.35, -0.25, self.at(self.plots, x, z) + self.wet[step % 512])[:, None]
+        flat = (smooth(0.72, 0.68, within) * smooth(0.0, 0.04, within))[:, None]
+        return mix(bank, mix(green, water, wet), flat).astype(np.float32)
+
+
 def terraces(width, height):
     """Flooded fields on a hillside, each a mirror of the morning."""
     scene = Scene(width, height)
-    scene.sky([(0, "6FA3CC"), (0.14, "C3D6DC"), (0.24, "FBE6C6")])
-    scene.glow(0.35, 0.20, 0.35, "FFEAC0", 0.6)
-    side = 2048
-    hill = noise((side, side), 2.55, 71) + 0.10 * noise((side, side), 2.0, 72)
-    level = 8.5 * hill + 90
-    step, within = np.floor(level), level % 1
-    height_of = (step + smooth(0.80, 1.0, within) - 90) / 8.5
-    land = Land(0.60 * height_of + 0.006 * np.exp(-((within - 0.78) / 0.05) ** 2), 15.0)
-    light = land.light(2.5, 0.45, 1.2, 0.03)
-    chance = np.random.default_rng(3)
-    plot = smooth(-0.05, 0.05, noise((side, side), 1.9, 73) + 0.9 * chance.standard_normal(256)[step.astype(int) % 256])
-    flat = smooth(0.78, 0.72, within) * smooth(0.0, 0.03, within)
-    grain = np.clip(0.5 + 0.22 * noise((side, side), 0.9, 74), 0, 1)[..., None]
-    green = mix(colour("4E6B2C"), colour("93A84C"), grain) * (0.45 + 0.9 * light[..., None])
-    bank = mix(colour("3F4A26"), colour("7C7440"), grain) * (0.40 + 1.0 * light[..., None])
-    water = mix(colour("A9C2CF"), colour("FBE3BE"), np.clip(0.5 + 0.3 * noise((side, side), 2.6, 75), 0, 1)[..., None])
-    field = mix(green, water * (0.72 + 0.3 * light[..., None]), plot[..., None])
-    land.colours = mix(bank, field, flat[..., None]).astype(np.float32)
-    land.show(scene, 3.0, 0.15, 2.2, 40, colour("EADDC6"), 19, begin=(6.5, 7.0))
-    for number, (low, high) in enumerate(((0.20, 0.34), (0.30, 0.52))):
+    scene.sky([(0, "5E97C6"), (0.12, "BBD2DC"), (0.21, "FBE6C6")])
+    scene.glow(0.35, 0.18, 0.35, "FFEAC0", 0.6)
+    side = 1536
+    hill = 0.60 * noise((side, side), 2.7, 71) + 0.03 * noise((side, side), 2.2, 72)
+    land = Terraces(hill, 15.0)
+    land.show(scene, 2.9, 0.17, 2.2, 38, colour("EADDC6"), 17, steps=1500, begin=(6.5, 7.0))
+    for number, (low, high) in enumerate(((0.18, 0.32), (0.26, 0.46))):
         drift = smooth(0.1, 2.0, scene.field(1.75, 80 + number, (1.0, 4.0)))
         drift *= smooth(low, (low + high) / 2, scene.y) * (1 - smooth((low + high) / 2, high, scene.y))
         paint.over(scene.picture, drift * 0.55, colour("F6E7D2"))
@@ -393,7 +413,7 @@ def still_water(width, height):
     land = Land(heights, 16.0)
     light = land.light(2.6, 0.75, 2.5, 0.05)
     slope = np.hypot(*np.gradient(heights)) * side / 16
-    snow = smooth(1.0, 1.7, heights + 0.20 * noise((side, side), 1.4, 130)) * smooth(2.6, 1.2, slope)
+    snow = smooth(0.9, 1.5, heights + 0.20 * noise((side, side), 1.4, 130)) * smooth(5.0, 2.2, slope)
     rough = np.clip(0.5 + 0.22 * noise((side, side), 1.0, 131), 0, 1)[..., None]
     rock = mix(colour("4E5566"), colour("8C8580"), rough)
     wood = mix(colour("1F3330"), colour("3D5140"), rough)
@@ -404,6 +424,6 @@ def still_water(width, height):
     land.show(scene, 0.35, shore - 0.02, 3.0, 15.2, colour("C6D6E2"), 26, steps=700, begin=(1.0, 0.0), focal=1.5)
     scene.ridge(shore + 0.012, 0.035, 140, "182A2B", "22383A", 0.05, 0.95)
     scene.mirror(shore, 500, "9FBCCB", 2.6, 0.30, 0.16)
-    line = np.exp(-((scene.y - shore) / 0.003) ** 2) * np.ones_like(scene.x)
-    paint.over(scene.picture, 0.35 * line, colour("E6ECEA"))
+    line = np.exp(-((scene.y - shore) / 0.008) ** 2) * np.ones_like(scene.x)
+    paint.over(scene.picture, 0.18 * line, colour("E6ECEA"))
     return scene.finish(8)

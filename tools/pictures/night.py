@@ -131,9 +131,11 @@ def lamps(scene, horizon):
     strength = 3.2 * shine / (1 + (z / 5) ** 2.5)
     light = np.zeros_like(scene.picture)
     np.add.at(light, (row[inside], column[inside]), (hues * strength[:, None])[inside])
+    scale = scene.height / 640
     for channel in range(3):
-        layer = light[..., channel]
-        light[..., channel] = 4.2 * paint.blurred(layer, 0.8) + 9 * paint.blurred(layer, 5) + 16 * paint.blurred(layer, 22)
+        layer = light[..., channel] * scale ** 2
+        light[..., channel] = sum(much * paint.blurred(layer, soft * scale)
+                                  for much, soft in ((4.2, 0.7), (7, 4), (12, 18)))
     paint.lighten(scene.picture, 1 - np.exp(-0.85 * light))
 
 

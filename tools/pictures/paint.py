@@ -83,17 +83,24 @@ class Scene:
         edge = 1.2 / self.height
         over(self.picture, 1 - smooth(radius - edge, radius + edge, self.away(x, y)), colour(text))
 
+    def square(self, power, seed, stretch=(1.0, 1.0)):
+        side = max(self.width, self.height) + 200
+        return noise((side, side), power, seed, stretch)
+
+    def cut(self, field):
+        return field[:self.height, :self.width]
+
     def field(self, power, seed, stretch=(1.0, 1.0)):
         """Noise over the picture, cut from a square so that it does not repeat."""
-        side = max(self.width, self.height) + 200
-        return noise((side, side), power, seed, stretch)[:self.height, :self.width]
+        return self.cut(self.square(power, seed, stretch))
 
     def clouds(self, seed, lit, shade, low, high, stretch=3.5, amount=0.9, sun=(0.0, 0.03), thin=0.4):
         """Streaks of cloud between two heights, brighter on the side of the sun."""
-        depth = self.field(1.55, seed, (1.0, stretch))
+        square = self.square(1.55, seed, (1.0, stretch))
+        depth = self.cut(square)
         reach = smooth(low - 0.05, (low + high) / 2, self.y) * (1 - smooth((low + high) / 2, high + 0.05, self.y))
         cover = smooth(thin, thin + 1.6, depth + 0.7 * reach - 0.35) * reach * amount
-        moved = np.roll(depth, [int(s * self.height) for s in sun[::-1]], (0, 1))
+        moved = self.cut(np.roll(square, [int(s * self.height) for s in sun[::-1]], (0, 1)))
         light = np.clip(0.5 + 0.55 * (depth - moved), 0, 1)
         over(self.picture, cover, mix(colour(shade), colour(lit), light[..., None]))
 
@@ -201,6 +208,12 @@ class Land:
         return ((field[iz, ix] * (1 - fx) + field[iz, jx] * fx) * (1 - fz)
                 + (field[jz, ix] * (1 - fx) + field[jz, jx] * fx) * fz)
 
+    def height(self, x, z):
+        return self.at(self.heights, x, z)
+
+    def colour(self, x, z):
+        return self.at(self.colours, x, z)
+
     def show(self, scene, eye, horizon, near, far, haze, thick, steps=900, focal=1.1, begin=(0.0, 0.0), tilt=0.0):
         """Paints it from near to far. haze: the colour of distance; thick: at which distance it has 63 %."""
         rows = scene.y[:, 0]
@@ -210,8 +223,8 @@ class Land:
         for step in range(steps):
             z = near * (far / near) ** (step / (steps - 1))
             x = begin[0] + side * z / focal
-            height = self.at(self.heights, x, begin[1] + z)
-            paint = self.at(self.colours, x, begin[1] + z)
+            height = self.height(x, begin[1] + z)
+            paint = self.colour(x, begin[1] + z)
             paint = mix(paint, haze, 1 - math.exp(-((z / thick) ** 1.3)))
             crest = horizon + tilt * side + (eye - height) / z * focal
             if last is None:
