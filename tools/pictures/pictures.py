@@ -3,7 +3,8 @@
 
 DIRECTORY/Photos gets a picture and the folders Coast and Night Flight, DIRECTORY/ADDS three ads with a time for
 one of them. Every photo says when it was taken; some are stored turned and say how. Needs python3-numpy,
-python3-cairo, python3-pil and, for the ads, Inter (fonts-inter). The same versions give the same bytes.
+python3-cairo, python3-pil and, for the ads, Inter (fonts-inter) and rsvg-convert. The same versions give the same
+bytes.
 """
 import io
 import pathlib
