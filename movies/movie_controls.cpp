@@ -52,7 +52,7 @@ void MovieControls::connect() {
   });
   for (const Event::Type type : {Event::Change, Event::Scroll})
     on(u"sldMovieLevel", type, [this] {
-      panel_.scrollVolume->moveTo(panel_.sldMovieLevel->maximum() - panel_.sldMovieLevel->value());
+      panel_.scrollVolume->moveTo(panel_.sldMovieLevel->value());
       stayShown();
     });
 }
@@ -127,9 +127,10 @@ void MovieControls::update() {
   };
   panel_.cmdMovie[Sound]->visible = several(TrackKind::Sound, 2);
   panel_.cmdMovie[Subtitles]->visible = several(TrackKind::Subtitles, 1);
-  panel_.sldMovieLevel->maximum = panel_.scrollVolume->maximum();
-  // Its upper end is its beginning, and the loudest place.
-  panel_.sldMovieLevel->value = panel_.scrollVolume->maximum() - panel_.scrollVolume->value();
+  // Its upper end is the loudest place.
+  panel_.sldMovieLevel->minimum = panel_.scrollVolume->maximum();
+  panel_.sldMovieLevel->maximum = 0;
+  panel_.sldMovieLevel->value = panel_.scrollVolume->value();
   if (held_) return;
   const double length = panel_.Slider1->maximum();
   panel_.sldMovie->maximum = length;

@@ -16,7 +16,8 @@ void Control::setPicture(const QString& group, const QString& pictureName) {
 }
 
 void Slider::moveTo(double to) {
-  const double kept = std::clamp(to, minimum(), std::max(minimum(), maximum()));
+  const auto [least, most] = std::minmax(minimum(), maximum());
+  const double kept = std::clamp(to, least, most);
   if (kept == value()) return;
   value = kept;
   form.fire(*this, {Event::Change});

@@ -230,7 +230,7 @@ class Slider : public Control {
  public:
   using Control::Control;
   Watched<double> value{*this, Aspect::Value, 0};
-  Watched<double> minimum{*this, Aspect::Value, 0};
+  Watched<double> minimum{*this, Aspect::Value, 0};  // at the left or top; may be the larger end
   Watched<double> maximum{*this, Aspect::Value, 100};
   Watched<QString> text{*this, Aspect::Value};
   Watched<QString> bubble{*this, Aspect::Value};  // shown large while the thumb is held

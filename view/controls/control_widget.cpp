@@ -10,6 +10,8 @@
 #include "view/controls/image_widget.h"
 #include "view/controls/label_widget.h"
 #include "view/controls/picture_area_widget.h"
+#include "view/controls/progress_widget.h"
+#include "view/controls/sheet_widget.h"
 #include "view/controls/slider_widget.h"
 #include "view/controls/surface_widget.h"
 #include "view/controls/text_widget.h"
@@ -90,7 +92,9 @@ ControlWidget* makeWidget(Control& control, Face& face, QWidget* parent) {
     case Kind::Grid:
       return new GridWidget(static_cast<Grid&>(control), face, parent);
     case Kind::Sheet:
+      return new SheetWidget(static_cast<Sheet&>(control), face, parent);
     case Kind::Progress:
+      return new ProgressWidget(static_cast<Progress&>(control), face, parent);
     case Kind::Frame:
       return new FrameWidget(control, face, parent);
     case Kind::Text:
@@ -98,7 +102,7 @@ ControlWidget* makeWidget(Control& control, Face& face, QWidget* parent) {
     case Kind::Check:
       return new CheckWidget(static_cast<Check&>(control), face, parent);
     case Kind::PictureArea:
-      return new PictureAreaWidget(control, face, parent);
+      return new PictureAreaWidget(static_cast<PictureArea&>(control), face, parent);
     case Kind::Surface:
       return new SurfaceWidget(static_cast<Surface&>(control), face, parent);
     case Kind::Timer:

@@ -43,7 +43,6 @@ void GridPainter::paint(const QRect& dirty) {
     paintRow(row, {view_.list.left() + 0.0, top + (row - 1) * view_.rowHeight,
                    view_.list.width() + 0.0, view_.rowHeight});
   painter_.setClipping(false);
-  if (view_.indicator > 0) paintIndicator();
 }
 
 QFont GridPainter::rowFont(int row) const {
@@ -186,23 +185,6 @@ void GridPainter::paintEmpty() {
   const double inset = face_.px(2 * kInset);
   painter_.drawText(QRectF(view_.list).adjusted(inset, 0, -inset, 0),
                     int(Qt::AlignCenter) | Qt::TextWordWrap, grid_.emptyText());
-}
-
-void GridPainter::paintIndicator() {
-  const double view = view_.list.height();
-  const double content = std::max(view, grid_.maxRows() * view_.rowHeight);
-  if (content <= view) return;
-  const double length = std::max(face_.px(48), view * view / content);
-  const double share = std::clamp(view_.offset / (content - view), 0.0, 1.0);
-  const double edge = face_.px(8);
-  const double thick = face_.px(6);
-  const QRectF at(view_.list.right() - thick - face_.px(3),
-                  view_.list.top() + edge + share * (view - 2 * edge - length), thick, length);
-  QColor colour = ink_;
-  colour.setAlphaF(static_cast<float>(0.5 * view_.indicator));
-  painter_.setPen(Qt::NoPen);
-  painter_.setBrush(colour);
-  painter_.drawRoundedRect(at, thick / 2, thick / 2);
 }
 
 }  // namespace korvane

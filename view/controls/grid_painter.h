@@ -14,7 +14,6 @@ struct GridView {
   double rowHeight = 1;  // pixels
   double offset = 0;     // pixels above the list's top edge
   int pressedRow = 0, pressedColumn = 0;
-  double indicator = 0;  // opacity of the position mark
 };
 
 class GridPainter {
@@ -24,6 +23,7 @@ class GridPainter {
   void paint(const QRect& dirty);
   // Rows of which a picture shows a quiet ground, since it is still being drawn elsewhere.
   const std::vector<int>& undrawn() const { return undrawn_; }
+  const QColor& ink() const { return ink_; }
   bool cut() const { return cut_; }  // a text ended in dots
 
  private:
@@ -35,7 +35,6 @@ class GridPainter {
   void paintButton(const QString& text, const QRectF& key, bool down);
   void paintPicture(const Picture* picture, const QRectF& place, int row, bool down);
   void paintEmpty();
-  void paintIndicator();
   QFont rowFont(int row) const;
 
   const Grid& grid_;

@@ -1,22 +1,11 @@
 #include "view/controls/grid_widget.h"
 
-#include <QMouseEvent>
 #include <QPaintEvent>
-#include <QTimerEvent>
 
 namespace korvane {
-namespace {
-
-constexpr int kFrameMs = 16;
-constexpr int kIndicatorMs = 700;
-constexpr double kSlack = 12;  // form units a tap may wander
-
-}  // namespace
 
 GridWidget::GridWidget(Grid& grid, Face& face, QWidget* parent)
-    : ControlWidget(grid, face, parent), grid_(grid) {
-  clock_.start();
-}
+    : ScrollWidget(grid, face, parent), grid_(grid) {}
 
 double GridWidget::rowHeight() const {
   return std::max(8.0, face().px(grid_.rowHeight() * 2));
@@ -31,7 +20,7 @@ bool GridWidget::hasHeader() const {
 QRect GridWidget::rowRect(int row) const {
   const int head = hasHeader() ? static_cast<int>(std::ceil(rowHeight() * 1.15)) : 0;
   if (row == 0) return QRect(0, 0, width(), head);
-  const int top = static_cast<int>(head - scroll_.offset() + (row - 1) * rowHeight());
+  const int top = static_cast<int>(head - offset() + (row - 1) * rowHeight());
   return QRect(0, top, width(), static_cast<int>(rowHeight()));
 }
 
@@ -46,35 +35,34 @@ QRect GridWidget::cellRect(int column, int row) const {
 int GridWidget::rowAt(int y) const {
   const int head = rowRect(0).height();
   if (y < head) return 0;
-  const int row = static_cast<int>((y - head + scroll_.offset()) / rowHeight()) + 1;
+  const int row = static_cast<int>((y - head + offset()) / rowHeight()) + 1;
   return row >= 1 && row <= grid_.maxRows() ? row : -1;
 }
 
 void GridWidget::measure() {
   const double view = height() - rowRect(0).height();
-  scroll_.setRange(grid_.maxRows() * rowHeight() - view, view);
+  setRange(grid_.maxRows() * rowHeight(), view);
 }
 
 void GridWidget::place() {
-  ControlWidget::place();
+  ScrollWidget::place();
   const int top = grid_.topRow();
   measure();
-  scroll_.jumpTo((top - 1) * rowHeight());
+  jumpTo((top - 1) * rowHeight());
 }
 
 void GridWidget::mirror(Aspect aspect) {
   if (aspect == Aspect::Rows) rowsChanged();
   if (aspect == Aspect::Active && !telling_) activeChanged();
   if (aspect == Aspect::Visible && grid_.visible()) rowsChanged();
-  ControlWidget::mirror(aspect);
+  ScrollWidget::mirror(aspect);
 }
 
 void GridWidget::rowsChanged() {
   measure();
   if (shown_ != &grid_.rows()) {
     shown_ = &grid_.rows();
-    frame_.stop();
-    scroll_.jumpTo((grid_.topRow() - 1) * rowHeight());
+    jumpTo((grid_.topRow() - 1) * rowHeight());
     knownRow_ = grid_.row();
     lastTapRow_ = 0;
   }
@@ -89,8 +77,7 @@ void GridWidget::activeChanged() {
   if (chosen) lastTapRow_ = 0;
   if (turned) {
     knownTop_ = grid_.topRow();
-    frame_.stop();
-    scroll_.jumpTo((knownTop_ - 1) * rowHeight());
+    jumpTo((knownTop_ - 1) * rowHeight());
     scrolled();
   }
   if (chosen || !turned) bringIntoView(knownRow_);
@@ -101,16 +88,15 @@ void GridWidget::bringIntoView(int row) {
   if (row < 1) return;
   const double view = height() - rowRect(0).height();
   const double top = (row - 1) * rowHeight();
-  const double offset = scroll_.offset();
+  const double offset = this->offset();
   if (top >= offset && top + rowHeight() <= offset + view) return;
   const bool far = top < offset - view || top > offset + 2 * view;
-  scroll_.jumpTo(far ? top - view / 3 : top < offset ? top : top + rowHeight() - view);
-  frame_.stop();
+  jumpTo(far ? top - view / 3 : top < offset ? top : top + rowHeight() - view);
   scrolled();
 }
 
 void GridWidget::scrolled() {
-  const int top = std::max(1, static_cast<int>(scroll_.offset() / rowHeight() + 0.02) + 1);
+  const int top = std::max(1, static_cast<int>(offset() / rowHeight() + 0.02) + 1);
   if (top != knownTop_) {
     knownTop_ = top;
     telling_ = true;
@@ -127,66 +113,18 @@ void GridWidget::mark(int row, int column) {
   update();
 }
 
-void GridWidget::press(QPoint at, bool second) {
-  face().touch.lastPressed = this;
-  held_ = true;
-  dragged_ = false;
-  caught_ = scroll_.moving();
-  second_ = second;
-  pressedAt_ = at;
-  frame_.stop();
-  scroll_.press(at.y(), clock_.elapsed());
+void GridWidget::showPress(QPoint at) {
   const int row = rowAt(at.y());
-  if (caught_ || row < 0) return;
+  if (row < 0) return;
   mark(row == 0 ? -1 : row, columnAt(shownColumns(grid_.columns(), width()), at.x()));
-  repaint();
 }
 
-void GridWidget::mousePressEvent(QMouseEvent* event) {
-  if (event->button() == Qt::LeftButton) press(event->position().toPoint(), false);
-}
-
-void GridWidget::mouseDoubleClickEvent(QMouseEvent* event) {
-  if (event->button() == Qt::LeftButton && face().touch.lastPressed == this)
-    press(event->position().toPoint(), true);
-}
-
-void GridWidget::mouseMoveEvent(QMouseEvent* event) {
-  if (!held_) return;
-  const QPoint at = event->position().toPoint();
-  if (!dragged_ && (at - pressedAt_).manhattanLength() > face().px(kSlack)) {
-    dragged_ = true;
-    mark(0, 0);
-  }
-  if (!dragged_) return;
-  scroll_.move(at.y(), clock_.elapsed());
-  showIndicator();
-  scrolled();
-  fire({Event::Scroll, 1, grid_.topRow()});
-}
-
-void GridWidget::mouseReleaseEvent(QMouseEvent* event) {
-  if (event->button() != Qt::LeftButton || !held_) return;
-  held_ = false;
-  scroll_.release(clock_.elapsed());
-  if (scroll_.moving()) frame_.start(kFrameMs, Qt::PreciseTimer, this);
-  mark(0, 0);
-  if (!dragged_ && !caught_) tap(event->position().toPoint());
-}
-
-void GridWidget::cancelPress() {
-  held_ = false;
-  scroll_.release(clock_.elapsed());
-  scroll_.jumpTo(scroll_.offset());
-  mark(0, 0);
-}
-
-void GridWidget::tap(QPoint at) {
+void GridWidget::tapped(QPoint at, bool second) {
   const int row = rowAt(at.y());
   const std::vector<ShownColumn> columns = shownColumns(grid_.columns(), width());
   const int column = columnAt(columns, at.x());
   if (row < 0) return;
-  const bool second = second_ && row == lastTapRow_;
+  second = second && row == lastTapRow_;
   lastTapRow_ = row;
   if (row == 0) {
     if (!second) fire({Event::Click, column, 0});
@@ -215,40 +153,6 @@ void GridWidget::activate(int column, int row, bool second) {
     fire({Event::DblClick, column, row});
 }
 
-void GridWidget::wheelEvent(QWheelEvent* event) {
-  scroll_.jumpTo(scroll_.offset() - event->angleDelta().y() / 120.0 * 3 * rowHeight());
-  showIndicator();
-  scrolled();
-  fire({Event::Scroll, 1, grid_.topRow()});
-}
-
-void GridWidget::showIndicator() {
-  indicator_ = 1;
-  fade_.start(kIndicatorMs, Qt::CoarseTimer, this);
-}
-
-void GridWidget::timerEvent(QTimerEvent* event) {
-  if (event->timerId() == frame_.timerId()) {
-    const int top = knownTop_;
-    if (!scroll_.step(clock_.elapsed())) frame_.stop();
-    showIndicator();
-    scrolled();
-    if (top != knownTop_) fire({Event::Scroll, 1, knownTop_});
-    return;
-  }
-  fade_.stop();
-  indicator_ = 0;
-  update();
-}
-
-void GridWidget::hideEvent(QHideEvent* event) {
-  frame_.stop();
-  fade_.stop();
-  indicator_ = 0;
-  cancelPress();
-  ControlWidget::hideEvent(event);
-}
-
 void GridWidget::prepare() {
   if (grid_.maxRows() > 0) grab(QRect(0, 0, width(), 2 * rowHeight()).intersected(rect()));
 }
@@ -258,13 +162,13 @@ void GridWidget::paintEvent(QPaintEvent* event) {
   view.header = rowRect(0);
   view.list = QRect(0, view.header.height(), width(), height() - view.header.height());
   view.rowHeight = rowHeight();
-  view.offset = scroll_.offset();
+  view.offset = offset();
   view.pressedRow = pressedRow_;
   view.pressedColumn = pressedColumn_;
-  view.indicator = indicator_;
   QPainter painter(this);
   GridPainter drawing(grid_, face(), view, painter);
   drawing.paint(event->rect());
+  paintIndicator(painter, view.list, grid_.maxRows() * view.rowHeight, drawing.ink());
   setCut(drawing.cut() || (cut() && event->rect() != rect()));
   if (drawing.undrawn().empty()) return;
   undrawn_.insert(drawing.undrawn().begin(), drawing.undrawn().end());

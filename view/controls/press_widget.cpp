@@ -22,7 +22,14 @@ void PressWidget::look(bool pressed) {
     update();
 }
 
-void PressWidget::press(bool second) {
+Event PressWidget::eventAt(Event::Type type, QPointF at) const {
+  const auto units = [this](double pixels) {
+    return static_cast<int>(std::lround(pixels / face().scale));
+  };
+  return {type, 0, 0, 0, {}, units(at.x()), units(at.y())};
+}
+
+void PressWidget::fingerDown(QPointF, bool second) {
   face().touch.lastPressed = this;
   held_ = true;
   second_ = second;
@@ -33,24 +40,29 @@ void PressWidget::press(bool second) {
 }
 
 void PressWidget::mousePressEvent(QMouseEvent* event) {
-  if (event->button() == Qt::LeftButton) press(false);
+  if (event->button() == Qt::LeftButton) fingerDown(event->position(), false);
 }
 
 void PressWidget::mouseDoubleClickEvent(QMouseEvent* event) {
   // The second tap of a double press on what has just gone is meant for nobody.
-  if (event->button() == Qt::LeftButton && face().touch.lastPressed == this) press(true);
+  if (event->button() == Qt::LeftButton && face().touch.lastPressed == this)
+    fingerDown(event->position(), true);
 }
 
 void PressWidget::mouseMoveEvent(QMouseEvent* event) {
-  if (!held_) return;
-  const auto units = [this](double pixels) {
-    return static_cast<int>(std::lround(pixels / face().scale));
-  };
-  fire({Event::Move, 0, 0, 0, {}, units(event->position().x()), units(event->position().y())});
+  fingerMoved(event->position());
+}
+
+void PressWidget::fingerMoved(QPointF at) {
+  if (held_) fire(eventAt(Event::Move, at));
 }
 
 void PressWidget::mouseReleaseEvent(QMouseEvent* event) {
-  if (event->button() != Qt::LeftButton || !held_) return;
+  if (event->button() == Qt::LeftButton) fingerUp(event->position());
+}
+
+void PressWidget::fingerUp(QPointF at) {
+  if (!held_) return;
   held_ = false;
   const qint64 left = kSeenMs - sincePress_.elapsed();
   if (left > 0)
@@ -58,7 +70,11 @@ void PressWidget::mouseReleaseEvent(QMouseEvent* event) {
   else
     look(false);
   fire({Event::Release});
-  if (rect().contains(event->position().toPoint())) clicked(second_);
+  fingerLeft(at, second_);
+}
+
+void PressWidget::fingerLeft(QPointF at, bool second) {
+  if (rect().contains(at.toPoint())) clicked(second);
 }
 
 void PressWidget::clicked(bool second) {

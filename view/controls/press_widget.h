@@ -21,6 +21,16 @@ class PressWidget : public ControlWidget {
   // A tap has ended on it; `second` for the second of two. Fires Click or DblClick. Yields.
   virtual void clicked(bool second);
 
+  // A finger, of the mouse or of a touch, in the widget's pixels. Each fires its event. Yields.
+  virtual void fingerDown(QPointF at, bool second);
+  virtual void fingerMoved(QPointF at);
+  void fingerUp(QPointF at);
+  // After Release: what a finger that left there means. Yields.
+  virtual void fingerLeft(QPointF at, bool second);
+
+  // An event at a place of the widget, in form units.
+  Event eventAt(Event::Type type, QPointF at) const;
+
   void mousePressEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
@@ -29,7 +39,6 @@ class PressWidget : public ControlWidget {
   void timerEvent(QTimerEvent* event) override;
 
  private:
-  void press(bool second);
   void look(bool pressed);
 
   bool held_ = false, second_ = false, looksPressed_ = false;

@@ -33,7 +33,7 @@ double SliderWidget::along(QPointF point) const {
 
 double SliderWidget::share(double value) const {
   const double range = slider_.maximum() - slider_.minimum();
-  if (!(range > 0)) return 0;
+  if (!(range != 0)) return 0;
   return std::clamp((value - slider_.minimum()) / range, 0.0, 1.0);
 }
 
@@ -47,7 +47,7 @@ void SliderWidget::moveTo(QPointF finger) {
   const double to =
       slider_.minimum() + std::clamp((along(finger) + grip_) / grooveLength(), 0.0, 1.0) * range;
   const double before = slider_.value();
-  slider_.moveTo(range < 2 ? to : std::round(to));
+  slider_.moveTo(std::abs(range) < 2 ? to : std::round(to));
   if (slider_.value() != before) fire({Event::Scroll});
 }
 
@@ -118,11 +118,12 @@ void SliderWidget::paintEvent(QPaintEvent*) {
   const QRectF groove = upright ? QRectF((width() - thick) / 2, end, thick, height() - 2 * end)
                                 : QRectF(end, (height() - thick) / 2, width() - 2 * end, thick);
   const QPointF centre = thumb();
-  QRectF filled = groove;
+  QRectF filled = groove;  // from the lesser value on
+  const bool grows = slider_.maximum() >= slider_.minimum();
   if (upright)
-    filled.setBottom(centre.y());
+    grows ? filled.setBottom(centre.y()) : filled.setTop(centre.y());
   else
-    filled.setRight(centre.x());
+    grows ? filled.setRight(centre.x()) : filled.setLeft(centre.x());
 
   QPainter painter(this);
   if (!isEnabled()) painter.setOpacity(0.38);

@@ -4,8 +4,17 @@ namespace korvane {
 namespace {
 
 constexpr int kLimitKiB = 24 << 10;
-constexpr int kMostOfOne = kLimitKiB / 2;    // what does not fit is kept all the same
-constexpr int kMostOfFile = kLimitKiB / 32;  // so that a screen of large files has room
+constexpr int kMostOfOne = kLimitKiB / 2;  // what does not fit is kept all the same
+
+QPixmap pixmapOf(QImage image) {
+  return QPixmap::fromImage(std::move(image), Qt::NoOpaqueDetection);
+}
+
+// What is decoded and has the size needs no drawing. Pixels of no size are a broken picture.
+bool fits(const PictureSource& source, QSize size, Fit fit) {
+  return source.owner && source.bytes.isEmpty() &&
+         (source.image.isNull() || sizeIn(source.image.size(), size, fit) == source.image.size());
+}
 
 }  // namespace
 
@@ -16,11 +25,17 @@ PictureCache::PictureCache(Graphics& graphics)
       }) {}
 
 PictureSource PictureCache::source(const Picture& picture) const {
+  if (picture.pixels) return {picture.pixels, {}, false, imageOf(picture.pixels)};
   if (picture.bytes) return {picture.bytes, *picture.bytes, picture.bytes->startsWith("<svg")};
   if (picture.name.isEmpty()) return {};
   const PicturePtr file = graphics_.loadGraphic(picture.group, picture.name);
   if (!file) return {};
   return {file, file->bytes, file->svg()};
+}
+
+const PictureCache::Kept* PictureCache::kept(const PictureKey& key) const {
+  const Kept* found = kept_.object(key);
+  return found && !found->owner.expired() ? found : nullptr;
 }
 
 QImage PictureCache::drawn(const PictureSource& from, QSize size, Fit fit) {
@@ -31,15 +46,15 @@ QImage PictureCache::drawn(const PictureSource& from, QSize size, Fit fit) {
 QPixmap PictureCache::pixmap(const Picture& picture, QSize size, Fit fit) {
   const PictureSource from = source(picture);
   if (!from.owner || size.isEmpty()) return {};
+  if (fits(from, size, fit)) return pixmapOf(from.image);
   const PictureKey key{from.owner.get(), size.width(), size.height(), fit};
-  if (const Kept* found = kept_.object(key)) return found->pixmap;
+  if (const Kept* found = kept(key)) return found->pixmap;
   return keep(key, from, drawn(from, size, fit));
 }
 
 QPixmap PictureCache::keep(const PictureKey& key, const PictureSource& from, QImage image) {
-  QPixmap pixmap = QPixmap::fromImage(std::move(image), Qt::NoOpaqueDetection);
-  const qsizetype file = std::min<qsizetype>(from.bytes.size() >> 10, kMostOfFile);
-  const int cost = 1 + pixmap.width() * pixmap.height() / 256 + static_cast<int>(file);
+  QPixmap pixmap = pixmapOf(std::move(image));
+  const int cost = 1 + pixmap.width() * pixmap.height() / 256;
   kept_.insert(key, new Kept{from.owner, pixmap}, std::min(cost, kMostOfOne));
   return pixmap;
 }
@@ -47,8 +62,9 @@ QPixmap PictureCache::keep(const PictureKey& key, const PictureSource& from, QIm
 std::optional<QPixmap> PictureCache::drawnPixmap(const Picture& picture, QSize size) {
   const PictureSource from = source(picture);
   if (!from.owner || size.isEmpty()) return QPixmap();
+  if (fits(from, size, Fit::Inside)) return pixmapOf(from.image);
   const PictureKey key{from.owner.get(), size.width(), size.height(), Fit::Inside};
-  if (const Kept* found = kept_.object(key)) return found->pixmap;
+  if (const Kept* found = kept(key)) return found->pixmap;
   ahead_.askNow(key, from);
   return std::nullopt;
 }
@@ -69,17 +85,17 @@ void PictureCache::takeDrawn() {
 
 void PictureCache::prepare(const Picture& picture, QSize size, Fit fit) {
   const PictureSource from = source(picture);
-  if (!from.owner || size.isEmpty()) return;
+  if (!from.owner || size.isEmpty() || fits(from, size, fit)) return;
   const PictureKey key{from.owner.get(), size.width(), size.height(), fit};
-  if (!kept_.contains(key)) ahead_.ask(key, from);
+  if (!kept(key)) ahead_.ask(key, from);
 }
 
 QPixmap PictureCache::render(const Picture& picture, QSize size, Fit fit) {
-  return QPixmap::fromImage(drawn(source(picture), size, fit), Qt::NoOpaqueDetection);
+  return pixmapOf(drawn(source(picture), size, fit));
 }
 
 std::optional<Picture> PictureCache::pressedPartner(const Picture& picture) {
-  if (picture.bytes || picture.name.isEmpty()) return std::nullopt;
+  if (picture.bytes || picture.pixels || picture.name.isEmpty()) return std::nullopt;
   Picture partner{picture.group, picture.name + u'b', nullptr};
   if (!graphics_.loadGraphic(partner.group, partner.name)) return std::nullopt;
   return partner;

@@ -1,5 +1,6 @@
 // Pictures at the exact size of the screen: each decoded or drawn once per size and kept up to a
-// limit of memory, the ones not used for longest leaving first. Of the user-interface thread.
+// limit of memory, the ones not used for longest leaving first. Decoded pixels that have the size
+// already are given as they are: neither copied nor kept. Of the user-interface thread.
 #pragma once
 
 #include <QCache>
@@ -37,9 +38,10 @@ class PictureCache {
 
  private:
   struct Kept {
-    std::shared_ptr<const void> owner;
+    std::weak_ptr<const void> owner;  // another may stand at its address once it has gone
     QPixmap pixmap;
   };
+  const Kept* kept(const PictureKey& key) const;
 
   PictureSource source(const Picture& picture) const;
   QPixmap keep(const PictureKey& key, const PictureSource& source, QImage image);

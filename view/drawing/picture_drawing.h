@@ -6,6 +6,8 @@
 #include <QImage>
 #include <memory>
 
+#include "platform/pixels.h"
+
 namespace korvane {
 
 enum class Fit {
@@ -18,7 +20,15 @@ struct PictureSource {
   std::shared_ptr<const void> owner;  // keeps the bytes, and with them a key, alive
   QByteArray bytes;
   bool svg = false;
+  QImage image{};  // already decoded: of no bytes
 };
+
+// An image of the same bits, which it keeps alive. Null for pixels of no size.
+QImage imageOf(const std::shared_ptr<const Pixels>& pixels);
+
+// The size at which a picture of `natural` size is shown in `room`. One that was made for the room
+// stays as it is, although its maker may have rounded otherwise.
+QSize sizeIn(QSize natural, QSize room, Fit fit);
 
 // A picture at a size.
 struct PictureKey {

@@ -7,6 +7,7 @@
 #include <QScreen>
 
 #include "view/controls/grid_widget.h"
+#include "view/controls/sheet_widget.h"
 #include "view/controls/slider_widget.h"
 #include "view/controls/surface_widget.h"
 #include "view/remote/control_properties.h"
@@ -120,6 +121,10 @@ QPoint ControlCommands::pointOf(const QJsonObject& command, const Target& found)
     return QPointF(x.toDouble() * scale, y.toDouble() * scale).toPoint();
   }
   const QJsonValue row = command["row"_L1];
+  if (auto* sheet = dynamic_cast<SheetWidget*>(found.widget); sheet && !row.isUndefined()) {
+    sheet->bringIntoView(row.toInt());
+    return sheet->cellRect(row.toInt()).center();
+  }
   auto* list = dynamic_cast<GridWidget*>(found.widget);
   if (!list || row.isUndefined()) return found.widget->rect().center();
   list->bringIntoView(row.toInt());
@@ -138,6 +143,9 @@ bool ControlCommands::reach(const QJsonObject& command, Target* found, QPoint* a
   const int row = command["row"_L1].toInt(0);
   if (grid && (row < 0 || row > grid->maxRows()))
     error = u"it has no row %1, only %2"_s.arg(row).arg(grid->maxRows());
+  const auto* sheet = dynamic_cast<Sheet*>(found->control);
+  if (sheet && command.contains("row"_L1) && (row < 0 || row >= sheet->cells().count()))
+    error = u"it has no cell %1, only %2 from 0"_s.arg(row).arg(sheet->cells().count());
   if (error.isEmpty()) {
     *at = pointOf(command, *found);
     error = finger_.obstacle(*found->widget, *at);
@@ -304,6 +312,9 @@ void ControlCommands::set(const QJsonObject& command, const Answer& answer) {
     case Kind::Grid:
       static_cast<Grid&>(control).SetActiveCell(1, value.toInt());
       return answer(done());
+    case Kind::Sheet:
+      static_cast<Sheet&>(control).top = value.toInt();
+      return acted([&] { control.form.fire(control, {Event::Scroll}); }, answer);
     default:
       return answer(failed(u"%1 holds no value"_s.arg(control.name)));
   }
@@ -322,6 +333,11 @@ void ControlCommands::rows(const QJsonObject& command, const Answer& answer) {
   QString error;
   const Target found = target(command, true, &error);
   if (!found.control) return answer(failed(error));
+  if (const auto* sheet = dynamic_cast<Sheet*>(found.control))
+    return answer({{u"ok"_s, true},
+                   {u"count"_s, sheet->cells().count()},
+                   {u"rows"_s, describeCells(*sheet, command["from"_L1].toInt(0),
+                                             command["count"_L1].toInt(20))}});
   const auto* grid = dynamic_cast<Grid*>(found.control);
   if (!grid) return answer(failed(u"%1 is no list"_s.arg(found.control->name)));
   answer({{u"ok"_s, true},

@@ -1,16 +1,17 @@
 // The commands of the control socket. One JSON object in, one out: {"ok":true,...} or
 // {"ok":false,"error":"..."}.
 //
-//   - press, doublepress {name, index?, row?, col?, x?, y?, form?}: on a row of a list, or at a
-//     place of the control, in form units
+//   - press, doublepress {name, index?, row?, col?, x?, y?, form?}: on a row of a list or, from 0,
+//     a cell of a sheet, or at a place of the control, in form units
 //   - hold {name, index?}
 //   - release {dx?, dy?}: a slide before it lets go
 //   - drag {name, index?, from:[x,y]?, to:[x,y]? or dx, dy, ms?}: form units within the control
 //   - type {text}
 //   - key {key}: "Return", "Ctrl+A"...
-//   - set {name, index?, value}: a slider by its thumb, a text, a check, a list's row
+//   - set {name, index?, value}: a slider by its thumb, a text, a check, a list's row, the form
+//     units that a sheet is scrolled by
 //   - get {name, index?, form?}
-//   - rows {name, index?, from?, count?}
+//   - rows {name, index?, from?, count?}: of a list from 1; of a sheet its cells, from 0
 //   - wait {name, index?, property, value or not or contains or at_least, timeout_ms?}
 //   - messages {answer?}: the boxes open, the topmost last; answers the topmost one
 //   - screenshot {file}: as the console paints it; from the screen while a player draws by itself,

@@ -9,6 +9,25 @@ namespace {
 
 constexpr int kMostRows = 1000;
 
+QString pictureText(const Picture& picture) {
+  if (picture.pixels)
+    return u"(%1x%2 pixels)"_s.arg(picture.pixels->width).arg(picture.pixels->height);
+  if (picture.bytes) return u"(%1 bytes)"_s.arg(picture.bytes->size());
+  return picture.name.isEmpty() ? QString() : picture.group + u'/' + picture.name;
+}
+
+void describeArea(const PictureArea& area, QJsonObject& to) {
+  static constexpr const char* hands[] = {"press",    "move",        "zoom in",
+                                          "zoom out", "zoom window", "magnify"};
+  const Pixels* pixels = area.picture().pixels.get();
+  to["beside"_L1] = pictureText(area.beside());
+  to["frame"_L1] = QJsonArray{pixels ? pixels->width : 0, pixels ? pixels->height : 0};
+  to["zoom"_L1] = area.zoom();
+  to["fitted"_L1] = area.fitted;
+  to["middle"_L1] = QJsonArray{area.middleX(), area.middleY()};
+  to["hand"_L1] = QLatin1StringView(hands[static_cast<size_t>(area.hand())]);
+}
+
 void describeKind(const Control& control, QJsonObject& to) {
   switch (control.kind) {
     case Kind::Slider: {
@@ -45,13 +64,24 @@ void describeKind(const Control& control, QJsonObject& to) {
     case Kind::Label:
       to["highlighted"_L1] = static_cast<const Label&>(control).highlighted();
       break;
+    case Kind::PictureArea:
+      describeArea(static_cast<const PictureArea&>(control), to);
+      break;
+    case Kind::Sheet: {
+      const auto& sheet = static_cast<const Sheet&>(control);
+      to["cells"_L1] = sheet.cells().count();
+      to["columns"_L1] = sheet.columns;
+      to["top"_L1] = sheet.top();
+      to["mostTop"_L1] = sheet.mostTop;
+      break;
+    }
+    case Kind::Progress:
+      to["value"_L1] = static_cast<const Progress&>(control).value();
+      break;
     case Kind::Image:
     case Kind::Button:
     case Kind::Frame:
-    case Kind::PictureArea:
     case Kind::Surface:
-    case Kind::Sheet:
-    case Kind::Progress:
       break;
   }
 }
@@ -99,7 +129,6 @@ const char* kindName(Kind kind) {
 
 QJsonObject describe(const Control& control, const ControlWidget* widget) {
   const Rect& rect = control.rect();
-  const Picture& picture = control.picture();
   QJsonObject to{{u"name"_s, control.name},
                  {u"index"_s, control.index},
                  {u"kind"_s, QLatin1StringView(kindName(control.kind))},
@@ -109,9 +138,7 @@ QJsonObject describe(const Control& control, const ControlWidget* widget) {
                  {u"tag"_s, control.tag()},
                  {u"spoken"_s, control.spokenName},
                  {u"rect"_s, QJsonArray{rect.left, rect.top, rect.width, rect.height}}};
-  to["picture"_L1] = picture.bytes            ? u"(%1 bytes)"_s.arg(picture.bytes->size())
-                     : picture.name.isEmpty() ? QString()
-                                              : picture.group + u'/' + picture.name;
+  to["picture"_L1] = pictureText(control.picture());
   if (widget) {
     const QPoint at = widget->mapTo(widget->window(), QPoint());
     to["pixels"_L1] = QJsonArray{at.x(), at.y(), widget->width(), widget->height()};
@@ -136,6 +163,17 @@ QJsonArray describeRows(const Grid& grid, int from, int count) {
         {u"row"_s, row}, {u"cells"_s, cells}, {u"emphasised"_s, grid.rows().emphasised(row)}});
   }
   return rows;
+}
+
+QJsonArray describeCells(const Sheet& sheet, int from, int count) {
+  QJsonArray cells;
+  const int first = std::max(0, from);
+  const int end = std::min(sheet.cells().count(), first + std::clamp(count, 0, kMostRows));
+  for (int cell = first; cell < end; ++cell)
+    cells.append(QJsonObject{{u"row"_s, cell},
+                             {u"caption"_s, sheet.cells().caption(cell)},
+                             {u"back"_s, static_cast<qint64>(sheet.cells().back(cell))}});
+  return cells;
 }
 
 }  // namespace korvane

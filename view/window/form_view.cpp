@@ -3,6 +3,7 @@
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QPainterPath>
 
 #include "view/drawing/fresh_image.h"
 #include "view/drawing/style.h"
@@ -12,6 +13,7 @@ namespace {
 
 constexpr int kPrepareMs = 2;  // a turn; the finger comes between
 constexpr int kLongMs = 10'000;
+constexpr double kCorner = 22;  // of a card, form units
 
 }  // namespace
 
@@ -27,6 +29,13 @@ FormView::FormView(Form& form, PictureCache& pictures, Touch& touch, QWidget* pa
 void FormView::setRounded(bool on) {
   rounded_ = on;
   setAttribute(Qt::WA_OpaquePaintEvent, !on);
+}
+
+QRegion FormView::outline() const {
+  if (!rounded_) return rect();
+  QPainterPath card;
+  card.addRoundedRect(rect(), face_.px(kCorner), face_.px(kCorner));
+  return QRegion(card.toFillPolygon().toPolygon());
 }
 
 void FormView::detach() {
@@ -141,7 +150,7 @@ void FormView::paintEvent(QPaintEvent* event) {
   }
   if (!background_.isNull()) return painter.drawPixmap(event->rect(), background_, event->rect());
   const QColor ground = style::colour(form_.colours().back, style::kGround);
-  if (rounded_) return style::card(painter, rect(), face_.px(22), ground);
+  if (rounded_) return style::card(painter, rect(), face_.px(kCorner), ground);
   painter.fillRect(event->rect(), ground);
 }
 

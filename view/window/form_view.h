@@ -20,6 +20,7 @@ class FormView : public QWidget, private FormObserver {
   // Stands at `place` with `scale` pixels a form unit; the form is laid out to fill it.
   void fit(QRect place, double scale);
   void setRounded(bool on);  // a card; otherwise it fills its place
+  QRegion outline() const;   // what it covers of its rectangle
   // For a form that shows progress: its captions are painted once a frame.
   void setCaptionDelay(int milliseconds) { face_.captionDelayMs = milliseconds; }
   // Has every control prepare, one each turn of the event loop, so that no first visit waits for

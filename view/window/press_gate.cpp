@@ -29,6 +29,7 @@ bool PressGate::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::Wheel:
     case QEvent::ContextMenu:
       return true;
+    case QEvent::TouchEnd:
     case QEvent::MouseButtonRelease: {
       // The end of a press from before the wait: a slider is let go, anything else fires nothing.
       auto* pressed = dynamic_cast<ControlWidget*>(watched);

@@ -1,5 +1,6 @@
 #include "view/window/uncovered.h"
 
+#include "view/window/form_view.h"
 #include "view/window/stage.h"
 
 namespace korvane {
@@ -10,9 +11,17 @@ const QWidget* visibleIn(const QObject* child) {
   return widget && widget->isVisible() && !widget->isWindow() ? widget : nullptr;
 }
 
+QPoint cornerOf(const QWidget& widget, const QWidget& other) {
+  return widget.mapFrom(widget.window(), other.mapTo(widget.window(), QPoint()));
+}
+
 QRect within(const QWidget& widget, const QWidget& other) {
-  return QRect(widget.mapFrom(widget.window(), other.mapTo(widget.window(), QPoint())),
-               other.size());
+  return QRect(cornerOf(widget, other), other.size());
+}
+
+QRegion outline(const QWidget& card) {
+  const auto* form = dynamic_cast<const FormView*>(&card);
+  return form ? form->outline() : card.rect();
 }
 
 void cover(const QWidget& widget, const QWidget& above, Uncovered& left) {
@@ -22,7 +31,8 @@ void cover(const QWidget& widget, const QWidget& above, Uncovered& left) {
   }
   left.veiled = true;
   for (const QObject* child : above.children())
-    if (const QWidget* card = visibleIn(child)) left.region -= within(widget, *card);
+    if (const QWidget* card = visibleIn(child))
+      left.region -= outline(*card).translated(cornerOf(widget, *card));
 }
 
 }  // namespace

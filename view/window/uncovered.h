@@ -13,7 +13,8 @@ struct Uncovered {
 };
 
 // Of `widget`, which must lie in a window: its rectangle without those of all visible widgets above
-// it there, whether they paint all of it or not. A DimLayer covers with what lies on it alone.
+// it there, whether they paint all of it or not. A DimLayer covers with what lies on it alone, a
+// form that is a card without its corners.
 Uncovered uncovered(const QWidget& widget);
 
 }  // namespace korvane
