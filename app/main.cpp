@@ -72,8 +72,9 @@ int show(const CommandLine& line, const QString& home, DiskFileSystem& files, Qt
   HomeLock lock(home);
   NetworkLinux network;
   const auto makeWinsock = [] { return std::make_unique<WinsockQt>(); };
-  System system{pump,        clock,   chance, files, player, video,    dvd,  stills,  disc,
-                screenPower, session, mixer,  tray,  box,    programs, lock, network, makeWinsock};
+  System system{pump,   clock,    chance, files,       player,     video, dvd,
+                stills, printing, disc,   screenPower, session,    mixer, tray,
+                box,    programs, lock,   network,     makeWinsock};
   WindowHost* window = nullptr;
   bool ended = false;  // also while the start still runs its own turns of the event loop
   const auto end = [&ended] {

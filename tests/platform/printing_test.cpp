@@ -72,7 +72,8 @@ struct Printed : ::testing::Test {
   PrintingQt printing{directory.path()};
 
   Printing::Paper paper(const QString& id) {
-    for (const Printing::Paper& each : printing.printers().back().papers)
+    const std::vector<Printing::Printer> printers = printing.printers();
+    for (const Printing::Paper& each : printers.back().papers)
       if (each.id == id) return each;
     ADD_FAILURE() << "no paper " << qUtf8Printable(id);
     return {};
@@ -81,10 +82,11 @@ struct Printed : ::testing::Test {
                 const QString& title = u"Page"_s) {
     QString error;
     const Printing::Job job{PdfFiles::kName, u"A4"_s, 1, page.sideways, title};
-    EXPECT_EQ(by.print(job, placedOn(page, std::move(picture)), &error), error.isEmpty());
+    const bool done = by.print(job, placedOn(page, std::move(picture)), &error);
+    EXPECT_EQ(done, error.isEmpty());
     return error;
   }
-  QStringList files() const { return QDir(directory.path()).entryList(QDir::Files); }
+  QStringList files() const { return QDir(directory.path()).entryList(QDir::Files, QDir::Name); }
 };
 
 // Twips are 1440 an inch: 104.95 x 155.75 and 130.35 x 181.15 mm, from the corner that the margins
