@@ -20,6 +20,7 @@
 #include "platform/machine/system_clock.h"
 #include "platform/net/network_linux.h"
 #include "platform/net/winsock_qt.h"
+#include "platform/printing/printing_qt.h"
 #include "platform/sound/media_player_vlc.h"
 #include "platform/sound/mixer_alsa.h"
 #include "platform/video/dvd_player_vlc.h"
@@ -64,6 +65,7 @@ int show(const CommandLine& line, const QString& home, DiskFileSystem& files, Qt
   MovieStillsVlc stills(pump);
   PictureCodecs imaging;
   DesktopTrash trash;
+  PrintingQt printing;
   ReadingDrive disc(pump, player, std::make_shared<DiscReaderCdio>());
   ScreenSaverPower screenPower;
   LoginSession session;
