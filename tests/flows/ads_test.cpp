@@ -161,7 +161,7 @@ TEST_F(Ads, PlayInTheOrderOfTheirNamesEachASecondLongerAndRoundTheEnd) {
     EXPECT_NE(view.find(u"picTransition")->picture().pixels, first);
     EXPECT_EQ(said(3), QStringList{u"AD1.JPG"_s});
     EXPECT_EQ(said(3), QStringList{u"ad2.jpg"_s}) << "the first one again";
-    press(view, u"picTransition"_s);
+    korvane::press(view, u"picTransition"_s);
     EXPECT_FALSE(view.shown());
   });
   pass(4);
@@ -250,9 +250,9 @@ TEST_F(Ads, TheSecondsMustBeEqualAndNotMore) {
   host->onModal(u"frmSetup"_s, [this](Form& setup) {
     host->onModal(u"frmAdds"_s, [](Form& adds) {
       dynamic_cast<Slider*>(adds.find(u"seconds"))->moveTo(2);
-      press(adds, u"cmdok"_s);
+      korvane::press(adds, u"cmdok"_s);
     });
-    press(setup, u"cmdAddDir"_s, 5);
+    korvane::press(setup, u"cmdAddDir"_s, 5);
   });
   console().custom.setup.open();
   system().pump.settle();
@@ -356,7 +356,7 @@ TEST_F(Ads, ATouchThatWakesIsForNothingElse) {
       down();
       EXPECT_EQ(view.shown(), !wake);
       EXPECT_EQ(kept, wake);
-      if (!wake) press(view, u"picTransition"_s);
+      if (!wake) korvane::press(view, u"picTransition"_s);
       EXPECT_FALSE(view.shown());
       up();
     });
@@ -465,13 +465,13 @@ TEST_F(Ads, AreMaintainedOnTheirForm) {
       slider(adds, u"between"_s).moveTo(60);
       diskCalls.full = true;
       answer(u"The disk is full"_s);
-      press(adds, u"cmdok"_s);
+      korvane::press(adds, u"cmdok"_s);
       EXPECT_TRUE(adds.shown());
       diskCalls.full = false;
-      press(adds, u"cmdok"_s);
+      korvane::press(adds, u"cmdok"_s);
       EXPECT_FALSE(adds.shown());
     });
-    press(setup, u"cmdAddDir"_s, 5);
+    korvane::press(setup, u"cmdAddDir"_s, 5);
   });
   console().custom.setup.open();
   system().pump.settle();

@@ -73,6 +73,7 @@ TEST(MovieNames, AreKnownByWhatStandsBehindTheirFirstDot) {
 }
 
 TEST_F(Movies, AMovieIsPlayedPausedAndComesToItsEnd) {
+  home.put(u"ADDS/ad1.jpg"_s, "x");
   open("ADDSON=YES\n");
   EXPECT_EQ(names(), (QStringList{u"Alder.mpg"_s, u"The Tern.avi"_s}));
   playRow(2);
