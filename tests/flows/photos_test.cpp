@@ -419,6 +419,23 @@ TEST_F(Photos, MusicPlaysOnUnderAShow) {
   EXPECT_TRUE(shown(u"PhotoList"_s) && !shown(u"picTransition"_s)) << "who leaves ends the show";
 }
 
+TEST_F(Photos, TheProgramMayEndWhilePicturesAndFoldersAreAwaited) {
+  open("PhotoSort=NAME\nStartAtTouched=YES\nShowFade=400\n");
+  openAlps();
+  touch(2);
+  system().pump.holdBackground = true;
+  tick();
+  console().photos.album.refresh();
+  EXPECT_EQ(seen(), 2);
+  console().desk.startup.closeit();
+  EXPECT_FALSE(timer().enabled());
+  start();
+  system().pump.runBackground();
+  system().pump.settle();
+  press(u"imgTabs"_s, kPhotosTab);
+  EXPECT_EQ(seen(), 0) << "of a console that is gone";
+}
+
 TEST_F(Photos, AnotherRootBeginsAnew) {
   open("PhotoSort=NAME\nStartAtTouched=YES\n");
   openAlps();
