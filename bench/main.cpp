@@ -9,6 +9,7 @@
 #include "bench/bench_library.h"
 #include "bench/bench_movies.h"
 #include "bench/bench_music.h"
+#include "bench/bench_pictures.h"
 
 namespace {
 
@@ -34,6 +35,9 @@ constexpr Mode kModes[] = {
     {"movies", "HOME", korvane::benchMovies},
     {"movie", "HOME FILE", korvane::benchMovie, true},
     {"movie-bare", "FILE", korvane::benchBareMovie},
+    {"thumbs", "", korvane::benchThumbs},
+    {"turns", "", korvane::benchTurns},
+    {"showpicture", "", korvane::benchShowPicture},
 };
 
 int usage() {
