@@ -9,6 +9,7 @@
 #include "bench/bench_library.h"
 #include "bench/bench_movies.h"
 #include "bench/bench_music.h"
+#include "bench/bench_pictures.h"
 
 namespace {
 
@@ -35,6 +36,9 @@ constexpr Mode kModes[] = {
     {"movie", "HOME FILE", korvane::benchMovie, true},
     {"dvd", "DISC", korvane::benchDvd, true},
     {"movie-bare", "FILE", korvane::benchBareMovie},
+    {"thumbs", "", korvane::benchThumbs},
+    {"turns", "", korvane::benchTurns},
+    {"showpicture", "", korvane::benchShowPicture},
 };
 
 int usage() {

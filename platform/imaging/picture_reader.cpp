@@ -1,5 +1,7 @@
 #include "platform/imaging/picture_reader.h"
 
+#include <libyuv/scale_argb.h>
+
 #include "platform/imaging/heif_codec.h"
 #include "platform/imaging/jpeg_codec.h"
 #include "platform/imaging/picture_source.h"
@@ -105,8 +107,21 @@ std::shared_ptr<const Pixels> scaledPixels(const Pixels& pixels, FittedSize size
   if (size.width == pixels.width && size.height == pixels.height)
     return std::make_shared<const Pixels>(pixels);
   if (size.width < 1 || size.height < 1 || tooLarge(size.width, size.height)) return nullptr;
-  return toPixels(toImage(pixels).scaled(size.width, size.height, Qt::IgnoreAspectRatio,
-                                         Qt::SmoothTransformation));
+  const bool near = 2 * size.width >= pixels.width && 2 * size.height >= pixels.height;
+  if (!near || !pixels.opaque)
+    return toPixels(toImage(pixels).scaled(size.width, size.height, Qt::IgnoreAspectRatio,
+                                           Qt::SmoothTransformation));
+  // Near to its size two neighbours in each direction are enough, at a tenth of the time. They come
+  // out darker by up to 2 of 255, their alphas too, which is set right.
+  const auto made = newPixels(size.width, size.height);
+  if (!made) return nullptr;
+  const int failure =
+      libyuv::ARGBScale(pixels.bits, static_cast<int>(pixels.bytesPerLine), pixels.width,
+                        pixels.height, reinterpret_cast<uchar*>(made->words), size.width * 4,
+                        size.width, size.height, libyuv::kFilterBilinear);
+  const auto count = static_cast<size_t>(size.width) * static_cast<size_t>(size.height);
+  for (quint32& word : std::span(made->words, count)) word |= 0xff000000;
+  return failure == 0 ? made->pixels : nullptr;
 }
 
 Imaging::About aboutPicture(const QString& path, bool upright) {

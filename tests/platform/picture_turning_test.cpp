@@ -151,7 +151,11 @@ TEST_F(Turning, pixelsInMemoryAreTurnedAndBrightened) {
     EXPECT_EQ(made->width, degrees == 180 ? 40 : 30);
     EXPECT_EQ(cornersOf(made.get()), cornersTurned(degrees));
   }
-  EXPECT_EQ(cornersOf(imaging.scaled(*pixels, 7, 93).get()), "0123");
+  for (const QSize size : {QSize(7, 93), QSize(39, 29), QSize(61, 31), QSize(5, 5)}) {
+    const auto made = imaging.scaled(*pixels, size.width(), size.height());
+    EXPECT_EQ(cornersOf(made.get()), "0123");
+    EXPECT_EQ(qAlpha(pixelAt(*made, 2, 2)), 255);
+  }
   QImage grey(2, 1, QImage::Format_ARGB32_Premultiplied);
   grey.setPixel(0, 0, qRgb(64, 128, 255));
   grey.setPixel(1, 0, qRgba(64, 64, 64, 128));
