@@ -1,6 +1,6 @@
 #include "core/chooser_lists.h"
 
-#include <QCollator>
+#include "core/natural_order.h"
 
 namespace korvane {
 namespace {
@@ -11,10 +11,7 @@ QString parentOf(const QString& path) {
 }
 
 QStringList sorted(QStringList names) {
-  QCollator collator{QLocale(QLocale::English)};  // the order of the C locale has no numbers
-  collator.setCaseSensitivity(Qt::CaseInsensitive);
-  collator.setNumericMode(true);
-  std::ranges::sort(names, [&](const QString& a, const QString& b) { return collator(a, b); });
+  std::ranges::sort(names, naturalOrder());
   return names;
 }
 

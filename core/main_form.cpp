@@ -71,6 +71,7 @@ void MainForm::showTransport(const QString& play, const QString& pause, const QS
 }
 
 void MainForm::showPlayState(PlayMode mode) {
+  mode = showMode.value_or(mode);
   if (mode == PlayMode::Paused)
     showTransport(u"play"_s, u"pauseb"_s, u"stop"_s);
   else if (mode == PlayMode::Playing)

@@ -31,7 +31,9 @@ class MainForm {
     form_.picture = Picture{group, u"background"_s, nullptr};
   }
   void showPlayState(PlayMode mode);  // by the pictures of play, pause and stop
-  void showSteps();                   // the buttons previous and next
+  // What these say instead, whoever plays: of a show whose tab has the transport to itself.
+  std::optional<PlayMode> showMode;
+  void showSteps();  // the buttons previous and next
   void showTransport(const QString& play, const QString& pause, const QString& stop);
 
   Form& form() { return form_; }

@@ -23,6 +23,10 @@ class Player {
   virtual void moveTo(double seconds) = 0;
   virtual void showTimes() {}  // of the place that the finger has moved Slider1 to
 
+  // Pictures alone: it plays beside what is heard, which keeps the position slider, the volume and
+  // mute, and it has the buttons of the transport while its tab is open.
+  virtual bool silent() const { return false; }
+
   virtual Sound sound() const { return Sound::Music; }
   // The level in steps of this player's own, of which levelMaximum() is the highest; 0 while that
   // has not been told.

@@ -27,13 +27,20 @@ bool Players::shows(const Player& player) const {
   return !sounds || sounds == &player;
 }
 
+Player* Players::silent() const {
+  Player* shown = uses_.tabs.openTab().player();
+  return shown && shown->silent() ? shown : nullptr;
+}
+
 Player* Players::meant() const {
   Player* follows = uses_.settings.flag(key::FollowSound) ? heard() : nullptr;
-  return follows ? follows : uses_.tabs.openTab().player();
+  if (follows) return follows;
+  return silent() ? nullptr : uses_.tabs.openTab().player();
 }
 
 void Players::cmdControls_Click(TransportButton button) {
-  if (Player* player = meant()) press(*player, button);
+  Player* shown = silent();
+  if (Player* player = shown ? shown : meant()) press(*player, button);
 }
 
 void Players::press(Player& player, TransportButton button) {

@@ -22,11 +22,12 @@ class Players {
   };
   explicit Players(Uses uses);
 
-  // Each once, before the first press. Not owned. What is heard is looked for in this order.
+  // Each that sounds once, before the first press. Not owned. What is heard is looked for in this
+  // order.
   void add(Player& player) { players_.push_back(&player); }
 
   // The one of the open tab; by key FollowSound the one that is heard, whichever tab is open. Null
-  // where there is none.
+  // where there is none. Never a silent one.
   Player* meant() const;
   // The one that plays, else one that is paused and can go on; of several the one that started
   // last. Null for none.
@@ -39,7 +40,8 @@ class Players {
   // share: nothing else is heard.
   bool shows(const Player& player) const;
 
-  void cmdControls_Click(TransportButton button);      // Yields.
+  // Of a silent one that the open tab has, else of the one that is meant. Yields.
+  void cmdControls_Click(TransportButton button);
   void press(Player& player, TransportButton button);  // refused while a press is at work. Yields.
 
   void Slider1_Press();
@@ -47,6 +49,7 @@ class Players {
   void Slider1_Release();  // Yields.
 
  private:
+  Player* silent() const;  // of the open tab
   struct Panel : FormPanel {
     using FormPanel::FormPanel;
     Slider* Slider1 = bind("Slider1");

@@ -1,32 +1,12 @@
 #include "movies/movie_rows.h"
 
-#include <QCollator>
-
-#include <algorithm>
+#include "core/natural_order.h"
 
 namespace korvane {
-namespace {
-
-void sortByName(std::vector<MovieRow>& rows) {
-  QCollator order;
-  order.setCaseSensitivity(Qt::CaseInsensitive);
-  order.setNumericMode(true);
-  std::vector<std::pair<QCollatorSortKey, size_t>> keys;
-  keys.reserve(rows.size());
-  for (size_t i = 0; i < rows.size(); ++i) keys.emplace_back(order.sortKey(rows[i].name), i);
-  std::ranges::stable_sort(keys, [](const auto& a, const auto& b) { return a.first < b.first; });
-  std::vector<MovieRow> sorted;
-  sorted.reserve(rows.size());
-  for (const auto& [key, i] : keys) sorted.push_back(std::move(rows[i]));
-  rows = std::move(sorted);
-}
-
-}  // namespace
 
 MovieRows::MovieRows(std::vector<MovieRow> rows, const MovieFacts& facts)
-    : rows_(std::move(rows)), facts_(facts) {
-  sortByName(rows_);
-}
+    : rows_(inNaturalOrder(std::move(rows), [](const MovieRow& row) { return row.name; })),
+      facts_(facts) {}
 
 const MovieRow* MovieRows::at(int row) const {
   return row < 1 || row > rowCount() ? nullptr : &rows_[static_cast<size_t>(row - 1)];

@@ -9,20 +9,29 @@
 namespace korvane {
 
 // Which files are pictures, by the last three letters of their names (so "jpeg" is none), or with
-// key PhotoKinds by further kinds, and the order in which a directory lists them (PhotoSort).
+// key PhotoKinds by further kinds for which there is a decoder. The settings are read when it is
+// made; after that it may be asked from any thread.
 class PhotoKindsRule {
  public:
-  explicit PhotoKindsRule(const Settings& settings) : settings_(settings) {}
+  // Without `imaging`, which outlives it, every further kind counts as one that can be decoded.
+  explicit PhotoKindsRule(const Settings& settings, const Imaging* imaging = nullptr)
+      : kinds_(settings.upper(key::PhotoKinds)), imaging_(imaging) {}
   bool accepts(QStringView name) const;
 
  private:
-  const Settings& settings_;
+  QString kinds_;
+  const Imaging* imaging_;
 };
 
-// A row of rsFiles.
-struct PictureFile {
+// The root of the album: '/' inside and one at the end; one that is relative lies in the program
+// directory. "NO" when there is none.
+QString photoRoot(const Settings& settings);
+
+// A row of rsFiles: the bare name, cut to 70 characters; the full path; the last three characters
+// of the name in upper case.
+struct PhotoFile {
   QString FileName, Path, Extension;
-  bool operator==(const PictureFile&) const = default;
+  bool operator==(const PhotoFile&) const = default;
 };
 
 // rsFiles: the rows and the position among them, which may stand before the first (BOF) or behind
@@ -30,7 +39,7 @@ struct PictureFile {
 class PictureFiles {
  public:
   bool isOpen() const { return open_; }
-  void open(std::vector<PictureFile> rows);  // at the first
+  void open(std::vector<PhotoFile> rows);  // at the first
   int RecordCount() const { return static_cast<int>(rows_.size()); }
   bool BOF() const { return rows_.empty() || at_ < 0; }
   bool EndOfFile() const { return rows_.empty() || at_ >= RecordCount(); }
@@ -41,13 +50,13 @@ class PictureFiles {
   // From 1; false, and nothing moves, outside the rows.
   bool setAbsolutePosition(int position);
   int AbsolutePosition() const { return at_ + 1; }
-  const PictureFile* row() const { return row(at_); }  // null at BOF and EOF
-  const PictureFile* row(int at) const {               // from 0
+  const PhotoFile* row() const { return row(at_); }  // null at BOF and EOF
+  const PhotoFile* row(int at) const {               // from 0
     return at < 0 || at >= RecordCount() ? nullptr : &rows_[static_cast<size_t>(at)];
   }
 
  private:
-  std::vector<PictureFile> rows_;
+  std::vector<PhotoFile> rows_;
   int at_ = 0;
   bool open_ = false;
 };
@@ -66,10 +75,10 @@ class clsPicture {
   // A folder of that name in the photo root. Empty when it was made, its path then in `name`; else
   // why not: "Folder already exists".
   QString AddDirectory(QString& name);
-  QString PhotoPath();  // of the setting, kept; "NO" when unset
+  QString PhotoPath();  // photoRoot() of now, kept
 
   // Fills rsFiles with the pictures of the directory, in the order of the disk or of key PhotoSort;
-  // a directory that is missing leaves it as it is.
+  // a directory that is missing, or does not answer in five seconds, leaves it as it is. Yields.
   void SetupFiles(const QString& directory);
   void SetupRecordSet();  // open, and without a row
   PictureFiles rsFiles;

@@ -2,17 +2,59 @@
 
 namespace korvane {
 
-PhotosSide::PhotosSide(Desk& desk)
-    : tab(desk.parts, desk.system, desk.messages, desk.awake),
-      cmdPhotoSetup_(controlOf<Image>(desk.frmMain, u"cmdPhotoSetup")) {
-  desk.tabs.setTab(kPhotosTab, tab);
+PhotosSide::PhotosSide(Desk& d)
+    : pictures({d.settings, d.system.files, d.system.imaging, d.system.pump, d.log}),
+      album({d.state, d.settings, d.palette, d.messages, d.log, d.system,
+             controlOf<Grid>(d.frmMain, u"PhotoList"),
+             controlOf<Timer>(d.frmMain, u"PhotoListTimer")}),
+      show({d.main, d.state, d.settings, d.palette, d.paging, d.awake, d.dialogs, d.system, d.log,
+            pictures, [&d] { return d.players.heard() != nullptr; }}),
+      tab({d.parts, d.system, d.awake, album, show}),
+      cmdPhotoSetup_(controlOf<Image>(d.frmMain, u"cmdPhotoSetup")) {
+  d.tabs.setTab(kPhotosTab, tab);
+  d.steps.at(Step::SetUpLists, [this] { album.setUpList(); });
+  d.steps.at(Step::ReleasePhotos, [this] { show.leave(); });
+  connectList(d);
+  connectShow(d);
+  addDoors(d);
+}
+
+void PhotosSide::connectList(Desk& desk) {
+  Grid& list = controlOf<Grid>(desk.frmMain, u"PhotoList");
+  desk.frmMain.on(u"PhotoList", Event::Click, [this, &desk](Control&, const Event& event) {
+    if (desk.screen.busy()) return;
+    const Busy busy(desk.screen, Screen::Custom);
+    album.PhotoList_Click(event.row);
+  });
+  desk.on(u"PhotoListTimer", Event::Tick, [this](int) { album.PhotoListTimer_Timer(); });
+  album.filled = [this, &desk, &list] {
+    if (desk.tabs.open(kPhotosTab) && !show.on()) desk.paging.show(list);
+  };
+  album.cameToRoot = [this] { show.restAds(); };
+  album.fileTouched = [this](int row, const QString& name) {
+    show.start(row, album.directory(), name);
+  };
+}
+
+void PhotosSide::connectShow(Desk& desk) {
+  desk.on(u"pictimer", Event::Tick, [this](int) { show.PicTimer_Timer(); });
+  desk.on(u"scrollDelay", Event::Change, [this](int) { show.scrollDelay_Change(); });
+  desk.on(u"picTransition", Event::DblClick, [this](int) { show.picTransition_DblClick(); });
+  // The movies' button too, which is theirs while there is no show.
+  desk.frmMain.around(u"cmdMovieFullScreen", Event::Click,
+                      [this](Control&, const Event&, const std::function<void()>& go) {
+                        show.on() ? show.cmdMovieFullScreen_Click() : go();
+                      });
+}
+
+void PhotosSide::addDoors(Desk& desk) {
   desk.addTabWord(kPhotosTab, u"PHOTOS"_s, u"btnphotos"_s, u"open the Photos tab"_s);
   desk.words.add({u"PICTUREEDIT"_s, u"btnpictureedit"_s, {}, [this, &desk] {
                     desk.tabs.imgTabs_Click(kPhotosTab);
                     if (!desk.frmMain.fire(cmdPhotoSetup_, {Event::Click}))
                       desk.messages.say(u"This console cannot change pictures yet."_s);
                   }});
-  desk.setupDoors.add({"cmdAddDir", 0, [&desk] { chooseDirectory(desk); }});
+  desk.setupDoors.add({"cmdAddDir", 0, [this, &desk] { chooseDirectory(desk); }});
 }
 
 void PhotosSide::chooseDirectory(Desk& desk) {
@@ -25,7 +67,11 @@ void PhotosSide::chooseDirectory(Desk& desk) {
     desk.settings.write(key::PDirectory, directory, &error);
     return error;
   };
-  if (desk.chooser.open(request)) desk.tabs.imgTabs_Click(kPhotosTab);
+  if (!desk.chooser.open(request)) return;
+  pictures.PhotoPath();
+  pictures.rsFiles = {};
+  album.forget();
+  desk.tabs.imgTabs_Click(kPhotosTab);
 }
 
 }  // namespace korvane

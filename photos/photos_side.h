@@ -1,4 +1,4 @@
-// Photos: the Photos tab.
+// Photos: the Photos tab, its album and its show.
 #pragma once
 
 #include "core/desk.h"
@@ -10,10 +10,16 @@ class PhotosSide {
  public:
   explicit PhotosSide(Desk& desk);
 
+  clsPicture pictures;  // of the tab and its show
+  PhotoAlbum album;
+  SlideShow show;
   PhotosTab tab;
 
  private:
-  static void chooseDirectory(Desk& desk);  // Yields.
+  void connectList(Desk& desk);
+  void connectShow(Desk& desk);
+  void addDoors(Desk& desk);
+  void chooseDirectory(Desk& desk);  // Yields.
 
   Image& cmdPhotoSetup_;
 };

@@ -2,20 +2,27 @@
 #pragma once
 
 #include "core/keep_awake.h"
-#include "core/prompt.h"
 #include "core/tab.h"
-#include "core/tab_controller.h"
 #include "core/tab_parts.h"
-#include "platform/system.h"
+#include "photos/photo_album.h"
+#include "photos/slide_show.h"
 
 namespace korvane {
 
 class PhotosTab : public Tab {
  public:
-  PhotosTab(TabParts& parts, System& system, Messages& messages, KeepAwake& awake);
+  struct Uses {
+    TabParts& parts;
+    System& system;
+    KeepAwake& awake;
+    PhotoAlbum& album;
+    SlideShow& show;
+  };
+  explicit PhotosTab(Uses uses);
 
   void leave() override;
   void enter() override;
+  Player* player() override;  // the show, while there is one
   Grid* list() override;
 
  private:
@@ -23,20 +30,15 @@ class PhotosTab : public Tab {
     using FormPanel::FormPanel;
     Grid* PhotoList = bind("PhotoList");
     Slider* scrollDelay = bind("scrollDelay");
-    Timer* pictimer = bind("pictimer");
     Image* cmdContinue = bind("cmdControls", 7);
   };
 
-  void lookForDirectory();
   void showDelay();
 
+  Uses uses_;
   TabParts& parts_;
   Panel panel_;
-  System& system_;
-  Messages& messages_;
-  KeepAwake& awake_;
-  ControlSet page_, show_, otherPlay_, fullScreen_, movies_;
-  bool warned_ = false;  // that there is no directory, in this run
+  ControlSet page_, delay_, otherPlay_, fullScreen_, movies_;
 };
 
 }  // namespace korvane

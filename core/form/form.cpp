@@ -193,7 +193,7 @@ bool Form::fire(Control& control, const Event& event) {
 void Form::guarded(QStringView controlName, Event::Type type, const std::function<void()>& work) {
   static constexpr const char* names[] = {"Click",         "DblClick", "Press",   "Release",
                                           "Change",        "Scroll",   "KeyDown", "KeyPress",
-                                          "ButtonClicked", "Timer",    "Move"};
+                                          "ButtonClicked", "Timer",    "Move",    "Swipe"};
   if (!failed) return work();
   try {
     work();

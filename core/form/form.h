@@ -78,6 +78,7 @@ class Form : public Noticing {
   Watched<bool> minimised{*this, Aspect::Shown, false};
   // Of a floating form: form units above the lower edge, when somebody has moved it.
   Watched<int> lift{*this, Aspect::Rect, 0};
+  double scale = 1;  // device pixels of a form unit, kept by the face
 
   // The control of that name and index, in any case; null when there is none.
   Control* find(QStringView controlName, int index = -1) const;

@@ -158,6 +158,8 @@ constexpr InventoryRow kMain[] = {
     hidden(image("cmdRemoteDVD", 4, {403, 244, 88, 88}, TL, "Left", {.picture = "music/left"})),
     hidden(image("cmdPhotoSetup", {1050, 402, 107, 84}, TR, "Manage photos",
                  {.picture = "photos/manage"})),
+    hidden(label("lblDelay", {1050, 270, 222, 40}, TR, "Seconds for each picture",
+                 {.text = 24, .align = 0})),
     hidden(slider("scrollDelay", {1050, 314, 222, 84}, TR, "Seconds for each picture")),
     hidden(image("pCamera", {1165, 8, 107, 84}, TR, "Camera", {.picture = "root/camera"})),
     hidden(surface("Icamera", {256, 40, 640, 480}, TL, "Camera picture")),
@@ -390,6 +392,7 @@ constexpr InventoryRow kMain[] = {
     timer("ButtonTimer"),
     timer("HomeTimer"),
     timer("pictimer"),
+    timer("PhotoListTimer"),
 };
 
 }  // namespace

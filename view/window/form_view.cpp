@@ -123,6 +123,7 @@ void FormView::prepareControls() {
 void FormView::fit(QRect place, double scale) {
   setGeometry(place);
   face_.scale = scale;
+  form_.scale = scale * devicePixelRatioF();
   background_ = {};
   fitting_ = true;
   form_.resize(static_cast<int>(std::lround(place.width() / scale)),
