@@ -185,9 +185,9 @@ void Thumbnails::end() {
   uses_.ended();
   if (notSaved_ == 0) return;
   uses_.messages.say(
-      u"%1 thumbnails of %2 cannot be kept: %3. They are shown all the same; where the disk "
-      "is full, make room and choose Force creation."_s.arg(
-          QString::number(std::exchange(notSaved_, 0)), thumbs_->directory(), saveError_));
+      u"%1 thumbnails cannot be kept. %2 They are shown all the same, and Force creation makes "
+      u"them "
+      "again."_s.arg(QString::number(std::exchange(notSaved_, 0)), saveError_));
 }
 
 }  // namespace korvane
