@@ -1,6 +1,16 @@
 #include "photos/photos_side.h"
 
+#include <QStandardPaths>
+
 namespace korvane {
+namespace {
+
+QString thumbsDirectory() {
+  return QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation) +
+         u"/korvane/thumbs"_s;
+}
+
+}  // namespace
 
 PhotosSide::PhotosSide(Desk& d)
     : pictures({d.settings, d.system.files, d.system.imaging, d.system.pump, d.log}),
@@ -10,12 +20,15 @@ PhotosSide::PhotosSide(Desk& d)
       show({d.main, d.state, d.settings, d.palette, d.paging, d.awake, d.dialogs, d.system, d.log,
             pictures, [&d] { return d.players.heard() != nullptr; }}),
       tab({d.parts, d.system, d.awake, album, show}),
+      viewBig({d.dialogs, d.screen, d.settings, d.system.imaging, d.system.pump, d.log}),
+      viewPic({d.dialogs, d.screen, d.system, d.settings, d.log, viewBig, thumbsDirectory()}),
       cmdPhotoSetup_(controlOf<Image>(d.frmMain, u"cmdPhotoSetup")) {
   d.tabs.setTab(kPhotosTab, tab);
   d.steps.at(Step::SetUpLists, [this] { album.setUpList(); });
   d.steps.at(Step::ReleasePhotos, [this] { show.leave(); });
   connectList(d);
   connectShow(d);
+  connectSheet(d);
   addDoors(d);
 }
 
@@ -45,6 +58,24 @@ void PhotosSide::connectShow(Desk& desk) {
                       [this](Control&, const Event&, const std::function<void()>& go) {
                         show.on() ? show.cmdMovieFullScreen_Click() : go();
                       });
+}
+
+void PhotosSide::connectSheet(Desk& desk) {
+  desk.on(u"cmdPhotoSetup", Event::Click, [this, &desk](int) { cmdPhotoSetup_Click(desk); });
+  for (const char* change : {"mnuGroup", "mnuRotate", "mnuRotate180", "mnuDeleted"})
+    desk.guard(viewPic.form(), QString::fromLatin1(change), Event::Click);
+}
+
+void PhotosSide::cmdPhotoSetup_Click(Desk& desk) {
+  const QString root = pictures.PhotoPath();
+  if (root == "NO"_L1) {
+    desk.messages.say(u"You must set up the photos directory before using this."_s);
+    return;
+  }
+  controlOf<Timer>(desk.frmMain, u"pictimer").enabled = false;
+  const QString shown = album.directory();
+  viewPic.open(shown.isEmpty() ? root : shown);
+  if (desk.tabs.open(kPhotosTab)) album.refresh();
 }
 
 void PhotosSide::addDoors(Desk& desk) {

@@ -3,6 +3,7 @@
 
 #include "core/desk.h"
 #include "photos/photos_tab.h"
+#include "photos/screens/view_pic_form.h"
 
 namespace korvane {
 
@@ -14,10 +15,14 @@ class PhotosSide {
   PhotoAlbum album;
   SlideShow show;
   PhotosTab tab;
+  ViewBigForm viewBig;
+  ViewPicForm viewPic;
 
  private:
   void connectList(Desk& desk);
   void connectShow(Desk& desk);
+  void connectSheet(Desk& desk);
+  void cmdPhotoSetup_Click(Desk& desk);  // Yields.
   void addDoors(Desk& desk);
   void chooseDirectory(Desk& desk);  // Yields.
 
