@@ -20,6 +20,8 @@ PhotosSide::PhotosSide(Desk& d)
       show({d.main, d.state, d.settings, d.palette, d.paging, d.awake, d.dialogs, d.system, d.log,
             pictures, [&d] { return d.players.heard() != nullptr; }}),
       tab({d.parts, d.system, d.awake, album, show}),
+      printer({d.dialogs, d.system.printing, d.system.imaging, pictures, d.settings, d.screen,
+               d.system.pump, d.log}),
       viewBig({d.dialogs, d.screen, d.settings, d.system.imaging, d.system.pump, d.log}),
       viewPic({d.dialogs, d.screen, d.system, d.settings, d.log, viewBig, thumbsDirectory()}),
       cmdPhotoSetup_(controlOf<Image>(d.frmMain, u"cmdPhotoSetup")) {
@@ -62,6 +64,10 @@ void PhotosSide::connectShow(Desk& desk) {
 
 void PhotosSide::connectSheet(Desk& desk) {
   desk.on(u"cmdPhotoSetup", Event::Click, [this, &desk](int) { cmdPhotoSetup_Click(desk); });
+  viewBig.print = viewPic.print = [this](std::vector<QString> paths, int optSize, int optPrint,
+                                         Progress& bar, const std::function<bool()>& stopped) {
+    printer.mnuPrint_Click(std::move(paths), optSize, optPrint, bar, stopped);
+  };
   for (const char* change : {"mnuGroup", "mnuRotate", "mnuRotate180", "mnuDeleted"})
     desk.guard(viewPic.form(), QString::fromLatin1(change), Event::Click);
 }
@@ -92,7 +98,7 @@ void PhotosSide::chooseDirectory(Desk& desk) {
   ChooserRequest request;
   request.title = u"Select Photos Directory"_s;
   request.pattern = u"*.jpg;*.jpeg;*.png;*.gif;*.bmp"_s;
-  request.places = {desk.settings.str(key::PDirectory)};
+  request.places = {photoRoot(desk.settings)};
   request.keep = [&desk](const QString& directory) {
     QString error;
     desk.settings.write(key::PDirectory, directory, &error);

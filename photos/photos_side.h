@@ -3,6 +3,7 @@
 
 #include "core/desk.h"
 #include "photos/photos_tab.h"
+#include "photos/print/picture_printer.h"
 #include "photos/screens/view_pic_form.h"
 
 namespace korvane {
@@ -15,6 +16,7 @@ class PhotosSide {
   PhotoAlbum album;
   SlideShow show;
   PhotosTab tab;
+  PicturePrinter printer;
   ViewBigForm viewBig;
   ViewPicForm viewPic;
 
