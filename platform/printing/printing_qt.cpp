@@ -80,17 +80,19 @@ std::vector<Printing::Printer> PrintingQt::printers() {
   return all;
 }
 
+// Qt does not say whether the print service has taken the page: a printer that is not there behind
+// it has gone with it.
 bool PrintingQt::print(const Job& job, const Placed& picture, QString* error) {
   const std::lock_guard lock(one_);
   if (job.printer.compare(PdfFiles::kName, Qt::CaseInsensitive) == 0)
     return files_.print(job, picture, error);
   const QPrinterInfo info = infoOf(job.printer);
   QString failure;
-  if (info.isNull())
+  if (!info.isNull() && !printOn(info, job, picture))
+    failure = u"The printer %1 does not take the page. Look at its display."_s.arg(job.printer);
+  else if (info.isNull() || infoOf(job.printer).isNull())
     failure = u"The printer %1 is not there any more. Is it switched on and connected?"_s.arg(
         job.printer);
-  else if (!printOn(info, job, picture))
-    failure = u"The printer %1 does not take the page. Look at its display."_s.arg(job.printer);
   if (error) *error = failure;
   return failure.isEmpty();
 }

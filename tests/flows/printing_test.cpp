@@ -51,8 +51,9 @@ struct Prints : FormWorld {
   Screen screen;
   Form sheet{u"frmViewPic"_s, kSheetForm};
   Progress& bar = controlOf<Progress>(sheet, u"picProgress");
-  clsPicture picture{{settings, files, imaging, pump, settingsLog}};
-  PicturePrinter printer{{dialog, printing, imaging, picture, settings, screen, pump, settingsLog}};
+  clsPicture pictures{{settings, files, imaging, pump, settingsLog}};
+  PicturePrinter printer{
+      {dialog, printing, imaging, pictures, settings, screen, pump, settingsLog}};
   QStringList progress;
 };
 
@@ -77,10 +78,13 @@ TEST_F(Prints, EachPictureAsADocumentAndSaysWhichOnesFailed) {
                                    u"67 Printing.... high.jpg"_s}));
   EXPECT_EQ(messages.texts, QStringList{u"Not printed: bad.jpg. The file is cut."_s});
   EXPECT_TRUE(home.get(u"log.txt"_s).contains("Error printing '/p/bad.jpg'"));
-  // A box of 104.95 x 155.75 mm is read for 300 dots an inch; this paper holds less of it.
-  EXPECT_LT(placed.boxWidth, 152.4 - 2 * 12 + 0.1);
+  // This paper holds less than the box of 104.95 x 155.75 mm, and has two wide margins when it
+  // lies.
+  EXPECT_NEAR(placed.boxWidth, 152.4 - 2 * 12, 0.01);
   EXPECT_NEAR(placed.boxWidth / placed.boxHeight, 8830.0 / 5950, 0.001);
-  EXPECT_NEAR(imaging.readings.back().height, placed.boxWidth / 25.4 * 300, 60);
+  EXPECT_EQ(imaging.readings.back().width, 1094);  // 92.6 mm at 300 an inch
+  EXPECT_EQ(imaging.readings.back().height, 1623);
+  EXPECT_TRUE(imaging.readings.back().cover);
 
   dialogIs([this](Form& form) {  // the choice is there again, the copies are not
     pump.settle();
