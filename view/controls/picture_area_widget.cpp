@@ -6,6 +6,7 @@
 #include <QStyleHints>
 #include <QTouchEvent>
 
+#include "view/drawing/fresh_image.h"
 #include "view/drawing/style.h"
 
 namespace korvane {
@@ -93,11 +94,13 @@ void PictureAreaWidget::endFade() {
 }
 
 QPixmap PictureAreaWidget::seen() {
-  QPixmap all(area());
+  QImage all = freshImage(area(), QImage::Format_ARGB32_Premultiplied);
+  if (all.isNull()) return {};
   all.fill(Qt::transparent);
   QPainter painter(&all);
   paintSeen(painter);
-  return all;
+  painter.end();
+  return QPixmap::fromImage(std::move(all), Qt::NoOpaqueDetection);
 }
 
 void PictureAreaWidget::paintEvent(QPaintEvent*) {
