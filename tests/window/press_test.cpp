@@ -131,6 +131,39 @@ TEST_F(Press, ASliderJumpsFollowsAndLetsGo) {
   finger.release();
 }
 
+TEST_F(Press, ASliderWithItsLargerEndAboveFillsFromBelow) {
+  Slider& slider = control<Slider>("Slider1");
+  slider.vertical = true;
+  slider.rect = Rect{1200, 100, 72, 500};
+  slider.minimum = 10;
+  slider.maximum = 0;
+  auto& shown = dynamic_cast<SliderWidget&>(widget("Slider1"));
+  const auto at = [&](int y) { return shown.grab().toImage().pixelColor(36, y); };
+  const QColor empty = at(250);
+  for (const auto& [by, value] : {std::pair(-2000, 10), std::pair(2000, 0), std::pair(-230, 5)}) {
+    finger.press(shown, shown.thumb());
+    finger.move(QPoint(0, by));
+    finger.release();
+    EXPECT_NEAR(slider.value(), value, 1);
+  }
+  EXPECT_EQ(at(60), empty);
+  EXPECT_NE(at(440), empty);
+}
+
+TEST_F(Press, ABarOfProgressFillsAndItsTextReadsOnBothParts) {
+  auto& bar = control<Progress>("barDone");
+  bar.visible = true;
+  bar.value = 50;
+  const auto at = [&](int x) { return widget("barDone").grab().toImage().pixelColor(x, 4); };
+  const QColor filled = at(100), rest = at(300);
+  EXPECT_NE(filled, rest);
+  for (const auto& [value, left, right] : {std::tuple(-5.0, rest, rest), {250.0, filled, filled}}) {
+    bar.value = value;
+    EXPECT_EQ(at(100), left) << value;
+    EXPECT_EQ(at(300), right) << value;
+  }
+}
+
 TEST_F(Press, WhatIsHiddenCoveredOrOffCannotBeReached) {
   const auto obstacle = [&](const char* name, int index = -1) {
     return finger.obstacle(widget(name, index), widget(name, index).rect().center());

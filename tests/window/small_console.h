@@ -29,6 +29,9 @@ constexpr InventoryRow kSmallForm[] = {
     {"chkOn", -1, Kind::Check, {800, 420, 300, 72}, Right | Top, "On"},
     {"txtName", -1, Kind::Text, {800, 500, 300, 72}, Right | Top, "Name"},
     {"coverArt", -1, Kind::PictureArea, {800, 600, 100, 100}, Right | Bottom, "Cover"},
+    {"picTransition", -1, Kind::PictureArea, {20, 20, 400, 300}, Left | Top, "Show", "", false},
+    {"sheetPictures", -1, Kind::Sheet, {20, 20, 400, 320}, Left | Top, "Pictures", "", false},
+    {"barDone", -1, Kind::Progress, {20, 400, 400, 48}, Left | Top, "Done", "", false},
     {"Ticker", -1, Kind::Timer, {}, 0, ""},
 };
 constexpr InventoryRow kBoxForm[] = {

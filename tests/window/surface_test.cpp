@@ -171,6 +171,11 @@ TEST_F(Native, WhatLiesAboveIsSeenAndPressed) {
   QTimer::singleShot(100, &host.stage(), [&] {
     EXPECT_NE(seen(card), kGreen) << "the message";
     EXPECT_EQ(seen(beside), kGreen) << "plays on beside it";
+    const QRect around = host.view(box)->geometry();
+    EXPECT_EQ(
+        seen(host.view(box)->mapTo(&host.stage(), QPoint(around.width() - 2, around.height() - 2))),
+        kGreen)
+        << "and around its corners";
     EXPECT_FALSE(drawer.underFinger(onScreen(card)));
     EXPECT_FALSE(drawer.underFinger(onScreen(beside))) << "the message keeps the presses";
     host.hide(box);

@@ -6,6 +6,7 @@
 #include <QStyleHints>
 #include <QTouchEvent>
 
+#include "view/drawing/fresh_image.h"
 #include "view/drawing/style.h"
 
 namespace korvane {
@@ -93,11 +94,13 @@ void PictureAreaWidget::endFade() {
 }
 
 QPixmap PictureAreaWidget::seen() {
-  QPixmap all(area());
+  QImage all = freshImage(area(), QImage::Format_ARGB32_Premultiplied);
+  if (all.isNull()) return {};
   all.fill(Qt::transparent);
   QPainter painter(&all);
   paintSeen(painter);
-  return all;
+  painter.end();
+  return QPixmap::fromImage(std::move(all), Qt::NoOpaqueDetection);
 }
 
 void PictureAreaWidget::paintEvent(QPaintEvent*) {
@@ -123,19 +126,21 @@ void PictureAreaWidget::paintSeen(QPainter& painter) {
     painter.setOpacity(1);
     return;
   }
-  // Neither hides the other where one of them is clear.
+  // Neither hides the other where one of them is clear. A sum takes whole shares alone.
   QPixmap next(area()), both(area());
   next.fill(Qt::transparent);
   both.fill(Qt::transparent);
   QPainter scene(&next);
   paintScene(scene, shown_);
+  scene.setCompositionMode(QPainter::CompositionMode_DestinationIn);
+  scene.fillRect(next.rect(), QColor(0, 0, 0, static_cast<int>(255 * come)));
   scene.end();
   QPainter mixed(&both);
-  mixed.setCompositionMode(QPainter::CompositionMode_Plus);
-  mixed.setOpacity(come);
-  mixed.drawPixmap(0, 0, next);
   mixed.setOpacity(1 - come);
   mixed.drawPixmap(0, 0, before_);
+  mixed.setOpacity(1);
+  mixed.setCompositionMode(QPainter::CompositionMode_Plus);
+  mixed.drawPixmap(0, 0, next);
   mixed.end();
   painter.drawPixmap(0, 0, both);
 }
@@ -262,6 +267,8 @@ void PictureAreaWidget::meant(PictureHands::Meant what, QPointF at, bool second)
       break;
     case Meant::Tap:
       if (!rect().contains(at.toPoint())) break;
+      tappedAt_ = at;
+      if (!second) sinceTap_.start();
       if (!second || !fire(eventAt(Event::DblClick, at))) fire(eventAt(Event::Click, at));
       break;
     case Meant::Zoomed:
@@ -323,8 +330,6 @@ void PictureAreaWidget::touched(const QTouchEvent& event) {
         sinceTap_.elapsed() < QGuiApplication::styleHints()->mouseDoubleClickInterval() &&
         QLineF(first, tappedAt_).length() < face().px(kTapsApart);
     sinceTap_.invalidate();
-    if (!second) sinceTap_.start();
-    tappedAt_ = first;
     return fingerDown(first, second);
   }
   ends ? fingerUp(first) : fingerMoved(first);
