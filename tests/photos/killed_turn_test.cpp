@@ -3,6 +3,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <QElapsedTimer>
 #include <QTemporaryDir>
 #include <chrono>
 #include <random>
@@ -14,11 +15,12 @@
 namespace korvane {
 namespace {
 
-constexpr int kPictures = 20, kKills = 100;
+constexpr int kPictures = 8, kKills = 100;
 constexpr qsizetype kBytes = 300'000;
 
 // A picture or a thumbnail is one letter all through; turned, it is the next one.
 class Letters : public FakeImaging {
+  using FakeImaging::turned;
   QByteArray jpeg(const Pixels&, int) const override { return QByteArray(kBytes, 't'); }
   QByteArray turned(const QString& path, int, bool, bool, QString*) const override {
     const auto bytes = disk.read(path);
@@ -73,15 +75,19 @@ TEST(KilledTurn, LeavesEachPictureAndThumbnailOldOrNew) {
   disk.CreateFolder(home.filePath(u"home"_s));
   QStringList names;
   for (int i = 0; i < kPictures; ++i) names << QString::number(i) + u".jpg"_s;
+  QElapsedTimer saving;
+  saving.start();
   for (const QString& name : names)
     disk.replace(FileSystem::BuildPath(album, name), QByteArray(kBytes, 'A'));
+  // A round saves three files a picture; kills fall within two of them.
+  const auto span = static_cast<unsigned>(6 * saving.nsecsElapsed() / 1000 + 20'000);
   std::mt19937 random(1);
   int turned = 0, temporary = 0, before = 0;
   for (int kill = 0; kill < kKills; ++kill) {
     const pid_t child = ::fork();
     if (child == 0) work(home.path());
     ASSERT_GT(child, 0);
-    std::this_thread::sleep_for(std::chrono::microseconds(random() % 100'000));
+    std::this_thread::sleep_for(std::chrono::microseconds(random() % span));
     ASSERT_EQ(::kill(child, SIGKILL), 0);
     int status = 0;
     ASSERT_EQ(::waitpid(child, &status, 0), child);

@@ -18,6 +18,7 @@ struct SheetWorld : testing::Test {
         log(system.files, system.clock, home),
         settings(system.files, system.pump, state, home, &log) {
     system.files.CreateFolder(home);
+    fakes.files.CreateFolder(u"/trash"_s);
   }
   ~SheetWorld() override { EXPECT_TRUE(host.allDone()) << "a form did not come up"; }
 
@@ -67,7 +68,8 @@ struct SheetWorld : testing::Test {
       fakes.pump.settle();
       const auto picture = of.picture(cell);
       const bool drawn = picture && picture->pixels;
-      shown << of.caption(cell) + u'=' + (drawn ? QChar(picture->pixels->bits[0]) : QChar(u'-'));
+      shown << of.caption(cell) + u'=' +
+                   (drawn ? QChar(ushort{picture->pixels->bits[0]}) : QChar(u'-'));
     }
     return shown.join(u' ');
   }
