@@ -1,12 +1,17 @@
 """Photos at seat in a real window: folders walked, a show started, paused, seen full screen and ended; the sheet,
 where pictures are chosen, turned, imported, deleted and taken back; the viewer; a print to PDF; an ad after idle
 time and the touch that only wakes."""
+import os
+import pathlib
 import subprocess
 import sys
+import tempfile
 import time
 
 from console import Console
 
+printed = pathlib.Path(tempfile.mkdtemp())
+os.environ["KORVANE_PRINT_TO"] = str(printed)
 console = Console(sys.argv[1], settings=["ADDSON=NO"])
 photos = console.home / "Photos"
 
@@ -107,8 +112,20 @@ console.screenshot("photos_deleted")
 console.press("cmdTakeBack", form=sheet)
 console.wait_until(gone.exists, "the picture taken back", 5)
 
-# The viewer
+# A print
 console.press("picSlide", form=sheet, row=2)
+console.press("cmdOptions", form=sheet)
+console.press("mnuPrint", form=sheet)
+console.wait_until(lambda: shown("cmdok", form="frmPrint"), "the printers", 5)
+console.wait_until(lambda: console.must(cmd="get", form="frmPrint", name="cmdok")["enabled"], "a printer", 5)
+time.sleep(0.7)  # the page is drawn
+console.screenshot("photos_print")
+console.press("cmdok", form="frmPrint")
+console.wait_until(lambda: [path for path in printed.iterdir() if path.read_bytes()[-6:].strip() == b"%%EOF"],
+                   "the printed page", 15)
+console.wait_until(lambda: not shown("picProgress", form=sheet), "the end of the print", 5)
+
+# The viewer
 console.must(cmd="doublepress", name="picSlide", form=sheet, row=2)
 viewer = "frmViewBig"
 console.wait_until(lambda: shown("picBig", form=viewer), "the viewer", 5)
