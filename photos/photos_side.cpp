@@ -88,8 +88,8 @@ void PhotosSide::addDoors(Desk& desk) {
   desk.addTabWord(kPhotosTab, u"PHOTOS"_s, u"btnphotos"_s, u"open the Photos tab"_s);
   desk.words.add({u"PICTUREEDIT"_s, u"btnpictureedit"_s, {}, [this, &desk] {
                     desk.tabs.imgTabs_Click(kPhotosTab);
-                    if (!desk.frmMain.fire(cmdPhotoSetup_, {Event::Click}))
-                      desk.messages.say(u"This console cannot change pictures yet."_s);
+                    if (show.on()) show.end();  // the button is hidden meanwhile
+                    desk.frmMain.fire(cmdPhotoSetup_, {Event::Click});
                   }});
   desk.setupDoors.add({"cmdAddDir", 0, [this, &desk] { chooseDirectory(desk); }});
 }

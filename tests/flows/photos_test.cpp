@@ -449,5 +449,31 @@ TEST_F(Photos, AnotherRootBeginsAnew) {
   EXPECT_EQ(names(), (QStringList{home / u"Other"_s, u"Sea (1)"_s}));
 }
 
+TEST_F(Photos, TheSheetOpensOnTheDirectoryThatIsShown) {
+  open("PhotoSort=NAME\n");
+  openAlps();
+  timer().enabled = true;
+  const auto sheet = [this](const QString& directory) {
+    host->onModal(u"frmViewPic"_s, [this, directory](Form& pic) {
+      EXPECT_EQ(textOf(pic, u"lblPhotoFolder"_s), u"Pictue folder = "_s + directory);
+      EXPECT_FALSE(timer().enabled());
+      system().pump.settle();
+      EXPECT_EQ(controlOf<Sheet>(pic, u"picSlide").cells().count(), 5);
+      EXPECT_FALSE(console().desk.screen.busy());
+      korvane::press(pic, u"imgExit"_s);
+    });
+  };
+  sheet(home / u"Photos/Alps"_s);
+  press(u"cmdPhotoSetup"_s);
+  touch(u"01.jpg"_s);
+  ASSERT_TRUE(console().photos.show.on());
+  sheet(home / u"Photos/Alps"_s);
+  console().desk.words.find(u"PICTUREEDIT"_s)->act();
+  EXPECT_FALSE(console().photos.show.on());
+  console().desk.settings.write(key::PDirectory, u"NO"_s);
+  answer(u"You must set up the photos directory before using this."_s);
+  press(u"cmdPhotoSetup"_s);
+}
+
 }  // namespace
 }  // namespace korvane
