@@ -54,7 +54,7 @@ def on_movies(t, palette, contrasts):
     """The controls upon a movie: their card is dark in both themes, and so are they."""
     dark = dataclasses.replace(MERIDIAN, name=palette.name)
     for suffix, state in (('', 'normal'), ('b', 'pressed')):
-        pair = state + ', on a picture'
+        pair = state + ', on a movie'
         for name, icon in (('bigplay', 'play'), ('bigpause', 'pause')):
             t.put('movies/' + name + suffix, tiles.big(dark, state, 120, 124, icon, pair, contrasts))
         for name, icon, word in (('back10', 'back10', '10 s back'), ('on10', 'on10', '10 s on'),
@@ -67,29 +67,7 @@ def on_movies(t, palette, contrasts):
         t.put('movies/locked' + suffix, tiles.captioned(dark, state, 120, 124, 'lockshut', 'Hold to open', pair,
                                                        contrasts, size=15.5, grid=54))
         for name, icon in (('noposter', 'film'), ('noposterdvd', 'dvd')):
-            t.put('movies/' + name + suffix, tiles.no_picture(palette, bool(suffix), icon, 96, 72, contrasts))
-
-
-def on_photos(t, palette, contrasts):
-    """The tools of the sheet and the viewer in the theme's colours; the controls upon a show are dark in both."""
-    for name, icon, word in (('rotate', 'turnright', 'Turn right'), ('rotateback', 'turnleft', 'Turn left'),
-                             ('zoomin', 'zoomin', 'Larger'), ('zoomout', 'zoomout', 'Smaller'),
-                             ('fit', 'fit', 'Fit'), ('actual', 'actual', '1 : 1'),
-                             ('magnify', 'magnify', 'Magnify'), ('move', 'move', 'Move'),
-                             ('zoomwindow', 'zoomwindow', 'Area'), ('bright', 'bright', 'Light'),
-                             ('print', 'print', 'Print'), ('options', 'options', 'Options'),
-                             ('trash', 'trash', 'Delete'), ('import', 'import', 'Import'),
-                             ('tools', 'tools', 'Tools')):
-        t.pressable('photos/' + name, 'pressed', 107, 84, icon, word)
-    dark = dataclasses.replace(MERIDIAN, name=palette.name)
-    for suffix, state in (('', 'normal'), ('b', 'pressed')):
-        pair = state + ', on a picture'
-        for name, word in (('prev', 'Previous'), ('play', 'Play'), ('stop', 'Stop'), ('next', 'Next'),
-                           ('hide', 'Hide'), ('leave', 'Leave')):
-            t.put('photos/' + name + suffix,
-                  tiles.captioned(dark, state, 96, 112, name, word, pair, contrasts, grid=46))
-        for name, icon in (('nopicture', 'photos'), ('broken', 'broken')):
-            t.put('photos/' + name + suffix, tiles.no_picture(palette, bool(suffix), icon, 96, 96, contrasts))
+            t.put('movies/' + name + suffix, tiles.no_poster(palette, bool(suffix), icon, contrasts))
 
 
 def draw(palette, contrasts):
@@ -203,5 +181,4 @@ def draw(palette, contrasts):
     for suffix, pressed in (('', False), ('b', True)):
         t.put('photos/UpDirectory' + suffix, tiles.folder(palette, pressed, True, contrasts))
         t.put('photos/folderclosed' + suffix, tiles.folder(palette, pressed, False, contrasts))
-    on_photos(t, palette, contrasts)
     return t.files

@@ -277,21 +277,20 @@ def empty_art(palette, contrasts):
     return svg(222, 222, body, defs)
 
 
-def no_picture(palette, pressed, icon_name, w, h, contrasts):
-    """Stands in for a picture that is not there: an icon in the dusk."""
+def no_poster(palette, pressed, icon_name, contrasts):
+    """Stands in for a movie's still: a frame of film or a disc in the dusk."""
     top, bottom = palette.art
     colour = palette.ink if pressed else palette.accent
-    middle, foot, reach = h / 2, h * 10 / 9, h * 11 / 18
-    defs = (linear('b', 0, 0, 0, h, [(0, top, 1), (1, bottom, 1)])
-            + radial('g', w / 2, foot, w * 5 / 6, reach, fade(palette.glow, palette.glow_share * 1.6)))
+    defs = (linear('b', 0, 0, 0, 72, [(0, top, 1), (1, bottom, 1)])
+            + radial('g', 48, 80, 80, 44, fade(palette.glow, palette.glow_share * 1.6)))
     grounds = []
-    for y in range(int(middle) - 22, int(middle) + 23, 4):
-        ground = mix(rgb(top), rgb(bottom), y / h)
-        grounds.append(mix(ground, rgb(palette.glow), fade_at((foot - y) / reach, palette.glow_share * 1.6)))
-    contrasts.note(palette.name, 'stand-in for a picture: icon', rgb(colour), grounds)
-    body = (rect(0, 0, w, h, 6, 'url(#b)') + rect(0, 0, w, h, 6, 'url(#g)')
-            + icon(icon_name, w / 2 - 21, middle - 21, 42, colour, palette.soft))
-    return svg(w, h, body, defs)
+    for y in range(14, 59, 4):
+        ground = mix(rgb(top), rgb(bottom), y / 72)
+        grounds.append(mix(ground, rgb(palette.glow), fade_at((80 - y) / 44, palette.glow_share * 1.6)))
+    contrasts.note(palette.name, 'stand-in for a still: icon', rgb(colour), grounds)
+    body = (rect(0, 0, 96, 72, 6, 'url(#b)') + rect(0, 0, 96, 72, 6, 'url(#g)')
+            + icon(icon_name, 48 - 21, 36 - 21, 42, colour, palette.soft))
+    return svg(96, 72, body, defs)
 
 
 def folder(palette, pressed, up, contrasts):
