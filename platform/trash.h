@@ -1,4 +1,4 @@
-// The trash can of the desktop, by the freedesktop.org Trash specification 1.0.
+// The trash can of the desktop, as freedesktop.org lays it out (Trash 1.0).
 #pragma once
 
 #include "platform/text.h"

@@ -38,7 +38,7 @@ void SheetWidget::measure() {
   setRange(face().px(content), face().px(rect.height));
 }
 
-// The row at the top stays there, whatever number of columns there is room for now.
+// The row at the top stays there, however many columns there is room for.
 void SheetWidget::place() {
   const int first = sheet_.top() / std::max(1, sheet_.cellHeight()) * sheet_.columns;
   const int columns = sheet_.columns;
