@@ -18,6 +18,7 @@ struct Host : FormHost {
   void hide(Form&) override { ++hidden; }
   void fadeOut(Form&, int) override {}
   bool sendKey(Form&, int, const QString&) override { return false; }
+  bool pressesTaken() const override { return false; }
   std::function<void(Form&)> onModal;
   int hidden = 0;
 };

@@ -34,9 +34,7 @@ double zoomStep(double factor, bool larger) {
 }
 
 ViewBigForm::ViewBigForm(Uses uses)
-    : Dialog(uses.dialog, u"frmViewBig"_s, viewBigInventory()),
-      uses_(std::move(uses)),
-      panel_(form_) {
+    : Dialog(uses.dialog, u"frmViewBig"_s, viewBigInventory()), uses_(uses), panel_(form_) {
   panel_.scrollZoom->minimum = kSmallest;
   panel_.scrollZoom->maximum = kLargest;
   panel_.picBig->gestures = true;

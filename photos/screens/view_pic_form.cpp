@@ -210,6 +210,7 @@ void ViewPicForm::picSlide_Click(int cell) {
 void ViewPicForm::picSlide_DblClick(int cell) {
   if (work_.busy() || cell < 0 || cell >= cells_->count()) return;
   std::vector<QString> paths;
+  paths.reserve(static_cast<size_t>(cells_->count()));
   for (int each = 0; each < cells_->count(); ++each)
     paths.push_back((*cells_)[cells_->indexOf(each)].path());
   uses_.big.open(std::move(paths), cell);

@@ -72,7 +72,8 @@ Imaging::Loaded loadHeif(PictureSource& source, Imaging::Reading reading) {
   HeifFile file(source.pathBytes());
   auto pixels = file.decode();
   if (!pixels) return failed(file.fault());
-  return Plan({pixels->width, pixels->height}, 1, reading).finish(std::move(pixels));
+  const Plan plan({pixels->width, pixels->height}, 1, reading);
+  return plan.finish(std::move(pixels));
 }
 
 void aboutByQt(PictureSource& source, Imaging::About& about) {
