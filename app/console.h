@@ -6,11 +6,13 @@
 #include "control/control_side.h"
 #include "core/desk.h"
 #include "custom/custom_side.h"
+#include "ftp/ftp_side.h"
 #include "library/library_side.h"
 #include "listener/listener_side.h"
 #include "movies/movies_side.h"
 #include "photos/photos_side.h"
 #include "playback/playback_side.h"
+#include "ripper/ripper_side.h"
 
 namespace korvane {
 
@@ -30,7 +32,9 @@ class Console {
   MoviesSide movies{desk, listener, playback};
   CustomSide custom{desk, library, listener, playback};
   AdsSide ads{desk};
+  RipperSide ripper{desk, library, listener, playback, custom};
   ControlSide control{desk, listener};
+  FtpSide ftp{desk};
 };
 
 }  // namespace korvane

@@ -8,7 +8,9 @@
 #include "app/console.h"
 #include "app/home.h"
 #include "app/tools.h"
+#include "platform/disc/cd_drives_plain.h"
 #include "platform/disc/disc_reader_cdio.h"
+#include "platform/disc/packet_drive_linux.h"
 #include "platform/disc/reading_drive.h"
 #include "platform/files/desktop_trash.h"
 #include "platform/files/disk_file_system.h"
@@ -18,9 +20,11 @@
 #include "platform/machine/login_session.h"
 #include "platform/machine/screen_saver_power.h"
 #include "platform/machine/system_clock.h"
+#include "platform/net/http_curl.h"
 #include "platform/net/network_linux.h"
 #include "platform/net/winsock_qt.h"
 #include "platform/printing/printing_qt.h"
+#include "platform/ripping/cd_ripper_cdio.h"
 #include "platform/sound/media_player_vlc.h"
 #include "platform/sound/mixer_alsa.h"
 #include "platform/video/dvd_player_vlc.h"
@@ -66,7 +70,10 @@ int show(const CommandLine& line, const QString& home, DiskFileSystem& files, Qt
   PictureCodecs imaging;
   DesktopTrash trash;
   PrintingQt printing;
-  ReadingDrive disc(pump, player, std::make_shared<DiscReaderCdio>());
+  const auto reader = std::make_shared<DiscReaderCdio>();
+  ReadingDrive disc(pump, player, reader);
+  CdRipperCdio ripper(pump, reader, std::make_unique<CdDrivesPlain>());
+  PacketDriveLinux packets;
   ScreenSaverPower screenPower;
   LoginSession session;
   MixerAlsa mixer;
@@ -75,10 +82,12 @@ int show(const CommandLine& line, const QString& home, DiskFileSystem& files, Qt
   DetachedPrograms programs;
   HomeLock lock(home);
   NetworkLinux network;
+  HttpCurl http(pump);
   const auto makeWinsock = [] { return std::make_unique<WinsockQt>(); };
-  System system{pump,   clock,   chance,   files,    player, video,       dvd,
-                stills, imaging, printing, trash,    disc,   screenPower, session,
-                mixer,  tray,    box,      programs, lock,   network,     makeWinsock};
+  const auto makeFtp = [] { return std::make_unique<FtpClient>(); };
+  System system{pump,     clock,    chance, files,   player,  video,       dvd,     stills, imaging,
+                printing, trash,    disc,   ripper,  packets, screenPower, session, mixer,  tray,
+                box,      programs, lock,   network, http,    makeWinsock, makeFtp};
   WindowHost* window = nullptr;
   bool ended = false;  // also while the start still runs its own turns of the event loop
   const auto end = [&ended] {

@@ -88,7 +88,7 @@ inline constexpr SettingKey ADDSTART{"STARTUP", "ADDSTART", Rule::Number, When::
 inline constexpr SettingKey ADDSBETWEEN{
     "STARTUP", "ADDSBETWEEN", Rule::Number, When::Start, -32768, 32767, 10};
 inline constexpr SettingKey Setup{"STARTUP", "Setup", Rule::Str, When::Live};
-inline constexpr SettingKey CDDBPath{"STARTUP", "CDDBPath", Rule::Str, When::Kept};
+inline constexpr SettingKey CDDBPath{"STARTUP", "CDDBPath", Rule::Str, When::Live};
 inline constexpr SettingKey RadioTop{"STARTUP", "RadioTop", Rule::Text, When::Kept};
 inline constexpr SettingKey RadioLeft{"STARTUP", "RadioLeft", Rule::Text, When::Kept};
 
@@ -181,6 +181,19 @@ inline constexpr SettingKey AdShift{"STARTUP", "AdShift", Rule::FlagYes, When::L
 inline constexpr SettingKey AdBlack{"STARTUP", "AdBlack", Rule::Number, When::Start, 0,
                                     32767,     0};  // s of idle time; 0 never
 inline constexpr SettingKey IdleByTouch{"STARTUP", "IdleByTouch", Rule::FlagYes, When::Live};
+// Of the ripper: absent means off
+inline constexpr SettingKey RipTags{"Ripper", "RipTags", Rule::FlagYes, When::Live};
+inline constexpr SettingKey RipSecure{"Ripper", "RipSecure", Rule::FlagYes, When::Live};
+inline constexpr SettingKey RipBoth{"Ripper", "RipBoth", Rule::FlagYes, When::Live};
+inline constexpr SettingKey RipFormat{"Ripper", "RipFormat", Rule::UStr,
+                                      When::Live};  // "MP3", "FLAC", "OPUS"
+inline constexpr SettingKey RipNames{"Ripper", "RipNames", Rule::FlagYes, When::Live};
+inline constexpr SettingKey CddbAlways{"Ripper", "CddbAlways", Rule::FlagYes, When::Live};
+inline constexpr SettingKey CddbServer{"Ripper", "CddbServer", Rule::Str, When::Live};
+// Of the lights and of file transfers: absent means off
+inline constexpr SettingKey X10State{"X10", "X10State", Rule::FlagYes, When::Start};
+inline constexpr SettingKey LightTiles{"X10", "LightTiles", Rule::FlagYes, When::Start};
+inline constexpr SettingKey FtpSafe{"FTP", "FtpSafe", Rule::FlagYes, When::Live};
 inline constexpr SettingKey PLDirectory{"Playlist", "PLDirectory", Rule::Str, When::Live};
 inline constexpr SettingKey LASTSONGPLAYED{"GENERAL", "LASTSONGPLAYED", Rule::Text, When::Live};
 inline constexpr SettingKey MusicRoot{"GENERAL", "MusicRoot", Rule::Str,

@@ -1,15 +1,19 @@
 // All doors to the outside in one hand, as the console is given them. Not owned; they outlive it.
 #pragma once
 
+#include "platform/cd_ripper.h"
 #include "platform/clock.h"
 #include "platform/disc_drive.h"
 #include "platform/dvd_player.h"
 #include "platform/file_system.h"
+#include "platform/ftp_client.h"
+#include "platform/http.h"
 #include "platform/imaging.h"
 #include "platform/machine.h"
 #include "platform/media_player.h"
 #include "platform/movie_stills.h"
 #include "platform/network.h"
+#include "platform/packet_drive.h"
 #include "platform/printing.h"
 #include "platform/programs.h"
 #include "platform/pump.h"
@@ -32,6 +36,8 @@ struct System {
   Printing& printing;
   Trash& trash;
   DiscDrive& disc;
+  SwdCDRipper& ripper;
+  PacketDrive& packets;
   ScreenPower& screenPower;
   Session& session;
   Mixer& mixer;
@@ -40,7 +46,9 @@ struct System {
   Programs& programs;
   OneInstance& instance;
   Network& network;
+  Http& http;
   std::function<std::unique_ptr<Winsock>()> makeWinsock;  // a connection of the caller's own
+  std::function<std::unique_ptr<FtpClient>()> makeFtp;    // the same
 };
 
 }  // namespace korvane

@@ -3,14 +3,17 @@
 #pragma once
 
 #include "platform/system.h"
+#include "tests/fakes/fake_cd_ripper.h"
 #include "tests/fakes/fake_clock.h"
 #include "tests/fakes/fake_disc_drive.h"
 #include "tests/fakes/fake_dvd_player.h"
 #include "tests/fakes/fake_file_system.h"
+#include "tests/fakes/fake_http.h"
 #include "tests/fakes/fake_imaging.h"
 #include "tests/fakes/fake_machine.h"
 #include "tests/fakes/fake_movie_stills.h"
 #include "tests/fakes/fake_network.h"
+#include "tests/fakes/fake_packet_drive.h"
 #include "tests/fakes/fake_printing.h"
 #include "tests/fakes/fake_programs.h"
 #include "tests/fakes/fake_pump.h"
@@ -31,6 +34,8 @@ struct FakeSystem {
   FakePrinting printing;
   FakeTrash trash{files};
   FakeDiscDrive disc;
+  FakeCdRipper ripper;
+  FakePacketDrive packets;
   FakeScreenPower screenPower;
   FakeSession session;
   FakeMixer mixer;
@@ -39,14 +44,18 @@ struct FakeSystem {
   FakePrograms programs;
   FakeInstance instance;
   FakeNetwork network;
+  FakeHttp http;
+  std::function<std::unique_ptr<FtpClient>()> makeFtp;  // of a test that needs one
 
   // `disk` where the files must be real ones. Refers to this and to the arguments.
   System with(MediaPlayer& player, std::function<std::unique_ptr<Winsock>()> makeWinsock,
               FileSystem* disk = nullptr) {
     FileSystem& used = disk ? *disk : files;
-    return {pump,   clock,   chance,   used,     player,   video,       dvd,
-            stills, imaging, printing, trash,    disc,     screenPower, session,
-            mixer,  tray,    box,      programs, instance, network,     std::move(makeWinsock)};
+    return {pump,   clock,    chance,      used,     player, video,
+            dvd,    stills,   imaging,     printing, trash,  disc,
+            ripper, packets,  screenPower, session,  mixer,  tray,
+            box,    programs, instance,    network,  http,   std::move(makeWinsock),
+            makeFtp};
   }
 };
 
