@@ -7,11 +7,12 @@
 namespace korvane {
 namespace {
 
-constexpr double kPlace = 0.1;    // of the length: behind the titles, before what gives it away
-constexpr double kShortest = 4;   // seconds of a movie in which a place is sought
-constexpr int kSettled = 3;       // pictures after which what comes is of the place
-constexpr int kLongestMs = 8000;  // for a file that does not answer
-constexpr int kQuality = 80;      // of JPEG
+constexpr double kPlace = 0.1;   // of the length: behind the titles, before what gives it away
+constexpr double kShortest = 4;  // seconds of a movie in which a place is sought
+constexpr int kSettled = 3;      // pictures after which what comes is of the place
+constexpr int kQuality = 80;     // of JPEG
+// For a file that does not answer. Long, since all else on the machine goes before its threads.
+constexpr int kLongestMs = 20'000;
 
 QByteArray jpegOf(const VideoFrame& frame) {
   const QImage image(frame.pixels, frame.width, frame.height, frame.rowBytes, QImage::Format_RGB32);

@@ -248,7 +248,7 @@ TEST_F(MovieTest, AStillIsOfAMomentBehindTheBeginning) {
     std::optional<MovieStill> still;
     stills.make(path, 80, 80, [&](const MovieStill& made) { still = made; });
     EXPECT_TRUE(stills.busy());
-    ASSERT_TRUE(until([&] { return still.has_value(); })) << path.toStdString();
+    ASSERT_TRUE(pump.wait(30'000, [&] { return still.has_value(); })) << path.toStdString();
     EXPECT_NEAR(still->seconds, seconds, 0.2);
     const QImage image = QImage::fromData(still->jpeg);
     EXPECT_EQ(image.size(), width ? QSize(width, height) : QSize(0, 0)) << path.toStdString();
