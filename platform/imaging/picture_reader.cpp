@@ -4,7 +4,7 @@
 
 #include "platform/imaging/heif_codec.h"
 #include "platform/imaging/jpeg_codec.h"
-#include "platform/imaging/picture_source.h"
+#include "platform/imaging/opened_picture.h"
 #include "platform/imaging/qt_images.h"
 
 namespace korvane {
@@ -40,14 +40,14 @@ Imaging::Loaded failed(const QString& why) {
   return {nullptr, 0, 0, why};
 }
 
-Imaging::Loaded loadByQt(PictureSource& source, const Imaging::Reading& reading) {
-  QtImage image(source.device());
+Imaging::Loaded loadByQt(OpenedPicture& file, const Imaging::Reading& reading) {
+  QtImage image(file.device());
   QSize size = image.size();
   QImage read;
   if (!size.isValid()) read = image.read();  // it does not say before
   if (!image.fault().isEmpty()) return failed(image.fault());
   if (!read.isNull()) size = read.size();
-  const Plan plan({size.width(), size.height()}, source.exif().orientation, reading);
+  const Plan plan({size.width(), size.height()}, file.exif().orientation, reading);
   const bool smaller = plan.asked.width < size.width() || plan.asked.height < size.height();
   if (read.isNull())
     read = smaller ? image.read({plan.asked.width, plan.asked.height}) : image.read();
@@ -55,29 +55,29 @@ Imaging::Loaded loadByQt(PictureSource& source, const Imaging::Reading& reading)
   return plan.finish(toPixels(std::move(read)));
 }
 
-Imaging::Loaded loadJpeg(PictureSource& source, const Imaging::Reading& reading) {
-  const JpegHead& head = source.jpeg();
+Imaging::Loaded loadJpeg(OpenedPicture& file, const Imaging::Reading& reading) {
+  const JpegHead& head = file.jpeg();
   if (tooLarge(head.width, head.height)) return failed(tooLargeText(head.width, head.height));
   if (head.width < 1 || head.height < 1) return failed(u"It is damaged or cut short."_s);
-  const Plan plan({head.width, head.height}, source.exif().orientation, reading);
-  const QByteArray bytes = source.whole();
-  if (bytes.isEmpty()) return failed(source.fault());
+  const Plan plan({head.width, head.height}, file.exif().orientation, reading);
+  const QByteArray bytes = file.whole();
+  if (bytes.isEmpty()) return failed(file.fault());
   DecodedJpeg decoded = decodeJpeg(bytes, plan.asked);
-  if (decoded.unusual) return loadByQt(source, reading);
+  if (decoded.unusual) return loadByQt(file, reading);
   if (!decoded.pixels) return failed(u"It is damaged or cut short (%1)."_s.arg(decoded.fault));
   return plan.finish(std::move(decoded.pixels));
 }
 
-Imaging::Loaded loadHeif(PictureSource& source, Imaging::Reading reading) {
-  HeifFile file(source.pathBytes());
+Imaging::Loaded loadHeif(OpenedPicture& file, Imaging::Reading reading) {
+  HeifFile file(file.pathBytes());
   auto pixels = file.decode();
   if (!pixels) return failed(file.fault());
   const Plan plan({pixels->width, pixels->height}, 1, reading);
   return plan.finish(std::move(pixels));
 }
 
-void aboutByQt(PictureSource& source, Imaging::About& about) {
-  QtImage image(source.device());
+void aboutByQt(OpenedPicture& file, Imaging::About& about) {
+  QtImage image(file.device());
   QSize size = image.size();
   if (!size.isValid() && image.fault().isEmpty()) size = image.read().size();
   about.error = image.fault();
@@ -126,29 +126,29 @@ std::shared_ptr<const Pixels> scaledPixels(const Pixels& pixels, FittedSize size
 }
 
 Imaging::About aboutPicture(const QString& path, bool upright) {
-  PictureSource source(path);
+  OpenedPicture file(path);
   Imaging::About about;
-  about.orientation = source.exif().orientation;
-  about.taken = source.exif().taken;
-  if (!source.fault().isEmpty())
-    about.error = source.fault();
-  else if (source.kind() == PictureKind::Jpeg)
-    aboutJpeg(source.jpeg(), about);
-  else if (source.kind() == PictureKind::Heif)
-    aboutHeif(source.pathBytes(), about);
+  about.orientation = file.exif().orientation;
+  about.taken = file.exif().taken;
+  if (!file.fault().isEmpty())
+    about.error = file.fault();
+  else if (file.kind() == PictureKind::Jpeg)
+    aboutJpeg(file.jpeg(), about);
+  else if (file.kind() == PictureKind::Heif)
+    aboutHeif(file.pathBytes(), about);
   else
-    aboutByQt(source, about);
+    aboutByQt(file, about);
   if (upright && QuarterTurn::toUpright(about.orientation).transposed)
     std::swap(about.width, about.height);
   return about;
 }
 
 Imaging::Loaded loadPicture(const QString& path, const Imaging::Reading& reading) {
-  PictureSource source(path);
-  if (!source.fault().isEmpty()) return failed(source.fault());
-  if (source.kind() == PictureKind::Heif) return loadHeif(source, reading);
-  if (source.kind() == PictureKind::Jpeg) return loadJpeg(source, reading);
-  return loadByQt(source, reading);
+  OpenedPicture file(path);
+  if (!file.fault().isEmpty()) return failed(file.fault());
+  if (file.kind() == PictureKind::Heif) return loadHeif(file, reading);
+  if (file.kind() == PictureKind::Jpeg) return loadJpeg(file, reading);
+  return loadByQt(file, reading);
 }
 
 }  // namespace korvane

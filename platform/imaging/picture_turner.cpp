@@ -6,8 +6,8 @@
 
 #include "platform/imaging/gif_writer.h"
 #include "platform/imaging/jpeg_codec.h"
+#include "platform/imaging/opened_picture.h"
 #include "platform/imaging/picture_reader.h"
-#include "platform/imaging/picture_source.h"
 #include "platform/imaging/qt_images.h"
 
 namespace korvane {
@@ -35,8 +35,8 @@ QByteArray written(const QImage& image, const QByteArray& format, bool exact, QS
   return {};
 }
 
-QByteArray turnByQt(PictureSource& source, QuarterTurn turn, QString* error) {
-  QtImage reader(source.device());
+QByteArray turnByQt(OpenedPicture& file, QuarterTurn turn, QString* error) {
+  QtImage reader(file.device());
   const QByteArray format = reader.format();
   reader.size();  // one that is too large is refused by now
   if (reader.hasMore()) {
@@ -49,9 +49,8 @@ QByteArray turnByQt(PictureSource& source, QuarterTurn turn, QString* error) {
     return {};
   }
   constexpr qsizetype kWebpHead = 64;
-  const bool exact = QByteArrayView(source.start())
-                         .first(std::min(kWebpHead, source.start().size()))
-                         .contains("VP8L");
+  const bool exact =
+      QByteArrayView(file.start()).first(std::min(kWebpHead, file.start().size())).contains("VP8L");
   return written(turnedImage(image, turn), format, exact, error);
 }
 
@@ -65,17 +64,17 @@ QByteArray turnIntoJpeg(const QString& path, int degrees, bool upright, QString*
   return pixels ? encodeJpeg(*pixels, kJpegQuality) : QByteArray();
 }
 
-QByteArray turnOpened(PictureSource& source, const QString& path, int degrees, bool keepKind,
+QByteArray turnOpened(OpenedPicture& file, const QString& path, int degrees, bool keepKind,
                       bool upright, QString* error) {
-  const auto stands = upright ? QuarterTurn::toUpright(source.exif().orientation) : QuarterTurn();
+  const auto stands = upright ? QuarterTurn::toUpright(file.exif().orientation) : QuarterTurn();
   const QuarterTurn turn = stands.then(QuarterTurn::clockwise(degrees));
-  switch (source.kind()) {
+  switch (file.kind()) {
     case PictureKind::Jpeg: {
-      if (tooLarge(source.jpeg().width, source.jpeg().height)) {
-        *error = tooLargeText(source.jpeg().width, source.jpeg().height);
+      if (tooLarge(file.jpeg().width, file.jpeg().height)) {
+        *error = tooLargeText(file.jpeg().width, file.jpeg().height);
         return {};
       }
-      const QByteArray bytes = source.whole();
+      const QByteArray bytes = file.whole();
       return bytes.isEmpty() ? QByteArray() : turnJpeg(bytes, turn, upright, error);
     }
     case PictureKind::Heif:
@@ -87,19 +86,19 @@ QByteArray turnOpened(PictureSource& source, const QString& path, int degrees, b
     case PictureKind::Other:
       break;
   }
-  return keepKind ? turnByQt(source, turn, error) : turnIntoJpeg(path, degrees, upright, error);
+  return keepKind ? turnByQt(file, turn, error) : turnIntoJpeg(path, degrees, upright, error);
 }
 
 }  // namespace
 
 QByteArray turnPicture(const QString& path, int degrees, bool keepKind, bool upright,
                        QString* error) {
-  PictureSource source(path);
-  QString fault = source.fault();
+  OpenedPicture file(path);
+  QString fault = file.fault();
   QByteArray made;
-  if (fault.isEmpty()) made = turnOpened(source, path, degrees, keepKind, upright, &fault);
+  if (fault.isEmpty()) made = turnOpened(file, path, degrees, keepKind, upright, &fault);
   if (!made.isEmpty()) return made;
-  if (fault.isEmpty()) fault = source.fault();
+  if (fault.isEmpty()) fault = file.fault();
   if (error) *error = fault.isEmpty() ? u"There is not enough memory for it."_s : fault;
   return {};
 }

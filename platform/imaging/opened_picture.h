@@ -10,10 +10,10 @@
 
 namespace korvane {
 
-class PictureSource {
+class OpenedPicture {
  public:
   // Only regular files are opened; the name may be any bytes (path_text.h).
-  explicit PictureSource(const QString& path);
+  explicit OpenedPicture(const QString& path);
 
   PictureKind kind() const { return kind_; }       // None with fault()
   const QString& fault() const { return fault_; }  // in words; empty when there was none
@@ -23,7 +23,7 @@ class PictureSource {
   const QByteArray& start() const { return start_; }
   // All of it. Empty with fault() when it cannot be read or is longer than kMostBytes.
   QByteArray whole();
-  // To read from the first byte on. Owned by the source; nothing of it is mapped, so that a card
+  // To read from the first byte on. Owned by this; nothing of it is mapped, so that a card
   // that is pulled out ends in an error and not in a signal.
   QIODevice& device();
 

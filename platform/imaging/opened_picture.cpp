@@ -1,4 +1,4 @@
-#include "platform/imaging/picture_source.h"
+#include "platform/imaging/opened_picture.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -58,7 +58,7 @@ bool isTiff(QByteArrayView start) {
 
 }  // namespace
 
-PictureSource::PictureSource(const QString& path) : path_(fromPath(FileSystem::slashed(path))) {
+OpenedPicture::OpenedPicture(const QString& path) : path_(fromPath(FileSystem::slashed(path))) {
   const int descriptor = openRegular(path_);
   if (descriptor < 0) {
     fault_ = wordsOf(errno);
@@ -75,7 +75,7 @@ PictureSource::PictureSource(const QString& path) : path_(fromPath(FileSystem::s
   if (isTiff(start_)) exif_ = readExif(whole());
 }
 
-void PictureSource::readJpegHead() {
+void OpenedPicture::readJpegHead() {
   jpeg_ = jpegHead(start_);
   if (jpeg_.cut && start_.size() == kStart) {
     start_ = read(kLongStart);
@@ -84,7 +84,7 @@ void PictureSource::readJpegHead() {
   exif_ = readExif(QByteArrayView(start_).sliced(jpeg_.exifAt, jpeg_.exifSize));
 }
 
-QByteArray PictureSource::read(qint64 limit) {
+QByteArray OpenedPicture::read(qint64 limit) {
   const qint64 count = std::min(limit, file_.size());
   QByteArray bytes(count, Qt::Uninitialized);
   qint64 have = 0, got = 0;
@@ -95,14 +95,14 @@ QByteArray PictureSource::read(qint64 limit) {
   return got < 0 ? QByteArray() : bytes;
 }
 
-QByteArray PictureSource::whole() {
+QByteArray OpenedPicture::whole() {
   if (file_.size() <= Imaging::kMostBytes) return read(Imaging::kMostBytes);
   fault_ =
       u"The file is longer than %1 MiB, more than is read here."_s.arg(Imaging::kMostBytes >> 20);
   return {};
 }
 
-QIODevice& PictureSource::device() {
+QIODevice& OpenedPicture::device() {
   const bool cursor = kind_ == PictureKind::AnimatedCursor;
   // The reader of TIFF would map a file.
   if (!copy_ && (cursor || isTiff(start_))) {
