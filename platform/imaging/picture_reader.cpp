@@ -69,9 +69,9 @@ Imaging::Loaded loadJpeg(OpenedPicture& file, const Imaging::Reading& reading) {
 }
 
 Imaging::Loaded loadHeif(OpenedPicture& file, Imaging::Reading reading) {
-  HeifFile file(file.pathBytes());
-  auto pixels = file.decode();
-  if (!pixels) return failed(file.fault());
+  HeifFile heif(file.pathBytes());
+  auto pixels = heif.decode();
+  if (!pixels) return failed(heif.fault());
   const Plan plan({pixels->width, pixels->height}, 1, reading);
   return plan.finish(std::move(pixels));
 }

@@ -34,7 +34,8 @@ void MovieStillsVlc::make(const QString& path, int width, int height,
                           std::function<void(const MovieStill&)> done) {
   if (!player_) {
     player_ = std::make_unique<VideoPlayerVlc>(
-        pump_, QStringList{u"--no-audio"_s, u"--no-spu"_s, u"--avcodec-threads=1"_s});
+        pump_, QStringList{u"--no-audio"_s, u"--no-spu"_s, u"--avcodec-threads=1"_s,
+                           u"--no-drop-late-frames"_s, u"--no-skip-frames"_s});
     player_->beNice();
     player_->setEvents(this);
     player_->picture().setEvents(this);
