@@ -39,10 +39,7 @@ CURLM* makeMulti() {
 class HttpCurl::Transfer {
  public:
   Transfer(const Request& request, const QUrl& url)
-      : request_(request),
-        url_(url.toEncoded()),
-        server_(shown(url.host())),
-        multi_(makeMulti()) {}
+      : request_(request), url_(url.toEncoded()), server_(shown(url.host())), multi_(makeMulti()) {}
 
   void run();
   void cancel() {
