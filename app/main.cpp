@@ -8,7 +8,7 @@
 #include "app/console.h"
 #include "app/home.h"
 #include "app/tools.h"
-#include "platform/disc/cd_drives_plain.h"
+#include "platform/disc/cd_drives_udisks.h"
 #include "platform/disc/disc_reader_cdio.h"
 #include "platform/disc/packet_drive_linux.h"
 #include "platform/disc/reading_drive.h"
@@ -72,7 +72,7 @@ int show(const CommandLine& line, const QString& home, DiskFileSystem& files, Qt
   PrintingQt printing;
   const auto reader = std::make_shared<DiscReaderCdio>();
   ReadingDrive disc(pump, player, reader);
-  CdRipperCdio ripper(pump, reader, std::make_unique<CdDrivesPlain>());
+  CdRipperCdio ripper(pump, reader, makeCdDrives(pump));
   PacketDriveLinux packets;
   ScreenSaverPower screenPower;
   LoginSession session;

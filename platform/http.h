@@ -13,7 +13,7 @@ class Http {
   struct Request {
     QString url;  // http or https
     QByteArray agent;
-    int seconds = 5;          // for all of it
+    double seconds = 5;       // for all of it
     int mostBytes = 1 << 20;  // a longer body is a failure
   };
   struct Answer {

@@ -4,11 +4,9 @@
 #include <unistd.h>
 
 #include <QCoreApplication>
-#include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusVirtualObject>
 #include <QElapsedTimer>
-#include <QProcess>
 
 #include "platform/files/home_lock.h"
 #include "platform/machine/login_session.h"
@@ -17,6 +15,7 @@
 #include "tests/fakes/fake_clock.h"
 #include "tests/fakes/print.h"
 #include "tests/fakes/temporary_home.h"
+#include "tests/platform/private_bus.h"
 
 namespace korvane {
 namespace {
@@ -67,20 +66,7 @@ class Service : public QDBusVirtualObject {
 
 class Bus : public testing::Test {
  protected:
-  void SetUp() override {
-    daemon.start(u"dbus-daemon"_s, {u"--session"_s, u"--nofork"_s, u"--print-address"_s});
-    ASSERT_TRUE(daemon.waitForReadyRead(10'000)) << "dbus-daemon must be installed";
-    address = QString::fromLatin1(daemon.readLine().trimmed());
-    server = QDBusConnection::connectToBus(address, u"server"_s);
-    ASSERT_TRUE(server.isConnected());
-  }
-  void TearDown() override {
-    QDBusConnection::disconnectFromBus(u"server"_s);
-    QDBusConnection::disconnectFromBus(u"client"_s);
-    daemon.kill();
-    daemon.waitForFinished();
-  }
-  QDBusConnection client() { return QDBusConnection::connectToBus(address, u"client"_s); }
+  QDBusConnection client() { return bus.connect(u"client"_s); }
   // Lets both ends run until the service has heard `calls`.
   bool hears(const QStringList& calls) {
     QElapsedTimer time;
@@ -89,10 +75,9 @@ class Bus : public testing::Test {
     return service.calls == calls;
   }
 
-  QProcess daemon;
-  QString address;
-  QDBusConnection server{u"none"_s};
   Service service;
+  PrivateBus bus;
+  QDBusConnection server = bus.connect(u"server"_s);
 };
 
 TEST_F(Bus, theScreenIsKeptOnAndGivenBack) {
