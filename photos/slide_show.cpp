@@ -20,7 +20,7 @@ SlideShow::SlideShow(Uses uses)
 void SlideShow::start(int row, const QString& directory, const QString& name) {
   uses_.pictures.SetupFiles(directory);
   PictureFiles& files = uses_.pictures.rsFiles;
-  restAds();
+  uses_.addTimer.rest(this, true);
   if (files.RecordCount() == 0 || uses_.state.currentTab != kPhotosTab) return;
   const bool touched = uses_.settings.flag(key::StartAtTouched);
   if (touched) {
@@ -50,19 +50,18 @@ void SlideShow::end() {
   area_.end();
   showPage(false);
   showTransport();
-  if (uses_.state.gAddsOn && !uses_.heard()) panel_.AddTimer->enabled = true;
+  uses_.addTimer.rest(this, false);
 }
 
 void SlideShow::leave() {
-  const bool ads = on() && uses_.state.gAddsOn && !uses_.heard();
   area_.end();
   panel_.picTransition->visible = false;
   uses_.main.showMode.reset();
-  if (ads) panel_.AddTimer->enabled = true;
+  uses_.addTimer.rest(this, false);
 }
 
-void SlideShow::restAds() {
-  if (uses_.state.gAddsOn) panel_.AddTimer->enabled = false;
+void SlideShow::listMoved(bool toRoot) {
+  uses_.addTimer.rest(this, toRoot && !uses_.settings.flag(key::IdleByTouch));
 }
 
 PlayMode SlideShow::mode() const {
