@@ -349,7 +349,7 @@ TEST_F(Ads, GoForAMessageAndForAMovieAndAtTheEnd) {
        [this] { console().desk.players.press(console().movies.transport, TransportButton::Play); }},
       {"the end, while an ad is read", [this] { console().desk.startup.closeit(); }}};
   for (const auto& [what, comes] : table) {
-    system().pump.holdBackground = &comes == &table[2].second;
+    system().pump.holdBackground = what == table[2].first;
     whenShown([&, comes = comes](Form& view) {
       comes();
       EXPECT_FALSE(view.shown());
@@ -361,6 +361,7 @@ TEST_F(Ads, GoForAMessageAndForAMovieAndAtTheEnd) {
   system().pump.holdBackground = false;
   start();
   system().pump.runBackground();
+  system().pump.settle();
   EXPECT_EQ(secondsToShow(), 4) << "what was read belongs to a console that is gone";
 }
 

@@ -60,6 +60,7 @@ class Killed : public testing::Test {
  protected:
   Killed() {
     home.put(u"Morvanta.INI"_s, "[Photos]\nKeepKind=YES\n");  // turned without loss
+    home.folder(u"album/thumbs"_s);
     std::vector<quint32> noise(size_t{kSide} * kSide);
     for (quint32 state = 1; quint32 & word : noise) word = 0xff000000 | (state = state * 69069 + 1);
     QByteArray bytes = codecs.jpeg(
