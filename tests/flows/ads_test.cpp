@@ -21,7 +21,6 @@ TEST(AdTimings, AreTheFirstLineWhenItIsANumberOfSeconds) {
                                               {"-3", 10},
                                               {"", 10},
                                               {"\n12", 10},
-                                              {"ten", 10},
                                               {"&H10", 16},
                                               {"0.2", 0},
                                               {"1e2", 100},

@@ -434,7 +434,6 @@ TEST_F(Photos, TheProgramMayEndWhilePicturesAndFoldersAreAwaited) {
     korvane::press(pic, u"imgExit"_s);
   });
   press(u"cmdPhotoSetup"_s);
-  EXPECT_TRUE(host->allDone());
   start();
   system().pump.runBackground();
   system().pump.settle();
@@ -444,7 +443,6 @@ TEST_F(Photos, TheProgramMayEndWhilePicturesAndFoldersAreAwaited) {
 // The folder of a show is read by the sheet too, while setup has another root already.
 TEST_F(Photos, TheSheetAndAnotherRootComeAmidAShow) {
   home.put(u"Other/Sea/s.jpg"_s, "x");
-  home.put(u"Other/o.jpg"_s, "x");
   open("PhotoSort=NAME\nStartAtTouched=YES\nShowFade=400\n");
   openAlps();
   touch(2);
@@ -458,11 +456,9 @@ TEST_F(Photos, TheSheetAndAnotherRootComeAmidAShow) {
     system().pump.runBackground();
     system().pump.settle();
     EXPECT_EQ(controlOf<Sheet>(pic, u"picSlide").cells().count(), 5);
-    EXPECT_FALSE(console().desk.screen.busy());
     korvane::press(pic, u"imgExit"_s);
   });
   console().desk.words.find(u"PICTUREEDIT"_s)->act();
-  EXPECT_TRUE(host->allDone());
   EXPECT_EQ(QDir(home / u"Photos/Alps/thumbs"_s).entryList(QDir::Files).size(), 5);
   EXPECT_TRUE(shown(u"PhotoList"_s) && !shown(u"picTransition"_s));
   EXPECT_EQ(names().size(), 6) << "thumbnails are no pictures of the list";
