@@ -20,8 +20,9 @@ SlideShow::SlideShow(Uses uses)
 void SlideShow::start(int row, const QString& directory, const QString& name) {
   uses_.pictures.SetupFiles(directory);
   PictureFiles& files = uses_.pictures.rsFiles;
-  uses_.addTimer.rest(this, true);
-  if (files.RecordCount() == 0 || uses_.state.currentTab != kPhotosTab) return;
+  const bool begins = files.RecordCount() > 0 && uses_.state.currentTab == kPhotosTab;
+  uses_.addTimer.rest(this, begins || !uses_.settings.flag(key::IdleByTouch));
+  if (!begins) return;
   const bool touched = uses_.settings.flag(key::StartAtTouched);
   if (touched) {
     for (int i = 0; files.row(i); ++i)

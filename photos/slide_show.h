@@ -50,9 +50,9 @@ class SlideShow : public Player {
   void picTransition_DblClick();    // Yields.
   void cmdMovieFullScreen_Click();  // while the show is on. Yields.
 
-  // The list went to another directory by a touch. Without key IdleByTouch, by which it is a touch
-  // like any other, coming back to the root keeps the idle seconds at rest until the list goes
-  // elsewhere, a show ends or the tab is left.
+  // The list went to another directory by a touch. Coming back to the root keeps the idle seconds
+  // at rest until the list goes elsewhere, a show ends or the tab is left, and so does a file
+  // without a picture beside it; by key IdleByTouch both are touches like any other.
   void listMoved(bool toRoot);
 
  private:
