@@ -13,7 +13,7 @@
 namespace korvane {
 namespace {
 
-constexpr QByteArrayView kBegin = "/.korvane-", kEnd = "~";
+constexpr char kBegin[] = ".korvane-", kEnd = '~';  // of a successor's name
 
 QByteArray directoryOf(const QByteArray& path) {
   const qsizetype slash = path.lastIndexOf('/');
@@ -54,7 +54,7 @@ void NewFile::open() {
   }
   static std::atomic<int> counter{0};
   for (int attempts = 0; attempts < 100 && file_ < 0; ++attempts) {
-    temporary_ = directoryOf(target_) + kBegin + QByteArray::number(::getpid()) + '-' +
+    temporary_ = directoryOf(target_) + '/' + kBegin + QByteArray::number(::getpid()) + '-' +
                  QByteArray::number(counter++) + kEnd;
     file_ =
         calls_.open(temporary_.constData(), O_WRONLY | O_CREAT | O_EXCL, replaces ? 0600 : 0666);
@@ -66,7 +66,7 @@ void NewFile::open() {
 }
 
 bool NewFile::isLeftover(QByteArrayView name) {
-  return name.startsWith(kBegin.sliced(1)) && name.endsWith(kEnd);
+  return name.startsWith(kBegin) && name.endsWith(kEnd);
 }
 
 bool NewFile::check(bool succeeded) {
