@@ -20,7 +20,7 @@
 namespace korvane {
 namespace {
 
-constexpr int kPictures = 6, kKills = 100, kSide = 192;
+constexpr int kPictures = 4, kKills = 100, kSide = 128;
 
 AlbumThumbs thumbsOf(const TemporaryHome& home, DiskFileSystem& disk, const PictureCodecs& codecs) {
   return {{disk, codecs, {}}, home / u"album/"_s, {.width = 60, .height = 60}, false};
@@ -78,8 +78,8 @@ class Killed : public testing::Test {
       names << QString::number(i) + u".jpg"_s;
       home.put(u"album/"_s + names.last(), bytes);
     }
-    // A round makes two thumbnails a picture and turns it; kills fall within two of them.
-    span = static_cast<unsigned>(3 * kPictures * saving.nsecsElapsed() / 1000 + 20'000);
+    // A round makes two thumbnails a picture and turns it; kills fall within it.
+    span = static_cast<unsigned>(2 * kPictures * saving.nsecsElapsed() / 1000 + 10'000);
   }
 
   // The files of the album, one letter each; "?" for one that is neither old nor new.
