@@ -3,6 +3,8 @@
 #include <sys/resource.h>
 
 #include <QCoreApplication>
+#include <QFile>
+#include <ctime>
 
 namespace korvane {
 namespace {
@@ -44,6 +46,19 @@ double fastest(int runs, const std::function<void()>& work) {
     best = std::min(best, static_cast<double>(timer.nsecsElapsed()) / 1e9);
   }
   return best;
+}
+
+double workedMs() {
+  timespec now{};
+  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+  return static_cast<double>(now.tv_sec) * 1e3 + static_cast<double>(now.tv_nsec) / 1e6;
+}
+
+int residentKib() {
+  QFile status(u"/proc/self/status"_s);
+  if (!status.open(QIODevice::ReadOnly)) return 0;
+  const QByteArray text = status.readAll();
+  return text.mid(text.indexOf("VmRSS:") + 6).simplified().split(' ').value(0).toInt();
 }
 
 Json& Json::field(const char* name, const QByteArray& value) {

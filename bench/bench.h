@@ -21,6 +21,11 @@ double fastest(int runs, const std::function<void()>& work);
 // Seconds of the one in the middle.
 double median(int runs, const std::function<void()>& work);
 
+// What this thread has worked, in ms: others of a busy machine do not count.
+double workedMs();
+// Memory of this process that is in RAM now.
+int residentKib();
+
 // One line of JSON, built field by field.
 class Json {
  public:

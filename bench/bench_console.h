@@ -21,16 +21,17 @@ class StillPump : public QtPump {
   bool still = false;
 };
 
-// In place of the fakes, where a mode measures the real ones. `stills` is not owned.
-struct BenchMovies {
-  std::function<std::unique_ptr<VideoPlayer>(Pump&)> makeVideo;
+// In place of the fakes, where a mode measures the real ones. The pointers are not owned.
+struct BenchDoors {
+  std::function<std::unique_ptr<VideoPlayer>(Pump&)> makeVideo{};
   MovieStills* stills = nullptr;
+  Imaging* imaging = nullptr;
 };
 
 struct BenchConsole {
   BenchConsole(const QString& home, std::function<std::unique_ptr<Winsock>()> makeWinsock,
-               const BenchMovies& movies = {})
-      : video(movies.makeVideo ? movies.makeVideo(pump) : nullptr),
+               const BenchDoors& doors = {})
+      : video(doors.makeVideo ? doors.makeVideo(pump) : nullptr),
         system{pump,
                fakes.clock,
                fakes.chance,
@@ -38,11 +39,13 @@ struct BenchConsole {
                player,
                video ? *video : fakes.video,
                fakes.dvd,
-               movies.stills ? *movies.stills : fakes.stills,
-               fakes.imaging,
+               doors.stills ? *doors.stills : fakes.stills,
+               doors.imaging ? *doors.imaging : fakes.imaging,
                fakes.printing,
                fakes.trash,
                fakes.disc,
+               fakes.ripper,
+               fakes.packets,
                fakes.screenPower,
                fakes.session,
                fakes.mixer,
@@ -51,7 +54,9 @@ struct BenchConsole {
                fakes.programs,
                fakes.instance,
                fakes.network,
-               std::move(makeWinsock)},
+               fakes.http,
+               std::move(makeWinsock),
+               {}},
         console(
             system,
             [this](Graphics& graphics) {

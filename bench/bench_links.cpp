@@ -178,13 +178,6 @@ int openFiles() {
       QDir(u"/proc/self/fd"_s).entryList(QDir::AllEntries | QDir::System).size());
 }
 
-double residentKib() {
-  QFile file(u"/proc/self/statm"_s);
-  return file.open(QIODevice::ReadOnly) ? file.readAll().split(' ').value(1).toDouble() *
-                                              static_cast<double>(sysconf(_SC_PAGESIZE)) / 1024
-                                        : 0;
-}
-
 }  // namespace
 
 int benchLinks(const QStringList& arguments) {
@@ -199,7 +192,7 @@ int benchLinks(const QStringList& arguments) {
   bool right = !times.empty();
   for (int i = 0; i < kWarm; ++i) right = links.loseOne(i % 2) && right;
   const int files = openFiles();
-  const double kib = residentKib();
+  const int kib = residentKib();
   for (int i = 0; i < kLosses; ++i) right = links.loseOne(i % 2) && right;
   if (times.empty()) times = {0};
   std::sort(times.begin(), times.end());

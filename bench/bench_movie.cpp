@@ -34,13 +34,6 @@ double part(std::vector<double> all, double share) {  // 0.5 is the median
   return all[static_cast<size_t>(share * static_cast<double>(all.size() - 1))];
 }
 
-int residentKib() {
-  QFile status(u"/proc/self/status"_s);
-  if (!status.open(QIODevice::ReadOnly)) return 0;
-  const QByteArray text = status.readAll();
-  return text.mid(text.indexOf("VmRSS:") + 6).simplified().split(' ').value(0).toInt();
-}
-
 // libVLC's player without anything of ours.
 class Bare {
  public:

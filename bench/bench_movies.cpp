@@ -5,7 +5,6 @@
 #include <QFile>
 #include <QImage>
 #include <QTemporaryDir>
-#include <ctime>
 
 #include "bench/bench.h"
 #include "bench/bench_console.h"
@@ -54,13 +53,6 @@ bool makeFiles(const QString& root) {
   return true;
 }
 
-// What this thread has worked, in ms: others of a busy machine do not count.
-double worked() {
-  timespec now{};
-  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
-  return static_cast<double>(now.tv_sec) * 1e3 + static_cast<double>(now.tv_nsec) / 1e6;
-}
-
 // Ends with the rows of the list painted.
 double openedMs(BenchConsole& bench, const Grid& list) {
   QElapsedTimer timer;
@@ -81,16 +73,16 @@ Drag drag(BenchConsole& bench, const Grid& list) {
   auto& slider = dynamic_cast<Slider&>(*bench.console.desk.frmMain.find(u"VscrollAllSongs"));
   Drag drag;
   for (int frame = 1; frame <= kFrames; ++frame) {
-    const double before = worked();
+    const double before = workedMs();
     slider.value = 1 + (list.maxRows() - 1) * frame / kFrames;
     bench.console.desk.paging.VscrollAllSongs_Scroll();
     bench.console.desk.paging.VscrollAllSongs_Change();
     bench.window->stage().repaint();
-    double since = worked();
+    double since = workedMs();
     drag.sum += since - before;
     drag.longest = std::max(drag.longest, since - before);
     bench.pump.wait(kFrameMs, [&] {
-      drag.turn = std::max(drag.turn, worked() - std::exchange(since, worked()));
+      drag.turn = std::max(drag.turn, workedMs() - std::exchange(since, workedMs()));
       return false;
     });
   }
@@ -105,7 +97,8 @@ int benchMovies(const QStringList& arguments) {
   if (!makeFiles(files.path())) return 1;
   qputenv("XDG_CACHE_HOME", (files.path() + u"/cache"_s).toLocal8Bit());
   ReadyStills stills;
-  BenchConsole bench(arguments[0], [] { return std::make_unique<FakeWinsock>(); }, {{}, &stills});
+  BenchConsole bench(arguments[0], [] { return std::make_unique<FakeWinsock>(); },
+                     {.stills = &stills});
   Console& console = bench.console;
   if (!console.SubMain()) return 1;
   bench.window->modalOpened = [&](Form& box) {
@@ -118,8 +111,8 @@ int benchMovies(const QStringList& arguments) {
   bench.pump.still = true;
   auto& list = dynamic_cast<Grid&>(*console.desk.frmMain.find(u"MovieList"));
   Json json("movies");
-  const double before = worked();
-  json.add("opened_first_ms", openedMs(bench, list)).add("opened_work_ms", worked() - before);
+  const double before = workedMs();
+  json.add("opened_first_ms", openedMs(bench, list)).add("opened_work_ms", workedMs() - before);
   double most = 0;
   for (int visit = 0; visit < 5; ++visit) {
     console.desk.tabs.imgTabs_Click(kMusicTab);

@@ -10,6 +10,7 @@
 #include <thread>
 
 #include "bench/bench.h"
+#include "bench/made_album.h"
 #include "platform/files/disk_file_system.h"
 #include "platform/imaging/picture_codecs.h"
 
@@ -17,48 +18,6 @@ namespace korvane {
 namespace {
 
 constexpr double kAim = 1.2;  // times the bare work
-constexpr int kDistinct = 8;  // pictures; the files of a folder are those by turns
-
-// Waves and grain, which take about as many bits as a photograph.
-QByteArray photograph(int width, int height, int number) {
-  std::vector<quint32> words(static_cast<size_t>(width) * static_cast<size_t>(height));
-  quint32 grain = static_cast<quint32>(number) + 1;
-  for (int y = 0; y < height; ++y)
-    for (int x = 0; x < width; ++x) {
-      grain = grain * 1664525 + 1013904223;
-      const auto wave = [&](int by) {
-        const double value = std::sin((x + number * 97) / (30.0 + by)) * std::cos(y / (40.0 + by));
-        return static_cast<quint32>(110 + 90 * value + (grain >> 28));
-      };
-      words[static_cast<size_t>(y) * static_cast<size_t>(width) + static_cast<size_t>(x)] =
-          0xff000000 | wave(0) << 16 | wave(17) << 8 | wave(41);
-    }
-  const Pixels pixels{width, height, width * 4, reinterpret_cast<uchar*>(words.data()), true, {}};
-  return PictureCodecs().jpeg(pixels, 85);
-}
-
-// A folder of JPEG files, which take the room of kDistinct.
-class Album {
- public:
-  Album(int count, int width, int height) {
-    for (int i = 0; i < count; ++i) {
-      paths_.push_back(folder_.filePath(u"%1.jpg"_s.arg(i)));
-      if (i < kDistinct)
-        save(paths_.back(), photograph(width, height, i));
-      else if (::link(paths_[i % kDistinct].toUtf8(), paths_.back().toUtf8()) != 0)
-        std::abort();
-    }
-  }
-  const QStringList& paths() const { return paths_; }
-  static void save(const QString& path, const QByteArray& bytes) {
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) std::abort();
-  }
-
- private:
-  QTemporaryDir folder_;
-  QStringList paths_;
-};
 
 QByteArray readWhole(const QString& path) {
   QFile file(path);
@@ -129,7 +88,7 @@ int report(Json json, double ours, double bare, bool right) {
 
 int benchThumbs(const QStringList&) {
   constexpr int kPictures = 200, kSide = 120, kQuality = 60, kRuns = 3;
-  const Album album(kPictures, 4000, 3000);
+  const MadeAlbum album(kPictures, 4000, 3000);
   const PictureCodecs imaging;
   std::atomic<bool> right = true;
   double ours = 1e9, bare = 1e9;
@@ -152,14 +111,14 @@ int benchThumbs(const QStringList&) {
 
 int benchTurns(const QStringList&) {
   constexpr int kPictures = 50, kRuns = 3;
-  const Album album(kDistinct, 4032, 3024);
+  const MadeAlbum album(MadeAlbum::kDistinct, 4032, 3024);
   std::vector<QByteArray> files;
   for (const QString& path : album.paths()) files.push_back(readWhole(path));
   const QTemporaryDir folder;
   QStringList paths;
   for (int i = 0; i < kPictures; ++i) {
     paths.push_back(folder.filePath(u"%1.jpg"_s.arg(i)));
-    Album::save(paths.back(), files[static_cast<size_t>(i) % files.size()]);
+    MadeAlbum::save(paths.back(), files[static_cast<size_t>(i) % files.size()]);
   }
   const PictureCodecs imaging;
   DiskFileSystem disk;
@@ -181,7 +140,7 @@ int benchTurns(const QStringList&) {
 
 int benchShowPicture(const QStringList&) {
   constexpr int kRuns = 9;
-  const Album album(1, 6000, 4000);
+  const MadeAlbum album(1, 6000, 4000);
   const PictureCodecs imaging;
   const QString& path = album.paths().front();
   bool right = true;

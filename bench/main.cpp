@@ -39,6 +39,8 @@ constexpr Mode kModes[] = {
     {"thumbs", "", korvane::benchThumbs},
     {"turns", "", korvane::benchTurns},
     {"showpicture", "", korvane::benchShowPicture},
+    {"sheet", "HOME", korvane::benchSheet},
+    {"show", "HOME", korvane::benchShow},
 };
 
 int usage() {

@@ -82,9 +82,9 @@ void PhotoAlbum::PhotoList_Click(int row) {
 
 // Whoever has come out of the tree is back at its root.
 void PhotoAlbum::goTo(const QString& target) {
-  if (!target.isEmpty() && !isRoot(target))
-    return list({.directory = target, .files = true, .up = true});
-  cameToRoot();
+  const bool toRoot = target.isEmpty() || isRoot(target);
+  moved(toRoot);
+  if (!toRoot) return list({.directory = target, .files = true, .up = true});
   list({.directory = withoutSeparator(root_), .files = true, .row = photoTopRow_});
 }
 

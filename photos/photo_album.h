@@ -42,8 +42,8 @@ class PhotoAlbum {
   const QString& directory() const { return look_.directory; }  // that is shown; no '/' at its end
 
   std::function<void(int row, const QString& name)> fileTouched = [](int, const QString&) {};
-  std::function<void()> filled = [] {};      // there are other rows
-  std::function<void()> cameToRoot = [] {};  // by a touch
+  std::function<void()> filled = [] {};           // there are other rows
+  std::function<void(bool)> moved = [](bool) {};  // by a touch, to the root or elsewhere
 
  private:
   struct Look {

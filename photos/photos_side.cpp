@@ -18,7 +18,7 @@ PhotosSide::PhotosSide(Desk& d)
              controlOf<Grid>(d.frmMain, u"PhotoList"),
              controlOf<Timer>(d.frmMain, u"PhotoListTimer")}),
       show({d.main, d.state, d.settings, d.palette, d.paging, d.awake, d.dialogs, d.system, d.log,
-            pictures, [&d] { return d.players.heard() != nullptr; }}),
+            pictures, d.addTimer}),
       tab({d.parts, d.system, d.awake, album, show}),
       printer({d.dialogs, d.system.printing, d.system.imaging, pictures, d.settings, d.screen,
                d.system.pump, d.log}),
@@ -45,7 +45,7 @@ void PhotosSide::connectList(Desk& desk) {
   album.filled = [this, &desk, &list] {
     if (desk.tabs.open(kPhotosTab) && !show.on()) desk.paging.show(list);
   };
-  album.cameToRoot = [this] { show.restAds(); };
+  album.moved = [this](bool toRoot) { show.listMoved(toRoot); };
   album.fileTouched = [this](int row, const QString& name) {
     show.start(row, album.directory(), name);
   };
@@ -105,6 +105,7 @@ void PhotosSide::chooseDirectory(Desk& desk) {
     return error;
   };
   if (!desk.chooser.open(request)) return;
+  if (show.on()) show.end();  // it has no pictures any more
   pictures.PhotoPath();
   pictures.rsFiles = {};
   album.forget();

@@ -20,8 +20,9 @@ SlideShow::SlideShow(Uses uses)
 void SlideShow::start(int row, const QString& directory, const QString& name) {
   uses_.pictures.SetupFiles(directory);
   PictureFiles& files = uses_.pictures.rsFiles;
-  restAds();
-  if (files.RecordCount() == 0 || uses_.state.currentTab != kPhotosTab) return;
+  const bool begins = files.RecordCount() > 0 && uses_.state.currentTab == kPhotosTab;
+  uses_.addTimer.rest(this, begins || !uses_.settings.flag(key::IdleByTouch));
+  if (!begins) return;
   const bool touched = uses_.settings.flag(key::StartAtTouched);
   if (touched) {
     for (int i = 0; files.row(i); ++i)
@@ -50,19 +51,18 @@ void SlideShow::end() {
   area_.end();
   showPage(false);
   showTransport();
-  if (uses_.state.gAddsOn && !uses_.heard()) panel_.AddTimer->enabled = true;
+  uses_.addTimer.rest(this, false);
 }
 
 void SlideShow::leave() {
-  const bool ads = on() && uses_.state.gAddsOn && !uses_.heard();
   area_.end();
   panel_.picTransition->visible = false;
   uses_.main.showMode.reset();
-  if (ads) panel_.AddTimer->enabled = true;
+  uses_.addTimer.rest(this, false);
 }
 
-void SlideShow::restAds() {
-  if (uses_.state.gAddsOn) panel_.AddTimer->enabled = false;
+void SlideShow::listMoved(bool toRoot) {
+  uses_.addTimer.rest(this, toRoot && !uses_.settings.flag(key::IdleByTouch));
 }
 
 PlayMode SlideShow::mode() const {

@@ -2,6 +2,7 @@
 // It plays beside the music; while it is on, the transport's buttons of this tab are its own.
 #pragma once
 
+#include "core/add_timer.h"
 #include "core/dialog.h"
 #include "core/keep_awake.h"
 #include "core/paging.h"
@@ -24,7 +25,7 @@ class SlideShow : public Player {
     System& system;
     Log& log;
     clsPicture& pictures;
-    std::function<bool()> heard;  // whether music or a movie is
+    AddTimer& addTimer;  // rests from the touch that begins a show until the show ends
   };
   explicit SlideShow(Uses uses);
 
@@ -49,7 +50,10 @@ class SlideShow : public Player {
   void picTransition_DblClick();    // Yields.
   void cmdMovieFullScreen_Click();  // while the show is on. Yields.
 
-  void restAds();  // no ads from now on, where there are any
+  // The list went to another directory by a touch. Coming back to the root keeps the idle seconds
+  // at rest until the list goes elsewhere, a show ends or the tab is left, and so does a file
+  // without a picture beside it; by key IdleByTouch both are touches like any other.
+  void listMoved(bool toRoot);
 
  private:
   struct Panel : FormPanel {
@@ -60,7 +64,6 @@ class SlideShow : public Player {
     Slider* scrollDelay = bind("scrollDelay");
     Label* lblDelay = bind("lblDelay");
     Timer* pictimer = bind("pictimer");
-    Timer* AddTimer = bind("AddTimer");
   };
 
   void showPage(bool pictures);

@@ -185,9 +185,8 @@ void Thumbnails::end() {
   uses_.ended();
   if (notSaved_ == 0) return;
   uses_.messages.say(
-      u"%1 thumbnails cannot be kept. %2 They are shown all the same, and Force creation makes "
-      u"them "
-      "again."_s.arg(QString::number(std::exchange(notSaved_, 0)), saveError_));
+      u"%1 cannot be kept. %2 What was made is shown all the same, and Force creation makes it "
+      "again."_s.arg(counted(std::exchange(notSaved_, 0), u"thumbnail"_s), saveError_));
 }
 
 }  // namespace korvane

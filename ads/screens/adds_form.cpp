@@ -3,32 +3,35 @@
 namespace korvane {
 namespace {
 
-constexpr InventoryRow row(const char* name, Kind kind, Rect rect, const char* text,
-                           Look look = {}) {
+constexpr unsigned TLR = Left | Top | Right, TR = Top | Right, BR = Bottom | Right;
+
+constexpr InventoryRow row(const char* name, Kind kind, Rect rect, unsigned anchors,
+                           const char* text, Look look = {}) {
   look.caption = kind == Kind::Slider ? "" : text;
-  return {name, -1, kind, rect, Left | Top, text, "", true, look};
+  return {name, -1, kind, rect, anchors, text, "", true, look};
 }
 
 constexpr Look kValue{.text = 32, .align = 1, .bold = true};
 constexpr Look kHint{.text = 28};
 
 constexpr InventoryRow kRows[] = {
-    row("lblTitle", Kind::Label, {24, 16, 860, 64}, "Adds Maintenance", {.text = 44, .bold = true}),
-    row("chkaddson", Kind::Check, {24, 92, 1232, 96}, "Enable ads/Screen saver"),
-    row("Label1", Kind::Label, {24, 200, 900, 48}, "Seconds before ad begins", {.text = 32}),
-    row("lblSeconds", Kind::Label, {956, 200, 300, 48}, "", kValue),
-    row("seconds", Kind::Slider, {24, 248, 1232, 88}, "Seconds before ad begins"),
-    row("Label2", Kind::Label, {24, 344, 900, 48}, "Seconds between each ad", {.text = 32}),
-    row("lblBetween", Kind::Label, {956, 344, 300, 48}, "", kValue),
-    row("between", Kind::Slider, {24, 392, 1232, 88}, "Seconds between each ad"),
-    row("Label3", Kind::Label, {24, 496, 1232, 44},
+    row("lblTitle", Kind::Label, {24, 16, 860, 64}, TLR, "Adds Maintenance",
+        {.text = 44, .bold = true}),
+    row("chkaddson", Kind::Check, {24, 92, 1232, 96}, TLR, "Enable ads/Screen saver"),
+    row("Label1", Kind::Label, {24, 200, 900, 48}, TLR, "Seconds before ad begins", {.text = 32}),
+    row("lblSeconds", Kind::Label, {956, 200, 300, 48}, TR, "", kValue),
+    row("seconds", Kind::Slider, {24, 248, 1232, 88}, TLR, "Seconds before ad begins"),
+    row("Label2", Kind::Label, {24, 344, 900, 48}, TLR, "Seconds between each ad", {.text = 32}),
+    row("lblBetween", Kind::Label, {956, 344, 300, 48}, TR, "", kValue),
+    row("between", Kind::Slider, {24, 392, 1232, 88}, TLR, "Seconds between each ad"),
+    row("Label3", Kind::Label, {24, 496, 1232, 44}, TLR,
         "Files with  .tim can contain individual durations.    (ex: ad1.tim)", kHint),
-    row("Label4", Kind::Label, {24, 540, 1232, 44},
+    row("Label4", Kind::Label, {24, 540, 1232, 44}, TLR,
         "Only  jpg files will be recognized     (ex: ad1.jpg)", kHint),
-    row("Label5", Kind::Label, {24, 584, 1232, 44}, "Ads will be displayed in alphanumerica order",
-        kHint),
-    row("lblpath", Kind::Label, {24, 636, 800, 116}, "", {.text = 28, .wraps = true}),
-    row("cmdok", Kind::Button, {856, 656, 400, 96}, "OK", {.accent = true}),
+    row("Label5", Kind::Label, {24, 584, 1232, 44}, TLR,
+        "Ads will be displayed in alphanumerica order", kHint),
+    row("lblpath", Kind::Label, {24, 636, 800, 116}, Left | BR, "", {.text = 28, .wraps = true}),
+    row("cmdok", Kind::Button, {856, 656, 400, 96}, BR, "OK", {.accent = true}),
 };
 
 constexpr int kLongestStart = 360, kLongestBetween = 60;  // seconds

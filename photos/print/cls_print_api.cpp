@@ -9,7 +9,7 @@ constexpr int kMostCopies = 99;
 constexpr int kPreviewPixels = 1000;  // of its longer side
 
 QString millimetres(double length) {
-  return QString::number(length, 'f', 1);
+  return QString::number(std::round(10 * length) / 10);
 }
 
 // From 1; the first one where nothing has that name.
@@ -36,7 +36,7 @@ struct clsPrintApi::Drawing {
 clsPrintApi::clsPrintApi(Uses uses)
     : Dialog(uses.dialog, u"frmPrint"_s, printInventory()), uses_(uses), panel_(form_) {
   panel_.gridPrinters->columns = {{u"Printer"_s}};
-  panel_.gridPapers->columns = {{u"Paper"_s, 52}, {u"mm"_s, 48}};
+  panel_.gridPapers->columns = {{u"Paper"_s, 54}, {u"mm"_s, 46}};
   panel_.picPreview->rounded = false;
   const auto onRow = [this](QStringView grid, void (clsPrintApi::*clicked)(int)) {
     form_.on(grid, Event::Click, [this, clicked](Control&, const Event& event) {

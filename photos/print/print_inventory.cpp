@@ -3,51 +3,37 @@
 namespace korvane {
 namespace {
 
-constexpr unsigned TL = Left | Top;
-constexpr Kind kButton = Kind::Button, kLabel = Kind::Label;
+constexpr unsigned TL = Left | Top, TLB = TL | Bottom, TLR = TL | Right, All = TLR | Bottom;
+constexpr unsigned BL = Left | Bottom, BR = Right | Bottom, BLR = BL | Right;
 
-constexpr Look kTitle{.caption = "Print", .text = 44, .bold = true};
-constexpr Look kSmall{.align = 0, .wraps = true};
-constexpr Look kNumber{.text = 36, .align = 0, .bold = true};
+constexpr InventoryRow row(const char* name, Kind kind, Rect rect, unsigned anchors,
+                           const char* spoken, Look look = {}) {
+  return {name, -1, kind, rect, anchors, spoken, "", true, look};
+}
+constexpr InventoryRow button(const char* name, Rect rect, unsigned anchors, const char* spoken,
+                              Look look = {}) {
+  return row(name, Kind::Button, rect, anchors, spoken, look);
+}
+constexpr InventoryRow label(const char* name, Rect rect, unsigned anchors, const char* spoken,
+                             Look look) {
+  return row(name, Kind::Label, rect, anchors, spoken, look);
+}
 
 constexpr InventoryRow kPrint[] = {
-    {"lblTitle", -1, kLabel, {24, 12, 1232, 64}, TL, "Print", "", true, kTitle},
-    {"gridPrinters", -1, Kind::Grid, {24, 88, 356, 464}, TL, "Printers"},
-    {"gridPapers", -1, Kind::Grid, {396, 88, 396, 464}, TL, "Paper sizes"},
-    {"picPreview", -1, Kind::PictureArea, {808, 88, 448, 464}, TL, "The page"},
-    {"lblMeasures", -1, kLabel, {808, 560, 448, 88}, TL, "Measures", "", true, kSmall},
-    {"lblCopiesTitle", -1, kLabel, {24, 564, 112, 80}, TL, "", "", true, {.caption = "Copies"}},
-    {"cmdFewer",
-     -1,
-     kButton,
-     {140, 564, 80, 80},
-     TL,
-     "Fewer copies",
-     "",
-     true,
-     {.caption = "\u2212"}},
-    {"lblCopies", -1, kLabel, {220, 564, 80, 80}, TL, "Copies", "", true, kNumber},
-    {"cmdMore", -1, kButton, {300, 564, 80, 80}, TL, "More copies", "", true, {.caption = "+"}},
-    {"cmdTurn", -1, kButton, {396, 564, 396, 80}, TL, "How the paper lies"},
-    {"lblStatus", -1, kLabel, {24, 660, 624, 96}, TL, "Status", "", true, {.wraps = true}},
-    {"cmdCancel",
-     -1,
-     kButton,
-     {664, 664, 288, 88},
-     TL,
-     "Cancel",
-     "",
-     true,
-     {.caption = "Cancel", .cancels = true}},
-    {"cmdok",
-     -1,
-     kButton,
-     {968, 664, 288, 88},
-     TL,
-     "Print",
-     "",
-     true,
-     {.caption = "Print", .accent = true}},
+    label("lblTitle", {24, 12, 1232, 64}, TLR, "Print",
+          {.caption = "Print", .text = 44, .bold = true}),
+    row("gridPrinters", Kind::Grid, {24, 88, 316, 464}, TLB, "Printers"),
+    row("gridPapers", Kind::Grid, {356, 88, 468, 464}, TLB, "Paper sizes"),
+    row("picPreview", Kind::PictureArea, {840, 88, 416, 464}, All, "The page"),
+    label("lblMeasures", {840, 560, 416, 88}, BLR, "Measures", {.align = 0, .wraps = true}),
+    label("lblCopiesTitle", {24, 564, 96, 80}, BL, "", {.caption = "Copies"}),
+    button("cmdFewer", {124, 564, 72, 80}, BL, "Fewer copies", {.caption = "\u2212"}),
+    label("lblCopies", {196, 564, 72, 80}, BL, "Copies", {.text = 36, .align = 0, .bold = true}),
+    button("cmdMore", {268, 564, 72, 80}, BL, "More copies", {.caption = "+"}),
+    button("cmdTurn", {356, 564, 468, 80}, BL, "How the paper lies"),
+    label("lblStatus", {24, 660, 624, 96}, BLR, "Status", {.wraps = true}),
+    button("cmdCancel", {664, 664, 288, 88}, BR, "Cancel", {.caption = "Cancel", .cancels = true}),
+    button("cmdok", {968, 664, 288, 88}, BR, "Print", {.caption = "Print", .accent = true}),
 };
 
 }  // namespace

@@ -43,7 +43,7 @@ void PictureActions::Rotate(int angle) {
     };
   };
   forChosen(
-      u"Rotating "_s, turn, [this] { end(u"%1 pictures could not be turned. %2"_s); }, true);
+      u"Rotating "_s, turn, [this] { end(u"%1 could not be turned. %2"_s); }, true);
 }
 
 PictureActions::Removed PictureActions::putInTrash(Trash& trash, const FileSystem& files,
@@ -90,7 +90,7 @@ void PictureActions::mnuDeleted() {
   forChosen(
       u"Deleting "_s, remove,
       [this] {
-        end(u"%1 pictures could not be deleted. %2"_s);
+        end(u"%1 could not be deleted. %2"_s);
         if (!gone_.empty()) uses_.trashed();
       },
       false);
@@ -110,7 +110,7 @@ void PictureActions::takeBack() {
       return [this, one, done, error] { broughtBack(one, done, error); };
     };
   };
-  job.end = [this](bool) { end(u"%1 pictures stay in the trash. %2"_s); };
+  job.end = [this](bool) { end(u"%1 could not be taken back. %2"_s); };
   pass_.run(std::move(job));
 }
 
@@ -157,7 +157,7 @@ void PictureActions::copyTo(const QString& folder) {
   };
   const auto copied = [this] {
     uses_.foldersChanged();
-    end(u"%1 pictures could not be copied. %2"_s);
+    end(u"%1 could not be copied. %2"_s);
   };
   forChosen({}, copy, copied, false);
 }
@@ -170,8 +170,9 @@ void PictureActions::failed(const QString& path, const QString& error) {
 
 void PictureActions::end(const QString& failure) {
   uses_.work.end();
+  uses_.ended();
   if (const int failures = std::exchange(failures_, 0); failures > 0)
-    uses_.messages.say(failure.arg(QString::number(failures), error_));
+    uses_.messages.say(failure.arg(counted(failures, u"picture"_s), error_));
 }
 
 void PictureActions::drop() {

@@ -23,6 +23,7 @@ class PictureActions {
     const Thumbnails& thumbnails;
     std::function<void()> foldersChanged;
     std::function<void()> trashed;  // takeBack() has something to do
+    std::function<void()> ended;    // of each work
   };
   explicit PictureActions(Uses uses) : uses_(std::move(uses)), pass_(uses_.pump) {}
 

@@ -2,6 +2,10 @@
 
 namespace korvane {
 
+QString counted(int count, const QString& what) {
+  return QString::number(count) + u' ' + what + (count == 1 ? QString() : u"s"_s);
+}
+
 SheetWork::SheetWork(Form& form, Screen& screen) : screen_(screen), panel_(form) {
   panel_.cmdStop->enabled = false;
   form.on(u"cmdStop", Event::Click, [this](Control&, const Event&) {

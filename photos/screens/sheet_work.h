@@ -9,6 +9,9 @@
 
 namespace korvane {
 
+// "1 picture", "2 pictures".
+QString counted(int count, const QString& what);
+
 class SheetWork {
  public:
   SheetWork(Form& form, Screen& screen);  // both outlive it

@@ -6,35 +6,38 @@ namespace {
 constexpr unsigned TR = Right | Top, BR = Right | Bottom;
 constexpr unsigned BLR = Left | Right | Bottom, All = Left | TR | Bottom;
 
+constexpr InventoryRow row(const char* container, const char* name, Kind kind, Rect rect,
+                           unsigned anchors, const char* spoken, Look look = {}) {
+  return {name, -1, kind, rect, anchors, spoken, container, true, look};
+}
+constexpr InventoryRow hidden(InventoryRow made) {
+  made.visible = false;
+  return made;
+}
+constexpr InventoryRow label(const char* name, Rect rect, unsigned anchors, const char* spoken) {
+  return row("", name, Kind::Label, rect, anchors, spoken, {.text = 28, .align = 0});
+}
 // In two columns on the right.
 constexpr InventoryRow tool(int place, const char* name, const char* caption, const char* spoken,
-                            int index = -1) {
-  Look look{.caption = caption, .text = 26};
-  if (std::string_view(name) == "imgExit") look.accent = look.cancels = true;
-  return {name, index,  Kind::Button, {972 + place % 2 * 152, 12 + place / 2 * 80, 144, 72},
-          TR,   spoken, "",           true,
-          look};
+                            Look look = {}) {
+  look.caption = caption;
+  look.text = 26;
+  return row("", name, Kind::Button, {972 + place % 2 * 152, 12 + place / 2 * 80, 144, 72}, TR,
+             spoken, look);
 }
-constexpr InventoryRow label(const char* name, Rect rect, unsigned anchors, const char* spoken,
-                             const char* container = "") {
-  return {name, -1, Kind::Label, rect, anchors, spoken, container, true, {.text = 28, .align = 0}};
+constexpr InventoryRow memberOf(InventoryRow made, int index) {
+  made.index = index;
+  return made;
 }
 
 constexpr InventoryRow kRows[] = {
-    {"frame", -1, Kind::Frame, {12, 12, 948, 664}, All, "Picture"},
-    {"picBig", -1, Kind::PictureArea, {0, 0, 948, 664}, All, "Picture", "frame"},
-    {"lblMessage",
-     -1,
-     Kind::Label,
-     {40, 232, 868, 200},
-     All,
-     "Message",
-     "frame",
-     false,
-     {.text = 32, .align = 0, .wraps = true}},
-    {"scrollZoom", -1, Kind::Slider, {12, 684, 560, 72}, Left | Bottom, "Zoom"},
+    row("", "frame", Kind::Frame, {12, 12, 948, 664}, All, "Picture"),
+    row("frame", "picBig", Kind::PictureArea, {0, 0, 948, 664}, All, "Picture"),
+    hidden(row("frame", "lblMessage", Kind::Label, {40, 232, 868, 200}, All, "Message",
+               {.text = 32, .align = 0, .wraps = true})),
+    row("", "scrollZoom", Kind::Slider, {12, 684, 560, 72}, Left | Bottom, "Zoom"),
     label("lblName", {588, 684, 372, 72}, BLR, "Name"),
-    {"picProgress", -1, Kind::Progress, {588, 692, 372, 56}, BLR, "Progress", "", false},
+    hidden(row("", "picProgress", Kind::Progress, {588, 692, 372, 56}, BLR, "Progress")),
     tool(0, "butPrevious", "Previous", "Previous picture"),
     tool(1, "butNext", "Next", "Next picture"),
     tool(2, "butZoomMinus", "\u2212", "Smaller"),
@@ -48,9 +51,9 @@ constexpr InventoryRow kRows[] = {
     tool(10, "butStartMagnificationWindow", "Magnifier", "Magnifier"),
     tool(11, "cmdBright", "Brighten", "Brighten"),
     tool(12, "butRotate", "Rotate", "Rotate"),
-    tool(13, "optSize", "Max", "Print as large as can be", 0),
+    memberOf(tool(13, "optSize", "Max", "Print as large as can be"), 0),
     tool(14, "butPrint", "Print", "Print"),
-    tool(15, "imgExit", "Done", "Done"),
+    tool(15, "imgExit", "Done", "Done", {.accent = true, .cancels = true}),
     label("tbZoomFactor", {972, 664, 296, 44}, BR, "Zoom factor"),
     label("lblSize", {972, 708, 296, 44}, BR, "Size"),
 };

@@ -6,7 +6,9 @@
 namespace korvane {
 namespace {
 
-constexpr int kCellWidth = 142, kCellHeight = 166;
+constexpr int kLeastCell = 142, kMostCell = 238;   // form units: five of them, or three, abreast
+constexpr int kCellFrame = 20, kCellCaption = 24;  // around a thumbnail; of a square one
+constexpr int kRowHeight = 38;                     // of the lists, in the unit of GridHeight
 constexpr int kTakeBackMs = 10'000;
 enum Print { kCrop, kSize, kKeepAspect };
 
@@ -64,12 +66,12 @@ ViewPicForm::ViewPicForm(Uses uses)
                    }}),
       actions_({uses_.system.files, uses_.system.imaging, uses_.system.trash, uses_.system.pump,
                 uses_.log, uses_.settings, uses_.dialog.messages, *cells_, work_, thumbnails_,
-                [this] { listFolders(); }, [this] { offerToTakeBack(); }}) {
-  panel_.Drive1->columns = {{u"Volume"_s}};
-  panel_.Dir1->columns = {{u"Folder"_s}};
-  panel_.File1->columns = {{u"File"_s}};
-  panel_.picSlide->cellWidth = kCellWidth;
-  panel_.picSlide->cellHeight = kCellHeight;
+                [this] { listFolders(); }, [this] { offerToTakeBack(); },
+                [this] { showSelected(); }}) {
+  for (Grid* list : {panel_.Drive1, panel_.Dir1, panel_.File1}) {
+    list->columns = {{QString()}};
+    list->rowHeight = kRowHeight;
+  }
   panel_.picSlide->setCells(cells_);
   panel_.mnuMove->enabled = false;  // nothing is attached to it
   panel_.tmrTakeBack->interval = kTakeBackMs;
@@ -171,12 +173,15 @@ void ViewPicForm::Dir1_Change(const QString& path) {
 
 void ViewPicForm::listFolders() {
   panel_.Dir1->setRows(rowsOf(folderRows(uses_.system.files, path_)));
+  panel_.Dir1->row = 0;  // they are ways to go, and none is chosen
 }
 
 void ViewPicForm::loadCells() {
   const int size = uses_.settings.number(key::ThumbSize);
   Imaging::Reading reading = picture_->readingFor(size, size);
   reading.enlarge = true;
+  panel_.picSlide->cellWidth = std::clamp(size + kCellFrame, kLeastCell, kMostCell);
+  panel_.picSlide->cellHeight = panel_.picSlide->cellWidth() + kCellCaption;
   panel_.picSlide->top = 0;
   thumbnails_.begin(
       AlbumThumbs({uses_.system.files, uses_.system.imaging, uses_.cache}, withSeparator(path_),
@@ -236,8 +241,7 @@ void ViewPicForm::mnuPrint_Click() {
 }
 
 void ViewPicForm::offerToTakeBack() {
-  panel_.lblTakeBack->caption =
-      u"In the trash: "_s + QString::number(actions_.inTrash()) + u" pictures"_s;
+  panel_.lblTakeBack->caption = u"In the trash: "_s + counted(actions_.inTrash(), u"picture"_s);
   panel_.fraTakeBack->visible = true;
   panel_.tmrTakeBack->enabled = false;  // from now on, also where it runs
   panel_.tmrTakeBack->enabled = true;

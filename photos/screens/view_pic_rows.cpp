@@ -15,12 +15,11 @@ constexpr InventoryRow hidden(InventoryRow made) {
   made.visible = false;
   return made;
 }
-// One of several, a third or a half of a frame of 384 units; `line` counts from 0.
-constexpr InventoryRow choice(const char* frame, const char* name, int index, int of, int line,
-                              const char* caption) {
-  const int width = (384 - 8 * (of + 1)) / of;
-  return row(frame, name, index, Kind::Button, {8 + index * (width + 8), 52 + line * 80, width, 72},
-             TL, caption, {.caption = caption, .text = 24});
+// One of several in a line of a frame of 384 units; `line` counts from 0.
+constexpr InventoryRow choice(const char* frame, const char* name, int index, int left, int width,
+                              int line, const char* caption) {
+  return row(frame, name, index, Kind::Button, {left, 52 + line * 80, width, 72}, TL, caption,
+             {.caption = caption, .text = 22});
 }
 // A large row of the menu, in two columns.
 constexpr InventoryRow entry(int place, const char* name, const char* caption) {
@@ -40,15 +39,15 @@ constexpr InventoryRow kRows[] = {
     hidden(row(kLeft, "File1", -1, Kind::Grid, {12, 172, 384, 228}, All, "Files")),
     row(kLeft, "fraThumbs", -1, Kind::Frame, {12, 408, 384, 132}, BL, "Thumbnails",
         {.caption = "Thumbnails"}),
-    choice("fraThumbs", "optThumbs", 0, 3, 0, "Automatic"),
-    choice("fraThumbs", "optThumbs", 1, 3, 0, "Force creation"),
-    choice("fraThumbs", "optThumbs", 2, 3, 0, "Do not create"),
+    choice("fraThumbs", "optThumbs", 0, 8, 140, 0, "Automatic"),
+    choice("fraThumbs", "optThumbs", 1, 156, 116, 0, "Force creation"),
+    choice("fraThumbs", "optThumbs", 2, 280, 96, 0, "Do not create"),
     row(kLeft, "fraPrint", -1, Kind::Frame, {12, 548, 384, 212}, BL, "Print", {.caption = "Print"}),
-    choice("fraPrint", "optSize", 0, 2, 0, "4 x 6 inch"),
-    choice("fraPrint", "optSize", 1, 2, 0, "5 x 7 inch"),
-    choice("fraPrint", "optPrint", 0, 3, 1, "Crop to fit"),
-    choice("fraPrint", "optPrint", 1, 3, 1, "Size to fit"),
-    choice("fraPrint", "optPrint", 2, 3, 1, "Keep aspect"),
+    choice("fraPrint", "optSize", 0, 8, 180, 0, "4 x 6 inch"),
+    choice("fraPrint", "optSize", 1, 196, 180, 0, "5 x 7 inch"),
+    choice("fraPrint", "optPrint", 0, 8, 117, 1, "Crop to fit"),
+    choice("fraPrint", "optPrint", 1, 133, 118, 1, "Size to fit"),
+    choice("fraPrint", "optPrint", 2, 259, 117, 1, "Keep aspect"),
 
     row(kRight, "lblPhotoFolder", -1, Kind::Label, {12, 12, 672, 72}, TLR, "Picture folder",
         {.caption = "Not set up", .text = 26, .wraps = true}),

@@ -203,7 +203,7 @@ QStringList DiskFileSystem::names(const QString& path, bool folders) const {
   QStringList names;
   while (const dirent* entry = ::readdir(listing)) {
     const QByteArray name(entry->d_name);
-    if (name == "." || name == "..") continue;
+    if (name == "." || name == ".." || NewFile::isLeftover(name)) continue;
     const bool plain = entry->d_type == DT_DIR || entry->d_type == DT_REG;
     const bool folderHere = plain ? entry->d_type == DT_DIR : isFolder(below(*folder, name));
     if (folderHere == folders) names.append(toPath(name));

@@ -13,6 +13,8 @@
 namespace korvane {
 namespace {
 
+constexpr char kBegin[] = ".korvane-", kEnd = '~';  // of a successor's name
+
 QByteArray directoryOf(const QByteArray& path) {
   const qsizetype slash = path.lastIndexOf('/');
   return slash < 0 ? QByteArray(".") : path.first(std::max<qsizetype>(slash, 1));
@@ -52,8 +54,8 @@ void NewFile::open() {
   }
   static std::atomic<int> counter{0};
   for (int attempts = 0; attempts < 100 && file_ < 0; ++attempts) {
-    temporary_ = directoryOf(target_) + "/.korvane-" + QByteArray::number(::getpid()) + '-' +
-                 QByteArray::number(counter++) + '~';
+    temporary_ = directoryOf(target_) + '/' + kBegin + QByteArray::number(::getpid()) + '-' +
+                 QByteArray::number(counter++) + kEnd;
     file_ =
         calls_.open(temporary_.constData(), O_WRONLY | O_CREAT | O_EXCL, replaces ? 0600 : 0666);
     if (file_ < 0 && errno != EEXIST) break;
@@ -61,6 +63,10 @@ void NewFile::open() {
   if (!check(file_ >= 0)) return temporary_.clear();
   // File systems without permissions refuse this; the narrower ones above then stay.
   if (replaces) calls_.fchmod(file_, old.st_mode & 07777);
+}
+
+bool NewFile::isLeftover(QByteArrayView name) {
+  return name.startsWith(kBegin) && name.endsWith(kEnd);
 }
 
 bool NewFile::check(bool succeeded) {

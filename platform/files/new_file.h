@@ -20,6 +20,9 @@ class NewFile {
   bool write(QByteArrayView bytes);
   bool commit();  // checks the length, syncs, renames, syncs the directory
 
+  // Whether a file of that name is what a crash has left of a successor: it is nobody's.
+  static bool isLeftover(QByteArrayView name);
+
   int failure() const { return failure_; }  // the errno of what failed first, 0 when nothing did
 
  private:

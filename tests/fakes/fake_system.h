@@ -47,12 +47,14 @@ struct FakeSystem {
   FakeHttp http;
   std::function<std::unique_ptr<FtpClient>()> makeFtp;  // of a test that needs one
 
-  // `disk` where the files must be real ones. Refers to this and to the arguments.
+  // `disk` and `codecs` where files and pictures must be real ones. Refers to this and to the
+  // arguments.
   System with(MediaPlayer& player, std::function<std::unique_ptr<Winsock>()> makeWinsock,
-              FileSystem* disk = nullptr) {
+              FileSystem* disk = nullptr, Imaging* codecs = nullptr) {
     FileSystem& used = disk ? *disk : files;
+    Imaging& decoders = codecs ? *codecs : imaging;
     return {pump,   clock,    chance,      used,     player, video,
-            dvd,    stills,   imaging,     printing, trash,  disc,
+            dvd,    stills,   decoders,    printing, trash,  disc,
             ripper, packets,  screenPower, session,  mixer,  tray,
             box,    programs, instance,    network,  http,   std::move(makeWinsock),
             makeFtp};

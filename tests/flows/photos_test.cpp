@@ -1,6 +1,5 @@
 #include <QDir>
 
-#include "photos/cls_picture.h"
 #include "tests/flows/cabin.h"
 
 namespace korvane {
@@ -49,6 +48,11 @@ class Photos : public CabinTest {
   int seen() { return number(area().picture()); }
   int beside() { return number(area().beside()); }
   void tick() { fire(u"pictimer"_s, Event::Tick); }
+  void adsOn() {
+    console().desk.state.gAddsOn = true;
+    console().desk.addTimer.apply();
+  }
+  bool idleCounts() { return control(u"AddTimer"_s).enabled(); }
   void transport(TransportButton button) { press(u"cmdControls"_s, static_cast<int>(button)); }
   QString lit() {  // the one of play, pause and stop that is
     for (int i : {1, 2, 3})
@@ -71,29 +75,6 @@ class Photos : public CabinTest {
   }
 };
 
-TEST(PhotoNames, EndInOneOfSevenKindsOrInOneOfTheOwners) {
-  TemporaryHome home;
-  DiskFileSystem files;
-  FakeClock clock;
-  FakePump pump(clock);
-  AppState state;
-  Settings settings(files, pump, state, home.path());
-  FakeImaging imaging;
-  const struct {
-    QString name;
-    bool always, withKinds;
-  } table[] = {{u"a.jpg"_s, true, true},  {u"a.TIF"_s, true, true},    {u"a.jpeg"_s, false, true},
-               {u"a.Png"_s, false, true}, {u"noDotJPG"_s, true, true}, {u"a.pjp"_s, false, false},
-               {u"a.no"_s, false, false}, {u"png"_s, false, false},    {u"a.png."_s, false, false},
-               {{}, false, false}};
-  for (const bool kinds : {false, true}) {
-    if (kinds) settings.write(key::PhotoKinds, u"jpeg PNG"_s);
-    const PhotoKindsRule rule(settings, &imaging);
-    for (const auto& [name, always, withKinds] : table)
-      EXPECT_EQ(rule.accepts(name), kinds ? withKinds : always) << name.toStdString();
-  }
-}
-
 TEST_F(Photos, TheAlbumIsWalkedDownAndUp) {
   open("PhotoSort=NAME\n");
   const QString root = home / u"Photos"_s;
@@ -113,15 +94,23 @@ TEST_F(Photos, TheAlbumIsWalkedDownAndUp) {
   EXPECT_EQ(list().rows().picture(1, 3), Picture());
   touch(2);
   EXPECT_EQ(names(), QStringList{root + u"/Lake/Empty"_s});
-  console().desk.state.gAddsOn = true;
-  control(u"AddTimer"_s).enabled = true;
+  adsOn();
   touch(1);
   EXPECT_EQ(names().first(), root + u"/Lake"_s);
-  EXPECT_TRUE(control(u"AddTimer"_s).enabled());
+  EXPECT_TRUE(idleCounts());
   touch(1);
   EXPECT_EQ(names(), folders + QStringList{u"root.jpg"_s});
   EXPECT_EQ(list().row(), 2) << "the row that stood at the top";
-  EXPECT_FALSE(control(u"AddTimer"_s).enabled());
+  for (const bool byTouch : {false, true}) {
+    console().desk.settings.write(key::IdleByTouch, byTouch ? u"YES"_s : u"NO"_s);
+    touch(3);
+    EXPECT_TRUE(idleCounts());
+    touch(1);
+    EXPECT_EQ(idleCounts(), byTouch) << "at the root it rests, and with the key goes on";
+    press(u"imgTabs"_s, kMusicTab);
+    EXPECT_TRUE(idleCounts()) << "not longer than the tab is open";
+    press(u"imgTabs"_s, kPhotosTab);
+  }
 
   console().desk.state.moveControlsMode = true;
   touch(2);
@@ -196,22 +185,22 @@ TEST_F(Photos, AShowBeginsARowTooFarAndAnIntervalLate) {
   } table[] = {{2, u"2 3 4 5 1 2"_s}, {5, u"5 1 2 3 4 5"_s}, {6, u"1 2 3 4 5 1"_s}};
   open("PhotoSort=NAME\n");
   openAlps();
-  console().desk.state.gAddsOn = true;
+  adsOn();
   for (const auto& [row, shows] : table) {
-    control(u"AddTimer"_s).enabled = true;
+    EXPECT_TRUE(idleCounts());
     touch(row);
     EXPECT_TRUE(shown(u"picTransition"_s) && timer().enabled());
     for (const char* name : {"PhotoList", "VscrollAllSongs", "cmdPhotoSetup"})
       EXPECT_FALSE(shown(QString::fromLatin1(name))) << name;
     EXPECT_FALSE(shown(u"cmdOneSong"_s, 0) || shown(u"cmdOneSong"_s, 1));
-    EXPECT_FALSE(control(u"AddTimer"_s).enabled());
+    EXPECT_FALSE(idleCounts());
     EXPECT_EQ(lit(), u"playb"_s);
     EXPECT_EQ(seen(), 0);
     EXPECT_EQ(run(u"tttttt"_s), shows) << row;
     transport(Stop);
     EXPECT_FALSE(shown(u"picTransition"_s) || timer().enabled());
     EXPECT_TRUE(shown(u"PhotoList"_s) && shown(u"VscrollAllSongs"_s) && shown(u"cmdOneSong"_s, 0));
-    EXPECT_TRUE(control(u"AddTimer"_s).enabled());
+    EXPECT_TRUE(idleCounts());
     EXPECT_EQ(lit(), u"stopb"_s);
   }
   touch(1);
@@ -220,7 +209,7 @@ TEST_F(Photos, AShowBeginsARowTooFarAndAnIntervalLate) {
   home.put(u"Photos/Lake/Empty/a.txt"_s, "x");
   press(u"imgTabs"_s, kPhotosTab);
   touch(u"a.txt"_s);
-  EXPECT_FALSE(shown(u"picTransition"_s)) << "no picture, no show";
+  EXPECT_FALSE(shown(u"picTransition"_s) || idleCounts()) << "no picture, no show";
 }
 
 TEST_F(Photos, StepsGoFromThePositionOrFromWhatIsSeen) {
@@ -434,18 +423,59 @@ TEST_F(Photos, TheProgramMayEndWhilePicturesAndFoldersAreAwaited) {
   system().pump.settle();
   press(u"imgTabs"_s, kPhotosTab);
   EXPECT_EQ(seen(), 0) << "of a console that is gone";
+
+  host->onModal(u"frmViewPic"_s, [this](Form& pic) {
+    system().pump.holdBackground = false;
+    system().pump.runBackground();
+    system().pump.holdBackground = true;
+    system().pump.settle();
+    EXPECT_TRUE(canPress(pic, u"cmdStop"_s)) << "thumbnails are being made";
+    console().desk.startup.closeit();
+    korvane::press(pic, u"imgExit"_s);
+  });
+  press(u"cmdPhotoSetup"_s);
+  start();
+  system().pump.runBackground();
+  system().pump.settle();
+  EXPECT_EQ(home.get(u"Photos/thumbs/root.JPG"_s), "JPEG 60x45 at 60") << "what was at work ends";
 }
 
-TEST_F(Photos, AnotherRootBeginsAnew) {
-  open("PhotoSort=NAME\nStartAtTouched=YES\n");
+// The folder of a show is read by the sheet too, while setup has another root already.
+TEST_F(Photos, TheSheetAndAnotherRootComeAmidAShow) {
+  home.put(u"Other/Sea/s.jpg"_s, "x");
+  open("PhotoSort=NAME\nStartAtTouched=YES\nShowFade=400\n");
   openAlps();
   touch(2);
-  home.put(u"Other/Sea/s.jpg"_s, "x");
-  home.put(u"Other/o.jpg"_s, "x");
-  console().desk.settings.write(key::PDirectory, home / u"Other"_s);
-  EXPECT_EQ(run(u"tn"_s), u"2 3"_s) << "a show keeps what it has";
-  transport(Stop);
-  press(u"imgTabs"_s, kPhotosTab);
+  system().pump.holdBackground = true;
+  tick();  // and the third one is being decoded
+  host->onModal(u"frmViewPic"_s, [this](Form& pic) {
+    system().pump.runBackground();
+    system().pump.settle();
+    console().desk.settings.write(key::PDirectory, home / u"Other"_s);
+    system().pump.holdBackground = false;
+    system().pump.runBackground();
+    system().pump.settle();
+    EXPECT_EQ(controlOf<Sheet>(pic, u"picSlide").cells().count(), 5);
+    korvane::press(pic, u"imgExit"_s);
+  });
+  console().desk.words.find(u"PICTUREEDIT"_s)->act();
+  EXPECT_EQ(QDir(home / u"Photos/Alps/thumbs"_s).entryList(QDir::Files).size(), 5);
+  EXPECT_TRUE(shown(u"PhotoList"_s) && !shown(u"picTransition"_s));
+  EXPECT_EQ(names().size(), 6) << "thumbnails are no pictures of the list";
+  touch(2);
+  EXPECT_EQ(run(u"tt"_s), u"2 3"_s) << "a show keeps what it has";
+
+  system().pump.holdBackground = true;
+  tick();
+  host->onModal(u"frmSetup"_s, [this](Form& setup) {
+    host->onModal(u"frmDirectorys"_s, [](Form& chooser) { korvane::press(chooser, u"cmdok"_s); });
+    korvane::press(setup, u"cmdAddDir"_s, 0);
+  });
+  console().custom.setup.open();
+  system().pump.holdBackground = false;
+  system().pump.runBackground();
+  system().pump.settle();
+  EXPECT_FALSE(shown(u"picTransition"_s)) << "another directory is chosen, and the show is over";
   EXPECT_EQ(names(), (QStringList{home / u"Other"_s, u"Sea (1)"_s}));
 }
 
@@ -453,23 +483,14 @@ TEST_F(Photos, TheSheetOpensOnTheDirectoryThatIsShown) {
   open("PhotoSort=NAME\n");
   openAlps();
   timer().enabled = true;
-  const auto sheet = [this](const QString& directory) {
-    host->onModal(u"frmViewPic"_s, [this, directory](Form& pic) {
-      EXPECT_EQ(textOf(pic, u"lblPhotoFolder"_s), u"Pictue folder = "_s + directory);
-      EXPECT_FALSE(timer().enabled());
-      system().pump.settle();
-      EXPECT_EQ(controlOf<Sheet>(pic, u"picSlide").cells().count(), 5);
-      EXPECT_FALSE(console().desk.screen.busy());
-      korvane::press(pic, u"imgExit"_s);
-    });
-  };
-  sheet(home / u"Photos/Alps"_s);
+  host->onModal(u"frmViewPic"_s, [this](Form& pic) {
+    EXPECT_EQ(textOf(pic, u"lblPhotoFolder"_s), u"Pictue folder = "_s + home / u"Photos/Alps"_s);
+    EXPECT_FALSE(timer().enabled());
+    system().pump.settle();
+    EXPECT_EQ(controlOf<Sheet>(pic, u"picSlide").cells().count(), 5);
+    korvane::press(pic, u"imgExit"_s);
+  });
   press(u"cmdPhotoSetup"_s);
-  touch(u"01.jpg"_s);
-  ASSERT_TRUE(console().photos.show.on());
-  sheet(home / u"Photos/Alps"_s);
-  console().desk.words.find(u"PICTUREEDIT"_s)->act();
-  EXPECT_FALSE(console().photos.show.on());
   console().desk.settings.write(key::PDirectory, u"NO"_s);
   answer(u"You must set up the photos directory before using this."_s);
   press(u"cmdPhotoSetup"_s);

@@ -1,46 +1,40 @@
-// A turning and a thumbnailing run killed at any moment: each file is old or new, none is torn.
+// A turning and a thumbnailing run killed at any moment: each file is old or new, none is torn, and
+// what lies about is taken for no picture.
 #include <signal.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <QDir>
 #include <QElapsedTimer>
-#include <QTemporaryDir>
 #include <chrono>
 #include <random>
+#include <set>
 #include <thread>
 
+#include "core/chooser_lists.h"
 #include "platform/files/disk_file_system.h"
+#include "platform/imaging/picture_codecs.h"
+#include "tests/fakes/temporary_home.h"
 #include "tests/photos/sheet_world.h"
 
 namespace korvane {
 namespace {
 
-constexpr int kPictures = 8, kKills = 100;
-constexpr qsizetype kBytes = 300'000;
+constexpr int kPictures = 4, kKills = 100, kSide = 128;
 
-// A picture or a thumbnail is one letter all through; turned, it is the next one.
-class Letters : public FakeImaging {
-  using FakeImaging::turned;
-  QByteArray jpeg(const Pixels&, int) const override { return QByteArray(kBytes, 't'); }
-  QByteArray turned(const QString& path, int, bool, bool, QString*) const override {
-    const auto bytes = disk.read(path);
-    return QByteArray(kBytes, bytes ? static_cast<char>('A' + (bytes->at(0) - 'A' + 1) % 4) : '?');
-  }
-  DiskFileSystem disk;
-};
+AlbumThumbs thumbsOf(const TemporaryHome& home, DiskFileSystem& disk, const PictureCodecs& codecs) {
+  return {{disk, codecs, {}}, home / u"album/"_s, {.width = 60, .height = 60}, false};
+}
 
-// Makes and turns all, over and over.
-[[noreturn]] void work(const QString& directory) {
+// Makes the thumbnails of all and turns all, over and over.
+[[noreturn]] void work(const TemporaryHome& home) {
   DiskFileSystem disk;
-  Letters letters;
+  PictureCodecs codecs;
   FakeClock clock;
   FakePump pump(clock);
   AppState state;
-  const QString home = directory + u"/home"_s;
-  Log log(disk, clock, home);
-  Settings settings(disk, pump, state, home, &log);
-  Palette palette(settings);
-  FakeFormHost host;
+  Log log(disk, clock, home.path());
+  Settings settings(disk, pump, state, home.path(), &log);
   FakeMessages messages;
   FakeTrash trash(disk);
   Form form(u"frm"_s,
@@ -48,14 +42,13 @@ class Letters : public FakeImaging {
                                          {"picProgress", -1, Kind::Progress, {}, Left, ""}}});
   Screen screen;
   SheetWork sheet(form, screen);
-  PictureCells cells({letters, pump, log, [] {}, [] {}});
+  PictureCells cells({codecs, pump, log, [] {}, [] {}});
   Thumbnails thumbnails(
-      {disk, letters, pump, log, messages, cells, sheet, [](const auto&) {}, [] {}});
-  PictureActions actions({disk, letters, trash, pump, log, settings, messages, cells, sheet,
-                          thumbnails, [] {}, [] {}});
+      {disk, codecs, pump, log, messages, cells, sheet, [](const auto&) {}, [] {}});
+  PictureActions actions({disk, codecs, trash, pump, log, settings, messages, cells, sheet,
+                          thumbnails, [] {}, [] {}, [] {}});
   for (;;) {
-    thumbnails.begin(AlbumThumbs({disk, letters, {}}, directory + u"/album/"_s, {60, 60}, false),
-                     u"*.jpg"_s, Thumbnails::Force);
+    thumbnails.begin(thumbsOf(home, disk, codecs), u"*.jpg"_s, Thumbnails::Force);
     pump.settle();
     cells.selectAll(true);
     actions.Rotate(90);
@@ -63,53 +56,85 @@ class Letters : public FakeImaging {
   }
 }
 
-bool whole(const QByteArray& bytes) {
-  return bytes.size() == kBytes && bytes.count(bytes[0]) == kBytes;
-}
+class Killed : public testing::Test {
+ protected:
+  Killed() {
+    home.put(u"Morvanta.INI"_s, "[Photos]\nKeepKind=YES\n");  // turned without loss
+    home.folder(u"album/thumbs"_s);
+    std::vector<quint32> noise(size_t{kSide} * kSide);
+    for (quint32 state = 1; quint32 & word : noise) word = 0xff000000 | (state = state * 69069 + 1);
+    QByteArray bytes = codecs.jpeg(
+        {kSide, kSide, kSide * 4, reinterpret_cast<const uchar*>(noise.data()), true, {}}, 90);
+    QElapsedTimer saving;
+    for (int turn = 0; turn < 8; ++turn) {
+      const QString picture = home.put(u"album/0.jpg"_s, bytes);
+      pictures.insert(bytes);
+      saving.start();
+      thumbs.insert(*disk.read(thumbsOf(home, disk, codecs).make(u"0.jpg"_s).path));
+      bytes = codecs.turned(picture, 90, true, false, nullptr);
+      disk.replace(picture, bytes);
+    }
+    for (int i = 0; i < kPictures; ++i) {
+      names << QString::number(i) + u".jpg"_s;
+      home.put(u"album/"_s + names.last(), bytes);
+    }
+    // A round makes two thumbnails a picture and turns it; kills fall within it.
+    span = static_cast<unsigned>(2 * kPictures * saving.nsecsElapsed() / 1000 + 10'000);
+  }
 
-TEST(KilledTurn, LeavesEachPictureAndThumbnailOldOrNew) {
-  QTemporaryDir home;
+  // The files of the album, one letter each; "?" for one that is neither old nor new.
+  QByteArray album() {
+    QByteArray found;
+    for (const QString& name : names) {
+      const auto at = pictures.find(disk.read(home / u"album/"_s + name).value_or(QByteArray()));
+      found +=
+          at == pictures.end() ? '?' : static_cast<char>('A' + std::distance(pictures.begin(), at));
+    }
+    return found;
+  }
+  int leftovers() {
+    int found = 0;
+    for (const QString& folder : {u"album"_s, u"album/thumbs"_s})
+      found += static_cast<int>(
+          QDir(home / folder).entryList({u".*~"_s}, QDir::Files | QDir::Hidden).size());
+    return found;
+  }
+
+  TemporaryHome home;
   DiskFileSystem disk;
-  const QString album = home.filePath(u"album"_s);
-  disk.CreateFolder(album);
-  disk.CreateFolder(home.filePath(u"home"_s));
+  PictureCodecs codecs;
+  std::set<QByteArray> pictures, thumbs;  // as each may be
   QStringList names;
-  for (int i = 0; i < kPictures; ++i) names << QString::number(i) + u".jpg"_s;
-  QElapsedTimer saving;
-  saving.start();
-  for (const QString& name : names)
-    disk.replace(FileSystem::BuildPath(album, name), QByteArray(kBytes, 'A'));
-  // A round saves three files a picture; kills fall within two of them.
-  const auto span = static_cast<unsigned>(6 * saving.nsecsElapsed() / 1000 + 20'000);
+  unsigned span = 0;  // microseconds
+};
+
+TEST_F(Killed, ARunLeavesEachPictureAndThumbnailOldOrNew) {
+  ASSERT_EQ(pictures.size(), 4U) << "four quarters, and the first again";
   std::mt19937 random(1);
-  int turned = 0, temporary = 0, before = 0;
+  int turned = 0;
+  QByteArray before = album();
   for (int kill = 0; kill < kKills; ++kill) {
+    SCOPED_TRACE(kill);
     const pid_t child = ::fork();
-    if (child == 0) work(home.path());
+    if (child == 0) work(home);
     ASSERT_GT(child, 0);
     std::this_thread::sleep_for(std::chrono::microseconds(random() % span));
     ASSERT_EQ(::kill(child, SIGKILL), 0);
     int status = 0;
     ASSERT_EQ(::waitpid(child, &status, 0), child);
-    ASSERT_TRUE(WIFSIGNALED(status)) << "the run ended before kill " << kill;
+    ASSERT_TRUE(WIFSIGNALED(status)) << "the run ended before";
 
-    int letters = 0;
-    for (const QString& name : names) {
-      const auto bytes = disk.read(FileSystem::BuildPath(album, name));
-      ASSERT_TRUE(bytes && whole(*bytes)) << name.toStdString() << " at kill " << kill;
-      letters = letters * 4 % 1'000'003 + bytes->at(0);
-    }
-    turned += std::exchange(before, letters) != letters;
-    for (const QString& thumb : disk.Files(album + u"/thumbs"_s)) {
-      const auto bytes = disk.read(FileSystem::BuildPath(album + u"/thumbs"_s, thumb));
-      if (thumb.endsWith(".JPG"_L1))
-        ASSERT_TRUE(bytes && whole(*bytes)) << thumb.toStdString() << " at kill " << kill;
-      else
-        ++temporary;
-    }
+    const QByteArray now = album();
+    ASSERT_FALSE(now.contains('?')) << now.constData();
+    turned += std::exchange(before, now) != now;
+    ASSERT_EQ(fileRows(disk, home / u"album"_s, u"*"), names);
+    for (const QString& thumb : disk.Files(home / u"album/thumbs"_s))
+      ASSERT_TRUE(names.contains(thumb.toLower()) &&
+                  thumbs.contains(*disk.read(home / u"album/thumbs/"_s + thumb)))
+          << thumb.toStdString();
   }
   EXPECT_GT(turned, kKills / 10) << "the kills came too early to mean anything";
-  EXPECT_GT(temporary, 0) << "no kill came while a file was being written";
+  EXPECT_GT(leftovers(), 0) << "no kill came while a file was being written";
 }
 
 }  // namespace

@@ -197,7 +197,7 @@ TEST_F(SheetTest, AFullDiskLeavesThePictureAndSaysSo) {
   });
   EXPECT_EQ(picture(u"a.jpg"_s), "a.jpg");
   ASSERT_EQ(messages.texts.size(), 1);
-  EXPECT_TRUE(messages.texts[0].startsWith("1 pictures could not be turned."_L1));
+  EXPECT_TRUE(messages.texts[0].startsWith("1 picture could not be turned."_L1));
 }
 
 TEST_F(SheetTest, DeletesWhatIsChosenAndLeavesItsThumbnail) {
@@ -215,6 +215,7 @@ TEST_F(SheetTest, DeletesWhatIsChosenAndLeavesItsThumbnail) {
     messages.answers = {Messages::Yes};
     menu(u"mnuDeleted"_s);
     EXPECT_EQ(names(), u"b.jpg"_s);
+    EXPECT_EQ(textOf(form, u"sbrMain"_s), QString()) << "what was selected is gone";
     EXPECT_FALSE(canPress(form, u"cmdTakeBack"_s));
     menu(u"mnuSelect"_s);
     EXPECT_EQ(pic.selectedPaths(), std::vector{u"/P/Alps/b.jpg"_s});
@@ -233,6 +234,7 @@ TEST_F(SheetTest, DeletedPicturesCanBeTakenBackForAWhile) {
     EXPECT_EQ(names(), u"b.jpg"_s);
     EXPECT_EQ(thumbs(), u"b.JPG"_s);
     EXPECT_TRUE(canPress(form, u"cmdTakeBack"_s));
+    EXPECT_EQ(textOf(form, u"lblTakeBack"_s), u"In the trash: 1 picture"_s);
   };
   open([&](Form& form) {
     remove(form);
@@ -256,7 +258,7 @@ TEST_F(SheetTest, DeletedPicturesCanBeTakenBackForAWhile) {
     touch(0);
     menu(u"mnuDeleted"_s);
     EXPECT_EQ(messages.texts.last(),
-              u"1 pictures could not be deleted. This disk has no trash can."_s);
+              u"1 picture could not be deleted. This disk has no trash can."_s);
     EXPECT_EQ(names(), u"b.jpg"_s);
   });
 }

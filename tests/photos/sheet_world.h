@@ -13,8 +13,9 @@
 namespace korvane {
 
 struct SheetWorld : testing::Test {
-  explicit SheetWorld(FileSystem* disk = nullptr, const QString& home = u"/home"_s)
-      : system(fakes.with(player, {}, disk)),
+  explicit SheetWorld(FileSystem* disk = nullptr, const QString& home = u"/home"_s,
+                      Imaging* codecs = nullptr)
+      : system(fakes.with(player, {}, disk, codecs)),
         log(system.files, system.clock, home),
         settings(system.files, system.pump, state, home, &log) {
     system.files.CreateFolder(home);

@@ -22,6 +22,24 @@ inline QImage corners(int width, int height) {
   return image;
 }
 
+// The stored picture that is `upright` once it is turned as EXIF says: for each orientation the
+// sides of the scene at which the first row and the first column of the file stand (Exif 2.32,
+// 4.6.5.1.6).
+inline QImage storedAs(const QImage& upright, int orientation) {
+  const int w = upright.width(), h = upright.height();
+  QImage stored(orientation > 4 ? QSize(h, w) : QSize(w, h), upright.format());
+  for (int y = 0; y < stored.height(); ++y)
+    for (int x = 0; x < stored.width(); ++x) {
+      const int u = orientation > 4 ? y : x, v = orientation > 4 ? x : y;
+      const bool right =
+          orientation == 2 || orientation == 3 || orientation == 6 || orientation == 7;
+      const bool bottom =
+          orientation == 3 || orientation == 4 || orientation == 7 || orientation == 8;
+      stored.setPixel(x, y, upright.pixel(right ? w - 1 - u : u, bottom ? h - 1 - v : v));
+    }
+  return stored;
+}
+
 inline QByteArray fileOf(const QImage& image, const char* format) {
   QBuffer bytes;
   bytes.open(QIODevice::WriteOnly);

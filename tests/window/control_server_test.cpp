@@ -13,6 +13,13 @@
 namespace korvane {
 namespace {
 
+struct ThirtyCells : CellSource {
+  int count() const override { return 30; }
+  QString caption(int cell) const override { return u"p%1.jpg"_s.arg(cell); }
+  std::optional<Picture> picture(int) const override { return Picture(); }
+  Colour back(int cell) const override { return static_cast<Colour>(cell); }
+};
+
 class Socket : public SmallConsole {
  protected:
   Socket() {
@@ -136,6 +143,35 @@ TEST_F(Socket, TellsAllOfAControl) {
   control<TextBox>("txtName").text = u"secret"_s;
   control<TextBox>("txtName").passwordChar = u"*"_s;
   EXPECT_EQ(ask(R"({"command":"get","name":"txtName"})")["text"_L1], QJsonValue(u"******"_s));
+
+  auto& sheet = control<Sheet>("sheetPictures");
+  sheet.visible = true;
+  sheet.setCells(std::make_shared<ThirtyCells>());
+  auto& area = control<PictureArea>("picTransition");
+  const auto pixels = std::make_shared<Pixels>();
+  pixels->width = 4;
+  pixels->height = 3;
+  area.picture = Picture{{}, {}, nullptr, pixels};
+  area.zoom = 150;
+  const std::pair<QByteArray, QByteArray> table[] = {
+      {R"({"command":"rows","name":"sheetPictures","from":29,"count":5})",
+       R"({"count":30,"ok":true,"rows":[{"back":29,"caption":"p29.jpg","row":29}]})"},
+      {R"({"command":"press","name":"sheetPictures","row":30})",
+       R"({"error":"sheetPictures: it has no cell 30, only 30 from 0","ok":false})"},
+      {R"({"command":"set","name":"sheetPictures","value":400})", R"({"ok":true})"},
+      {R"({"command":"set","name":"picTransition","value":1})",
+       R"({"error":"picTransition holds no value","ok":false})"}};
+  for (const auto& [line, answer] : table)
+    EXPECT_EQ(QJsonDocument(ask(line)).toJson(QJsonDocument::Compact), answer);
+  const QJsonObject scrolled = ask(R"({"command":"get","name":"sheetPictures"})");
+  for (const auto& [name, value] :
+       {std::pair("cells", 30), {"columns", 3}, {"top", 400}, {"mostTop", 10 * 152 - 320}})
+    EXPECT_EQ(scrolled[QLatin1StringView(name)], QJsonValue(value)) << name;
+  const QJsonObject zoomed = ask(R"({"command":"get","name":"picTransition"})");
+  EXPECT_EQ(zoomed["picture"_L1], QJsonValue(u"(4x3 pixels)"_s));
+  EXPECT_EQ(zoomed["frame"_L1], QJsonValue(QJsonArray{4, 3}));
+  EXPECT_EQ(zoomed["zoom"_L1], QJsonValue(150));
+  EXPECT_EQ(zoomed["hand"_L1], QJsonValue(u"press"_s));
 }
 
 TEST_F(Socket, APressThatOpensABoxIsAnsweredAndTheTopmostBoxToo) {

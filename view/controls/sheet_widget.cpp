@@ -173,7 +173,7 @@ void SheetWidget::paintCell(QPainter& painter, int cell) {
   const QString caption = sheet_.cells().caption(cell);
   const int line = std::min(metrics.height(), inner.height());
   paintPicture(painter, cell, inner.adjusted(0, 0, 0, -line), ink);
-  const QString shown = metrics.elidedText(caption, Qt::ElideMiddle, inner.width());
+  const QString shown = metrics.elidedText(caption, Qt::ElideRight, inner.width());
   if (shown != caption) setCut(true);
   painter.setPen(ink);
   painter.drawText(inner.adjusted(0, inner.height() - line, 0, 0),
