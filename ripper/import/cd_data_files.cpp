@@ -32,14 +32,20 @@ void CdDataFiles::guarded(const QString& path, const std::function<void()>& work
   }
 }
 
-bool CdDataFiles::add(const QString& discId, const DumpRecord& record) {
-  File& file = *files_[qChecksum(discId.toLatin1()) % files_.size()];
+// All that a transaction changes stays in memory: what is written before its end shuts out whoever
+// looks up.
+CdDataFiles::File::File(const QString& path) : database(path, sql::Connection::ReadWrite) {
+  database.script("PRAGMA cache_size = -65536");  // KiB, at most
+}
+
+bool CdDataFiles::add(const QByteArray& discId, const QByteArrayList& columns) {
+  File& file = *files_[qChecksum(discId) % files_.size()];
   bool isNew = false;
   guarded(file.database.path(), [&] {
     if (!file.writing) file.writing.emplace(file.database);
-    isNew =
-        !file.database.number("SELECT 1 FROM cdData WHERE DISCID = ?1 COLLATE TEXTORDER", discId);
-    if (isNew) insertDisc(file.database, discId, record.artist, record.album, record.titles);
+    isNew = !file.database.number("SELECT 1 FROM cdData WHERE DISCID = ?1 COLLATE TEXTORDER",
+                                  QByteArrayView(discId));
+    if (isNew) insertDisc(file.database, discId, columns);
   });
   return isNew;
 }

@@ -1,7 +1,6 @@
 // The five files of disc names, open to be filled.
 #pragma once
 
-#include "ripper/import/dump_record.h"
 #include "ripper/names/cls_cddb.h"
 #include "ripper/names/disc_database.h"
 
@@ -17,12 +16,12 @@ class CdDataFiles {
 
   // Whether the disc is new. Its identifier alone says into which file it goes, so that whoever
   // comes with it again finds it there.
-  bool add(const QString& discId, const DumpRecord& record);
+  bool add(const QByteArray& discId, const QByteArrayList& columns);
   void commit();  // each file by itself
 
  private:
   struct File {
-    explicit File(const QString& path) : database(path, sql::Connection::ReadWrite) {}
+    explicit File(const QString& path);
     sql::Connection database;
     std::optional<sql::Transaction> writing;
   };

@@ -2,17 +2,26 @@
 
 #include "ripper/import/cd_data_files.h"
 #include "ripper/import/dump_files.h"
+#include "ripper/import/dump_record.h"
+#include "ripper/import/record_queue.h"
 
 namespace korvane {
 namespace {
 
-void count(CddbImport& done, CdDataFiles& data, QByteArrayView bytes) {
+void count(CddbImport& done, CdDataFiles& data, const std::optional<DiscRow>& row) {
   ++done.records;
-  const std::optional<DumpRecord> record = readDumpRecord(bytes);
   bool added = false;
-  if (record)
-    for (const QString& id : record->discIds) added |= data.add(id, *record);
-  ++(!record ? done.bad : added ? done.added : done.known);
+  if (row)
+    for (const QByteArray& id : row->discIds) added |= data.add(id, row->columns);
+  ++(!row ? done.bad : added ? done.added : done.known);
+}
+
+std::optional<DiscRow> rowOf(QByteArrayView bytes) {
+  const std::optional<DumpRecord> record = readDumpRecord(bytes);
+  if (!record) return std::nullopt;
+  DiscRow row{{}, discColumns(record->artist, record->album, record->titles)};
+  for (const QString& id : record->discIds) row.discIds << id.toLatin1();
+  return row;
 }
 
 }  // namespace
@@ -22,14 +31,23 @@ CddbImport importCddb(FileSystem& files, const QString& source, const QString& d
   CddbImport done, committed;
   try {
     CdDataFiles data(files, directory);
-    const QString trouble = readDumpFiles(files, source, [&](QByteArrayView bytes) {
-      count(done, data, bytes);
-      if (done.records % rules.batch == 0) {
-        data.commit();
-        committed = done;
-      }
-      rules.progress(done);
+    QString trouble;
+    // One thread reads and understands the records while this one writes the rows before them.
+    RecordQueue queue([&](RecordQueue& rows) {
+      trouble = readDumpFiles(files, source,
+                              [&](QByteArrayView bytes) { return rows.put(rowOf(bytes)); });
     });
+    for (std::vector<std::optional<DiscRow>> rows = queue.take(); !rows.empty();
+         rows = queue.take()) {
+      for (const auto& row : rows) {
+        count(done, data, row);
+        if (done.records % rules.batch == 0) {
+          data.commit();
+          committed = done;
+        }
+        rules.progress(done);
+      }
+    }
     data.commit();
     done.trouble = trouble;
     return done;

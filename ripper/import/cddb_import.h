@@ -15,7 +15,7 @@ struct CddbImport {
 
 struct CddbImportRules {
   // A transaction of each file every so many records: so many at most are lost when it is killed.
-  int batch = 20'000;
+  int batch = 100'000;
   std::function<void(const CddbImport&)> progress = [](const CddbImport&) {};  // every record
 };
 

@@ -13,17 +13,20 @@ constexpr qint64 kLongestRecord = 1 << 20;  // bytes
 constexpr int kDeepest = 16;                // folders in folders, where links may go round
 constexpr size_t kBlock = 1 << 18;
 
-using Take = std::function<void(QByteArrayView)>;
+using Take = std::function<bool(QByteArrayView)>;
 
-void walk(const FileSystem& files, const QString& folder, int depth, const Take& take) {
+// False when no more are wanted.
+bool walk(const FileSystem& files, const QString& folder, int depth, const Take& take) {
   QStringList names = files.Files(folder);
   names.sort();  // which of two records with one identifier is kept does not hang on the disk
   for (const QString& name : names)
-    take(files.read(folder + u'/' + name, kLongestRecord).value_or(QByteArray()));
+    if (!take(files.read(folder + u'/' + name, kLongestRecord).value_or(QByteArray())))
+      return false;
   QStringList folders = files.SubFolders(folder);
   folders.sort();
   for (const QString& name : folders)
-    if (depth < kDeepest) walk(files, folder + u'/' + name, depth + 1, take);
+    if (depth < kDeepest && !walk(files, folder + u'/' + name, depth + 1, take)) return false;
+  return true;
 }
 
 struct Close {
@@ -58,12 +61,9 @@ QString readTar(const QString& path, const Take& take) {
     if (code < ARCHIVE_WARN) return trouble();
     if (archive_entry_filetype(entry) != AE_IFREG) continue;
     const qint64 size = archive_entry_size(entry);
-    if (size > kLongestRecord) {
-      take({});
-    } else {
-      if (!readEntry(tar.get(), size, bytes)) return trouble();
-      take(bytes);
-    }
+    const bool tooLong = size > kLongestRecord;
+    if (!tooLong && !readEntry(tar.get(), size, bytes)) return trouble();
+    if (!take(tooLong ? QByteArrayView() : QByteArrayView(bytes))) return {};
   }
 }
 

@@ -8,9 +8,9 @@
 
 namespace korvane {
 
-// Hands each file to `take`, whose bytes go with the call; one that is longer than a record can be
-// comes empty. Empty, or why it was not read to its end, in words.
+// Hands each file to `take`, whose bytes go with the call, until that says false; one that is
+// longer than a record can be comes empty. Empty, or why it was not read to its end, in words.
 QString readDumpFiles(const FileSystem& files, const QString& path,
-                      const std::function<void(QByteArrayView)>& take);
+                      const std::function<bool(QByteArrayView)>& take);
 
 }  // namespace korvane

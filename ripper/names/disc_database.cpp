@@ -48,18 +48,24 @@ const std::string& titleColumns() {
   return columns;
 }
 
-void insertDisc(sql::Connection& database, const QString& discId, const QString& artist,
-                const QString& album, const QStringList& titles) {
+QByteArrayList discColumns(const QString& artist, const QString& album, const QStringList& titles) {
+  QByteArrayList columns{cut(artist, kWidth).toUtf8(), cut(album, kWidth).toUtf8()};
+  for (const QString& title : titles.first(std::min<qsizetype>(titles.size(), DiscNames::kTitles)))
+    columns << cut(title, kWidth).toUtf8();
+  return columns;
+}
+
+void insertDisc(sql::Connection& database, const QByteArray& discId,
+                const QByteArrayList& columns) {
   static const std::string statement = [] {
     QByteArrayList parameters;
     for (int i = 1; i <= 3 + DiscNames::kTitles; ++i) parameters << "?" + QByteArray::number(i);
     return "INSERT INTO cdData (DISCID, Artist, Album, " + titleColumns() + ") VALUES (" +
            parameters.join(", ").toStdString() + ")";
   }();
-  sql::Run row = database.run(statement, discId, cut(artist, kWidth), cut(album, kWidth));
-  int parameter = 4;
-  for (const QString& title : titles.first(std::min<qsizetype>(titles.size(), DiscNames::kTitles)))
-    row.bind(parameter++, cut(title, kWidth));
+  sql::Run row = database.run(statement, QByteArrayView(discId));
+  int parameter = 2;
+  for (const QByteArray& column : columns) row.bind(parameter++, QByteArrayView(column));
   row.step();
 }
 

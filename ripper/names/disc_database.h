@@ -16,10 +16,12 @@ bool makeDiscDatabase(FileSystem& files, const QString& path, QString* error);
 // t0, t1... to t34, with commas between.
 const std::string& titleColumns();
 
-// A row of the open database: titles of track 1 on, of which the first 35 are kept, each column cut
-// at its width. Throws DatabaseError.
-void insertDisc(sql::Connection& database, const QString& discId, const QString& artist,
-                const QString& album, const QStringList& titles);
+// The columns behind the identifier, UTF-8, each cut at its width: artist, album and the titles of
+// track 1 on, of which the first 35 are kept.
+QByteArrayList discColumns(const QString& artist, const QString& album, const QStringList& titles);
+
+// A row of the open database. Throws DatabaseError.
+void insertDisc(sql::Connection& database, const QByteArray& discId, const QByteArrayList& columns);
 
 // The failure in words for the user: what happened, to which file, what to do.
 QString discDatabaseTrouble(const DatabaseError& failure, const QString& path);

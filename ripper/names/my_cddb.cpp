@@ -18,7 +18,7 @@ bool insertMyDisc(const QString& home, const QString& discId, const QString& art
   }
   try {
     sql::Connection database(path, sql::Connection::ReadWrite);
-    insertDisc(database, discId, artist, album, titles);
+    insertDisc(database, discId.toUtf8(), discColumns(artist, album, titles));
     return true;
   } catch (const DatabaseError& failure) {
     *error = discDatabaseTrouble(failure, path);
