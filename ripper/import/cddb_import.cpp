@@ -37,8 +37,8 @@ CddbImport importCddb(FileSystem& files, const QString& source, const QString& d
       trouble = readDumpFiles(files, source,
                               [&](QByteArrayView bytes) { return rows.put(rowOf(bytes)); });
     });
-    for (std::vector<std::optional<DiscRow>> rows = queue.take(); !rows.empty();
-         rows = queue.take()) {
+    RecordQueue::Rows rows;
+    while (!(rows = queue.take(std::move(rows))).empty()) {
       for (const auto& row : rows) {
         count(done, data, row);
         if (done.records % rules.batch == 0) {

@@ -31,15 +31,20 @@ bool RecordQueue::put(std::optional<DiscRow> row) {
 }
 
 bool RecordQueue::pass() {
+  std::deque<Rows> spent;
   std::unique_lock lock(mutex_);
   wake_.wait(lock, [&] { return unwanted_ || ready_.size() < kMostReady; });
+  spent.swap(spent_);
   if (!gathered_.empty()) ready_.push_back(std::exchange(gathered_, {}));
   wake_.notify_all();
-  return !unwanted_;
+  const bool wanted = !unwanted_;
+  lock.unlock();
+  return wanted;
 }
 
-RecordQueue::Rows RecordQueue::take() {
+RecordQueue::Rows RecordQueue::take(Rows spent) {
   std::unique_lock lock(mutex_);
+  spent_.push_back(std::move(spent));
   wake_.wait(lock, [&] { return filled_ || !ready_.empty(); });
   if (ready_.empty()) return {};
   Rows rows = std::move(ready_.front());

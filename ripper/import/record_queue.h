@@ -31,8 +31,9 @@ class RecordQueue {
 
   // Waits for room. False when no more are wanted.
   bool put(std::optional<DiscRow> row);
-  // Waits for some. Empty behind the last; fill() has ended then.
-  Rows take();
+  // Waits for some. Empty behind the last; fill() has ended then. `spent` goes back to the thread
+  // that made it: memory that one thread takes and another gives back makes both wait.
+  Rows take(Rows spent);
 
  private:
   bool pass();  // hands over what was put together
@@ -40,7 +41,7 @@ class RecordQueue {
   Rows gathered_;     // by the filling thread alone
   std::mutex mutex_;  // of the rest
   std::condition_variable wake_;
-  std::deque<Rows> ready_;
+  std::deque<Rows> ready_, spent_;
   bool filled_ = false, unwanted_ = false;
   std::thread thread_;
 };

@@ -20,6 +20,8 @@ struct Raw {
 
 // A value's text: its escapes are "\n", "\t" and "\\", and what breaks a line is a blank.
 QString text(const QByteArray& value) {
+  const auto isPlain = [](char c) { return c >= ' ' && c < 0x7F && c != '\\'; };
+  if (std::all_of(value.begin(), value.end(), isPlain)) return QString::fromLatin1(value).trimmed();
   QByteArray plain;
   plain.reserve(value.size());
   for (qsizetype i = 0; i < value.size(); ++i) {
