@@ -19,8 +19,9 @@ bool parseWindow(const QString& text, CommandLine& line) {
 
 QString CommandLine::usage() {
   return u"korvane [--home DIR] [--windowed[=WxH[+X+Y]]] [--control SOCKET]\n"
-         "        [--check-theme] [--scan DIR] [--list artists|albums|songs] [--version] "
-         "[--help]\n\n"
+         "        [--check-theme] [--scan DIR] [--list artists|albums|songs] "
+         "[--import-cddb PATH]\n"
+         "        [--version] [--help]\n\n"
          "  --home DIR        the program directory: settings, database, themes and log\n"
          "  --windowed[=WxH]  a window in place of the full screen, 1280x800 without one;\n"
          "                    +X+Y is its place on the screen\n"
@@ -28,6 +29,10 @@ QString CommandLine::usage() {
          "  --check-theme     lists what the theme lacks, and what is too small or too faint\n"
          "  --scan DIR        adds the songs below DIR to the library and ends\n"
          "  --list WHAT       prints artists, albums or songs of the library and ends\n"
+         "  --import-cddb PATH\n"
+         "                    brings the disc names of a freedb or gnudb dump, a tar or a "
+         "directory\n"
+         "                    of records, into the databases of CDDBPath and ends\n"
          "  --version         prints the version\n"
          "  --help            prints this\n"_s;
 }
@@ -54,12 +59,13 @@ std::optional<CommandLine> CommandLine::parse(const QStringList& arguments, QStr
         return std::nullopt;
       }
     } else if (name == "--home"_L1 || name == "--control"_L1 || name == "--scan"_L1 ||
-               name == "--list"_L1) {
+               name == "--list"_L1 || name == "--import-cddb"_L1) {
       if (!operand()) return std::nullopt;
       QString& target = name == "--home"_L1      ? line.home
                         : name == "--control"_L1 ? line.control
                         : name == "--scan"_L1    ? line.scan
-                                                 : line.list;
+                        : name == "--list"_L1    ? line.list
+                                                 : line.importCddb;
       target = value;
     } else if (name == "--check-theme"_L1) {
       line.checkTheme = true;

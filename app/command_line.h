@@ -17,8 +17,9 @@ struct CommandLine {
   std::optional<QPoint> place;  // of the window; the desktop's choice without one
   QString control;              // --control SOCKET
   bool checkTheme = false;
-  QString scan;  // --scan DIR
-  QString list;  // --list artists|albums|songs
+  QString scan;        // --scan DIR
+  QString list;        // --list artists|albums|songs
+  QString importCddb;  // --import-cddb PATH
   bool version = false, help = false;
 
   // Nothing with `error` in words when an argument is not understood.

@@ -135,7 +135,8 @@ int run(int argc, char** argv) {
                                                 : u"korvane " KORVANE_VERSION "\n"_s));
     return 0;
   }
-  const bool tool = !line->scan.isEmpty() || !line->list.isEmpty() || line->checkTheme;
+  const bool tool = !line->scan.isEmpty() || !line->list.isEmpty() || !line->importCddb.isEmpty() ||
+                    line->checkTheme;
   if (tool) qputenv("QT_QPA_PLATFORM", "offscreen");
   QApplication application(argc, argv);
   QApplication::setApplicationName(u"korvane"_s);
@@ -152,6 +153,7 @@ int run(int argc, char** argv) {
   if (first) scanStarterSongs(home, files, pump);
   if (!line->list.isEmpty()) return listLibrary(home, line->list);
   if (!line->scan.isEmpty()) return scanDirectory(home, line->scan, files, pump);
+  if (!line->importCddb.isEmpty()) return importDiscNames(home, line->importCddb, files, pump);
   if (line->checkTheme) return checkTheme(home, files, pump);
   return show(*line, home, files, pump, gate);
 }

@@ -3,12 +3,15 @@
 #include <unistd.h>
 
 #include <QDir>
+#include <QElapsedTimer>
 
 #include <cstdio>
 
 #include "core/app_state.h"
 #include "core/settings.h"
 #include "library/scan/scanner.h"
+#include "ripper/import/cddb_import.h"
+#include "ripper/names/cls_cddb.h"
 
 namespace korvane {
 namespace {
@@ -41,6 +44,20 @@ struct PrintedScan : ScanEvents {
   bool progress;
 };
 
+// Prints how far an import is: in place on a terminal, else a line now and then.
+struct PrintedImport {
+  PrintedImport() { sinceLine.start(); }
+  void operator()(const CddbImport& at) {
+    if (sinceLine.elapsed() < (terminal ? 200 : 10'000)) return;
+    sinceLine.start();
+    std::fprintf(stderr, "%s%d records, %d discs added%s", terminal ? "\r" : "", at.records,
+                 at.added, terminal ? "" : "\n");
+    std::fflush(stderr);
+  }
+  const bool terminal = isatty(STDERR_FILENO) != 0;
+  QElapsedTimer sinceLine;
+};
+
 ScanResult scan(const QString& home, const QString& directory, FileSystem& files, Pump& pump,
                 ScanEvents& events) {
   const AppState state;
@@ -69,6 +86,21 @@ int scanDirectory(const QString& home, const QString& directory, FileSystem& fil
   return 0;
 } catch (const std::exception& failure) {
   return complain(QString::fromUtf8(failure.what()));
+}
+
+int importDiscNames(const QString& home, const QString& dump, FileSystem& files, Pump& pump) {
+  const AppState state;
+  const Settings settings(files, pump, state, home);
+  PrintedImport printed;
+  QElapsedTimer time;
+  time.start();
+  const CddbImport done =
+      importCddb(files, QDir(dump).absolutePath(), cddbDirectory(home, settings.str(key::CDDBPath)),
+                 {.progress = std::ref(printed)});
+  std::printf("%s%d records: %d discs added, %d known, %d bad, %.2f s\n",
+              printed.terminal ? "\n" : "", done.records, done.added, done.known, done.bad,
+              static_cast<double>(time.elapsed()) / 1000);
+  return done.trouble.isEmpty() ? 0 : complain(done.trouble);
 }
 
 void scanStarterSongs(const QString& home, FileSystem& files, Pump& pump) try {

@@ -38,6 +38,7 @@ constexpr Mode kModes[] = {
     {"movie-bare", "FILE", korvane::benchBareMovie},
     {"thumbs", "", korvane::benchThumbs},
     {"turns", "", korvane::benchTurns},
+    {"cddb", "", korvane::benchCddb},
     {"showpicture", "", korvane::benchShowPicture},
     {"sheet", "HOME", korvane::benchSheet},
     {"show", "HOME", korvane::benchShow},

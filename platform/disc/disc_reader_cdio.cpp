@@ -33,18 +33,6 @@ struct Destroy {
 using OpenDisc = std::unique_ptr<CdIo_t, Destroy>;
 using OwnedText = std::unique_ptr<char, Destroy>;
 
-QByteArray pathOf(const QString& source) {
-  if (!source.isEmpty()) return fromPath(source);
-  const std::lock_guard lock(cdio);
-  const OwnedText found(cdio_get_default_device(nullptr));
-  return found ? QByteArray(found.get()) : QByteArray();
-}
-
-bool isDevice(const QByteArray& path) {
-  struct stat is {};
-  return stat(path.constData(), &is) == 0 && S_ISBLK(is.st_mode);
-}
-
 OpenDisc openDisc(const QByteArray& path) {  // under the lock
   return OpenDisc(cdio_open(path.constData(), isDevice(path) ? DRIVER_DEVICE : DRIVER_BINCUE));
 }
@@ -196,9 +184,21 @@ class CdioSectors final : public SectorReader {
 
 }  // namespace
 
+QByteArray discPath(const QString& source) {
+  if (!source.isEmpty()) return fromPath(source);
+  const std::lock_guard lock(cdio);
+  const OwnedText found(cdio_get_default_device(nullptr));
+  return found ? QByteArray(found.get()) : QByteArray();
+}
+
+bool isDevice(const QByteArray& path) {
+  struct stat is {};
+  return stat(path.constData(), &is) == 0 && S_ISBLK(is.st_mode);
+}
+
 DiscLook DiscReaderCdio::look(const QString& source, const DiscLook& before) {
   takeCdioComplaint();
-  const QByteArray path = pathOf(source);
+  const QByteArray path = discPath(source);
   if (path.isEmpty()) return nothing(DiscLook::NoDrive, u"This machine has no CD drive."_s);
   struct stat is {};
   const bool device =
@@ -208,7 +208,7 @@ DiscLook DiscReaderCdio::look(const QString& source, const DiscLook& before) {
 
 std::unique_ptr<SectorReader> DiscReaderCdio::sectors(const QString& source) {
   takeCdioComplaint();
-  const QByteArray path = pathOf(source);
+  const QByteArray path = discPath(source);
   if (!isDevice(path) && !sheetTrouble(path).isEmpty()) return nullptr;
   const std::lock_guard lock(cdio);
   OpenDisc disc = openDisc(path);
@@ -217,7 +217,7 @@ std::unique_ptr<SectorReader> DiscReaderCdio::sectors(const QString& source) {
 
 void DiscReaderCdio::eject(const QString& source) {
   takeCdioComplaint();
-  const QByteArray path = pathOf(source);
+  const QByteArray path = discPath(source);
   if (!isDevice(path)) return;
   const std::lock_guard lock(cdio);
   cdio_eject_media_drive(path.constData());

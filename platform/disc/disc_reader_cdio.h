@@ -15,4 +15,9 @@ class DiscReaderCdio final : public DiscReader {
   void eject(const QString& source) override;
 };
 
+// The file that a source is, in bytes of the disk: the machine's first CD drive for an empty one,
+// empty when it has none. May wait as the reader's calls do.
+QByteArray discPath(const QString& source);
+bool isDevice(const QByteArray& path);
+
 }  // namespace korvane

@@ -20,6 +20,13 @@ struct DiscNames {
   std::array<QString, kTitles> titles;  // of track 1 on
 };
 
+// Where the databases are. `directory` of the five is what key CDDBPath says, "NO" and blank being
+// the program directory.
+using CdDataPaths = std::array<QString, 5>;
+QString myCddbPath(const QString& home);
+QString cddbDirectory(const QString& home, const QString& cddbPath);
+CdDataPaths cdDataPaths(const QString& directory);
+
 class clscddb {
  public:
   struct Uses {  // all outlive the object
@@ -45,6 +52,8 @@ class clscddb {
 
  private:
   const Uses uses_;
+  const CdDataPaths paths_;
+  std::array<bool, 5> there_{};  // when this was made
 };
 
 }  // namespace korvane
