@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <cstring>
 
+#include "bench/bench_ftp.h"
 #include "bench/bench_library.h"
 #include "bench/bench_movies.h"
 #include "bench/bench_music.h"
@@ -39,6 +40,7 @@ constexpr Mode kModes[] = {
     {"thumbs", "", korvane::benchThumbs},
     {"turns", "", korvane::benchTurns},
     {"showpicture", "", korvane::benchShowPicture},
+    {"ftp", "", korvane::benchFtp},
 };
 
 int usage() {

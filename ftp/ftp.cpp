@@ -60,8 +60,8 @@ FtpClient::Result cFTP::run(Order order, const std::function<void()>& meanwhile)
 
 bool cFTP::failed(const FtpClient::Result& result, const QString& label) {
   if (!result.said.isEmpty()) return refused(result.said);
-  return refused(u"%1 error code: %2 Message: %3"_s.arg(label, QString::number(result.number),
-                                                        result.text));
+  return refused(
+      u"%1 error code: %2 Message: %3"_s.arg(label, QString::number(result.number), result.text));
 }
 
 bool cFTP::refused(const QString& why) {
@@ -249,16 +249,15 @@ bool cFTP::FTPDownloadFile(const QString& local, const QString& remote) {
   return receive(to, path, size, item ? item->modified.toString(Qt::ISODate) : QString(), true);
 }
 
-bool cFTP::fetch(const QString& local, const QByteArray& remote, qint64 size,
-                 const QString& date) {
+bool cFTP::fetch(const QString& local, const QByteArray& remote, qint64 size, const QString& date) {
   return receive(local, remote, size, date, false);
 }
 
-bool cFTP::receive(const QString& local, const QByteArray& remote, qint64 size,
-                   const QString& date, bool single) {
+bool cFTP::receive(const QString& local, const QByteArray& remote, qint64 size, const QString& date,
+                   bool single) {
   const bool safe = uses_.safe();
-  const QStringList identity = {server_, QString::fromLatin1(remote.toHex()),
-                                QString::number(size), date};
+  const QStringList identity = {server_, QString::fromLatin1(remote.toHex()), QString::number(size),
+                                date};
   const auto target = std::make_shared<LocalTarget>(
       uses_.calls, local, safe ? LocalTarget::Partial : LocalTarget::InPlace,
       identity.join(u'\n').toUtf8());

@@ -26,7 +26,7 @@ class cFTP {
 
   // Raised for each block and once at the end.
   std::function<void(qint64 bytesSoFar, qint64 fileSize)> FileTransferProgress = [](qint64,
-                                                                                   qint64) {};
+                                                                                    qint64) {};
 
   // Unless it says otherwise an operation is true on success, and leaves GetLastErrorMessage on a
   // failure. All but the setters yield.

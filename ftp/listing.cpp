@@ -165,8 +165,9 @@ class Reader {
     if (iso.size() == 3 && iso[0].size() == 4) {
       const QTime at = timeOf(second);
       if (!at.isValid() || number(iso[0]) < 0) return false;
-      setTime(item, {static_cast<int>(number(iso[0])), static_cast<int>(number(iso[1])),
-                     static_cast<int>(number(iso[2]))},
+      setTime(item,
+              {static_cast<int>(number(iso[0])), static_cast<int>(number(iso[1])),
+               static_cast<int>(number(iso[2]))},
               at, first);
       line = rest;
       return true;
@@ -219,9 +220,9 @@ class Reader {
     constexpr struct {
       uint bit;
       cDirItem::Attribute attribute;
-    } kBits[] = {{0x1, cDirItem::ReadOnly},   {0x2, cDirItem::Hidden},
-                 {0x4, cDirItem::System},     {0x20, cDirItem::Archive},
-                 {0x80, cDirItem::Normal},    {0x100, cDirItem::Temporary},
+    } kBits[] = {{0x1, cDirItem::ReadOnly},     {0x2, cDirItem::Hidden},
+                 {0x4, cDirItem::System},       {0x20, cDirItem::Archive},
+                 {0x80, cDirItem::Normal},      {0x100, cDirItem::Temporary},
                  {0x800, cDirItem::Compressed}, {0x1000, cDirItem::Offline}};
     const uint bits = value.toUInt(nullptr, 0);
     for (const auto& [bit, attribute] : kBits)
@@ -230,7 +231,8 @@ class Reader {
 
   bool add(cDirItem item, QByteArrayView name, bool folder, bool writable) {
     item.bytes = name.first(std::max<qsizetype>(
-        0, name.indexOf('\0') < 0 ? name.size() : name.indexOf('\0'))).toByteArray();
+                                0, name.indexOf('\0') < 0 ? name.size() : name.indexOf('\0')))
+                     .toByteArray();
     if (item.bytes.isEmpty()) return false;
     if (item.bytes == "." || item.bytes == "..") return true;
     item.fileName = ftpText(item.bytes);

@@ -56,7 +56,8 @@ bool LocalTarget::check(bool succeeded) {
   return succeeded && !failure_;
 }
 
-bool LocalTarget::open(qint64 most) {
+bool LocalTarget::open(qint64 wanted) {
+  wanted_ = wanted;
   if (kind_ == Partial) removeOthers(calls_, path_, written_);
   int flags = O_WRONLY | O_CREAT | O_CLOEXEC;
   if (kind_ == Emptied) flags |= O_TRUNC;
@@ -67,12 +68,16 @@ bool LocalTarget::open(qint64 most) {
   struct stat status {};
   if (!check(calls_.fstat(file_, &status) == 0)) return false;
   had_ = status.st_size;
-  if (had_ <= most) return true;
+  if (had_ <= wanted) return true;
   had_ = 0;
   return check(::ftruncate(file_, 0) == 0);
 }
 
 bool LocalTarget::put(QByteArrayView bytes) {
+  if (kind_ == InPlace) {
+    bytes = bytes.first(std::min<qsizetype>(bytes.size(), wanted_));
+    wanted_ -= bytes.size();
+  }
   return check(writeAll(calls_, file_, bytes));
 }
 

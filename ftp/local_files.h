@@ -11,8 +11,8 @@ namespace korvane {
 class LocalTarget : public FtpSink {
  public:
   enum Kind {
-    InPlace,  // written from its first byte on; a longer file keeps its tail
-    Emptied,  // the same, of an emptied file
+    InPlace,  // written from its first byte on, as far as was wanted; a longer file keeps its tail
+    Emptied,  // an emptied file, for all that comes
     Partial,  // beside it, and in its place when whole: until then the old file stands
   };
   // `identity` tells a partial file what it is part of: one that an earlier transfer of the same
@@ -21,13 +21,13 @@ class LocalTarget : public FtpSink {
   ~LocalTarget() override;  // what is not finished stays as far as it came
   LocalTarget(const LocalTarget&) = delete;
 
-  bool open(qint64 most);         // `most` bytes are wanted: a longer partial file begins anew
+  bool open(qint64 wanted);            // so many bytes; a partial file that is longer begins anew
   qint64 had() const { return had_; }  // bytes of a partial file that is gone on with
   bool put(QByteArrayView bytes) override;
   // Gives the file its name. `safely`: on the disk first, and the name too.
   bool finish(bool safely);
-  void discard();                 // a partial file that nobody will go on with
-  QString trouble() const;        // in words; empty where there was none
+  void discard();           // a partial file that nobody will go on with
+  QString trouble() const;  // in words; empty where there was none
 
  private:
   bool check(bool succeeded);
@@ -38,7 +38,8 @@ class LocalTarget : public FtpSink {
   QByteArray target_, written_;  // paths
   int file_ = -1;
   qint64 had_ = 0;
-  int failure_ = 0;  // errno
+  qint64 wanted_ = 0;  // bytes that are still to be written in place
+  int failure_ = 0;    // errno
 };
 
 // Where an upload comes from.
