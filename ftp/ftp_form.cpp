@@ -9,8 +9,15 @@
 namespace korvane {
 namespace {
 
-const QString kApplication = u"Korvane"_s, kSection = u"Settings"_s;
 constexpr int kListRow = 38, kListFont = 14;  // in the units of GridHeight and GridFontSize
+
+// What is remembered of the last connection: never the password.
+QString remembered(const Settings& settings, const QString& key) {
+  return settings.GetSetting(u"Korvane"_s, u"Settings"_s, key);
+}
+void remember(Settings& settings, const QString& key, const QString& value) {
+  settings.SaveSetting(u"Korvane"_s, u"Settings"_s, key, value);
+}
 
 // "###,##0.00"
 QString secondsText(qint64 milliseconds) {
@@ -91,8 +98,8 @@ void FtpForm::close() {
 }
 
 void FtpForm::Form_Load() {
-  panel_.txtServer->text = uses_.settings.GetSetting(kApplication, kSection, u"Server"_s);
-  panel_.txtUser->text = uses_.settings.GetSetting(kApplication, kSection, u"User"_s);
+  panel_.txtServer->text = remembered(uses_.settings, u"Server"_s);
+  panel_.txtUser->text = remembered(uses_.settings, u"User"_s);
   panel_.lv->rowHeight = kListRow;
   panel_.lv->fontSize = kListFont;
   panel_.cmdUploadDir->visible = safe();
@@ -159,8 +166,8 @@ void FtpForm::cmdConnect_Click() {
     }
     caption(u"Connected to %1 as %2 at %3"_s.arg(server, user,
                                                  uses_.clock.now().toString(u"hh:mm:ss"_s)));
-    uses_.settings.SaveSetting(kApplication, kSection, u"Server"_s, server);
-    uses_.settings.SaveSetting(kApplication, kSection, u"User"_s, user);
+    remember(uses_.settings, u"Server"_s, server);
+    remember(uses_.settings, u"User"_s, user);
     refresh();
   });
 }

@@ -187,7 +187,8 @@ class Reader {
           now_.date().addDays(1))
         --year;
     }
-    if (!at.isValid() || year < 0 || year > 9999) return false;
+    // What is no year may be the day of a date that begins with the word before.
+    if (!at.isValid() || year < 1900 || year > 9999) return false;
     setTime(item, {static_cast<int>(year), month, static_cast<int>(std::min<qint64>(day, 99))}, at,
             line.first(std::min<qsizetype>(line.size(), 16)));
     line = rest;

@@ -219,9 +219,11 @@ void FtpSession::prepareWhat(Transfer& transfer) {
       return;
     case Order::Download:
       set(CURLOPT_TRANSFERTEXT, order.ascii ? 1L : 0L);
-      if (order.from > 0) set(CURLOPT_RESUME_FROM_LARGE, static_cast<curl_off_t>(order.from));
-      // Who knows the size needs no question for it.
-      if (order.size >= 0) set(CURLOPT_IGNORE_CONTENT_LENGTH, 1L);
+      // Who knows the size needs no question for it; but libcurl resumes with that question alone.
+      if (order.from > 0)
+        set(CURLOPT_RESUME_FROM_LARGE, static_cast<curl_off_t>(order.from));
+      else if (order.size >= 0)
+        set(CURLOPT_IGNORE_CONTENT_LENGTH, 1L);
       return;
     case Order::Upload:
       set(CURLOPT_UPLOAD, 1L);
@@ -295,8 +297,9 @@ void FtpSession::conclude(Transfer& transfer, int number) {
     const FtpReplies::Reply* features = transfer.replies.answer(211);
     facts_ = features && features->text.toUpper().contains("\n MLST");
   } else if (order.what == Order::Enter) {
-    if (const FtpReplies::Reply* path = transfer.replies.answer(257))
-      result.bytes = quotedPath(path->text);
+    // The last one: a connection that had to be made again has asked for its own folder before.
+    if (transfer.replies.last().code == 257)
+      result.bytes = quotedPath(transfer.replies.last().text);
     if (result.bytes.isEmpty()) result.bytes = order.path;
   } else if (order.what == Order::Size) {
     curl_off_t size = -1;

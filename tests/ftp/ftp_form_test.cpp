@@ -11,6 +11,7 @@ using What = FtpClient::Order;
 
 struct FtpFormTest : FormWorld {
   FtpFormTest() {
+    qputenv("HOME", home.path().toUtf8());  // where the chooser begins
     server.listing =
         "-rw-r--r-- 1 u g 600 Jan 12  2020 song one.mp3\ndrwxr-xr-x 1 u g 1 Jan 12  2020 music\n";
     server.files["/song one.mp3"] = QByteArray(600, 'x');
@@ -28,11 +29,11 @@ struct FtpFormTest : FormWorld {
     form.open();
   }
   static void choose(Form& shown, int row) { controlOf<Grid>(shown, u"lv").row = row; }
-  static void open(Form& shown, int row) {
+  static void openRow(Form& shown, int row) {
     choose(shown, row);
     shown.fire(*shown.find(u"lv"), {Event::DblClick, 1, row});
   }
-  // The chooser comes up next, shows the folder `in` of the home and OK is pressed.
+  // The chooser comes up next; that is done there and OK pressed.
   void chooser(const std::function<void(Form&)>& then) {
     host.onModal(u"frmDirectorys"_s, [then](Form& shown) {
       then(shown);
@@ -134,15 +135,15 @@ TEST_F(FtpFormTest, ARowIsOpenedByTwoTapsAndTheFirstOneLeadsUp) {
       press(shown, QString::fromLatin1(button));
     }
     EXPECT_EQ(messages.texts, QStringList());
-    open(shown, 3);
+    openRow(shown, 3);
     EXPECT_EQ(textOf(shown, u"lblDir"_s), u"Current Directory: /music"_s);
-    open(shown, 1);
+    openRow(shown, 1);
     EXPECT_EQ(textOf(shown, u"lblDir"_s), u"Current Directory: /"_s);
     choose(shown, 3);
     press(shown, u"cmdDownload"_s);  // a folder, and they go by FtpSafe alone
     EXPECT_EQ(messages.texts, QStringList());
     chooser([](Form& save) { type(save, u"txtListenerDrive"_s, u"here.mp3"_s); });
-    open(shown, 2);
+    openRow(shown, 2);
     EXPECT_TRUE(messages.texts.last().startsWith(u"Download complete in 0."_s));
     EXPECT_FALSE(canPress(shown, u"cmdUploadDir"_s));
   });
@@ -161,7 +162,6 @@ TEST_F(FtpFormTest, FilesGoUpAndDownWithABarAndOneAtATime) {
       EXPECT_EQ(textOf(save, u"txtListenerDrive"_s), u"old.mp3"_s);
     });
     messages.answers = {Messages::Yes};
-    double shownAt = 0;
     choose(shown, 2);
     pump.duringYield = [&] {
       pump.duringYield = [&] {
@@ -169,7 +169,6 @@ TEST_F(FtpFormTest, FilesGoUpAndDownWithABarAndOneAtATime) {
         EXPECT_TRUE(pb.visible());
         EXPECT_TRUE(screen.busy());
         EXPECT_EQ(textOf(shown, u"cmdCancel"_s), u"Cancel"_s);
-        shownAt = pb.value();
       };
     };
     press(shown, u"cmdDownload"_s);
@@ -181,7 +180,7 @@ TEST_F(FtpFormTest, FilesGoUpAndDownWithABarAndOneAtATime) {
     EXPECT_FALSE(pb.visible());
     EXPECT_FALSE(screen.busy());
 
-    chooser([](Form& open) { controlOf<Grid>(open, u"File1").row = 1; });
+    chooser([](Form& chosen) { controlOf<Grid>(chosen, u"File1").row = 1; });
     press(shown, u"cmdUpload"_s);
     EXPECT_TRUE(messages.texts.last().startsWith(u"Upload complete in "_s));
     EXPECT_EQ(server.files["/old.mp3"].size(), 600);
@@ -193,7 +192,6 @@ TEST_F(FtpFormTest, FilesGoUpAndDownWithABarAndOneAtATime) {
 
 TEST_F(FtpFormTest, ACancelledTransferAndAnEvilNameAreSaid) {
   given(key::FtpSafe, u"YES"_s);
-  qputenv("HOME", home.path().toUtf8());
   server.listing += "-rw-r--r-- 1 u g 600 Jan 12  2020 ../evil\n";
   server.piece = 10;
   connected([this](Form& shown) {

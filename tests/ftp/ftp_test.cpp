@@ -13,6 +13,7 @@ using What = FtpClient::Order;
 
 struct FtpTest : FormWorld {
   FtpTest() {
+    ftp.SetTransferBinary();
     ftp.FileTransferProgress = [this](qint64 bytes, qint64 size) {
       events << u"%1/%2"_s.arg(bytes).arg(size);
       if (onEvent) onEvent();
