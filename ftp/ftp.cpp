@@ -287,7 +287,8 @@ bool cFTP::receive(const QString& local, const QByteArray& remote, qint64 size, 
   if (safe && !ascii_ && job.done > size) {
     target->discard();
     return refused(
-        u"The server told of %1 bytes and sent %2. Nothing was changed here: refresh the list and "
+        u"The server announced %1 bytes and sent %2. Nothing was changed here: refresh the list "
+        u"and "
         "try again."_s.arg(QString::number(size), QString::number(job.done)));
   }
   if (!target->finish(safe && single)) return refused(target->trouble());

@@ -12,11 +12,11 @@ struct FakeFtpServer {
   std::map<QByteArray, QByteArray> files;  // by path
   QByteArray listing;                      // of every folder, in the form of ls
   QByteArray folder = "/";                 // where a session begins
-  std::map<QByteArray, qint64> sizes;      // told in place of the true ones
+  std::map<QByteArray, qint64> sizes;      // given in place of the true ones
   std::map<FtpClient::Order::What, FtpClient::Result> failures;
   qint64 breakAfter = -1;  // a transfer breaks behind so many bytes, once
   qint64 piece = 1000;
-  bool knowsSizes = true;  // else SIZE is not told
+  bool knowsSizes = true;  // else SIZE gives none
   QStringList orders;      // what was asked for
   FtpClient::Login login;
 };
@@ -75,7 +75,7 @@ class FakeFtpClient : public FtpClient {
         return true;
       case Order::Size:
         if (!known) return fails(kNotFound, u"Remote file not found"_s);
-        if (server_.knowsSizes) result_.size = toldSize();
+        if (server_.knowsSizes) result_.size = announcedSize();
         return true;
       case Order::List:
         result_.bytes = server_.listing;
@@ -94,7 +94,7 @@ class FakeFtpClient : public FtpClient {
     }
     return true;
   }
-  qint64 toldSize() const {
+  qint64 announcedSize() const {
     const auto lie = server_.sizes.find(order_.path);
     return lie != server_.sizes.end() ? lie->second : server_.files[order_.path].size();
   }

@@ -93,7 +93,7 @@ TEST_F(FtpTest, ALongerFileKeepsItsTailUnlessDownloadsArePartial) {
   const QString path = home.put(u"f"_s, "older one");
   EXPECT_TRUE(ftp.FTPDownloadFile(path, u"f"_s));
   EXPECT_EQ(home.get(u"f"_s), "newer one");
-  server.sizes["/f"] = 2;  // more comes than was told: as much as was told is taken
+  server.sizes["/f"] = 2;  // more comes than was announced: that much is taken
   server.files["/f"] = "NEWEST";
   EXPECT_TRUE(ftp.FTPDownloadFile(path, u"f"_s));
   EXPECT_EQ(home.get(u"f"_s), "NEwer one");
@@ -101,7 +101,7 @@ TEST_F(FtpTest, ALongerFileKeepsItsTailUnlessDownloadsArePartial) {
   EXPECT_FALSE(ftp.FTPDownloadFile(path, u"f"_s));
   EXPECT_EQ(
       ftp.GetLastErrorMessage(),
-      u"The server told of 2 bytes and sent 6. Nothing was changed here: refresh the list and "
+      u"The server announced 2 bytes and sent 6. Nothing was changed here: refresh the list and "
       "try again."_s);
   EXPECT_EQ(partials(), QStringList());
   server.sizes.clear();
@@ -170,7 +170,7 @@ TEST_F(FtpTest, EachFailureHasItsLabelUnlessTheServerHasSpoken) {
         ftp.GetLastErrorMessage().startsWith(QLatin1StringView(label) + u" error code: 56"_s))
         << ftp.GetLastErrorMessage().toStdString();
   }
-  server.files["/f"] = "x";  // fewer than was told
+  server.files["/f"] = "x";  // fewer than announced
   server.sizes["/f"] = 600;
   EXPECT_FALSE(ftp.FTPDownloadFile(local, u"f"_s));
   EXPECT_EQ(ftp.GetLastErrorMessage(),

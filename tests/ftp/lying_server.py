@@ -2,7 +2,7 @@
 
 Folders: / with the files below; /many of 100,000 entries; /half whose listing is cut within a line; /names with
 names that lead elsewhere. With the argument `facts` it offers MLSD.
-Files: short tells more than it sends, long less; broken ends within its data, twice, and honours REST; good does
+Files: short announces more than it sends, long less; broken ends within its data, twice, and honours REST; good does
 neither; slow comes drop by drop; silent is never answered."""
 import socket
 import sys
@@ -11,7 +11,7 @@ import time
 
 FACTS = "facts" in sys.argv
 BODY = bytes(i * 7 % 251 for i in range(100_000))
-TOLD = {"short": len(BODY), "long": 10, "broken": len(BODY), "good": len(BODY), "slow": len(BODY), "silent": 5}
+ANNOUNCED = {"short": len(BODY), "long": 10, "broken": len(BODY), "good": len(BODY), "slow": len(BODY), "silent": 5}
 breaks = [2]
 
 
@@ -29,7 +29,7 @@ def listing(folder):
     if folder == "/names":
         return b"".join(line(name) for name in (b"..", b"../../escaped", b"/etc/escaped", b"a\nb", b"a\rb",
                                                 b"nul\0l", b"\xff\xfe", b"x" * 4000, b"good"))
-    return b"".join(line(name.encode(), size) for name, size in TOLD.items()) + line(b"names", 0, True)
+    return b"".join(line(name.encode(), size) for name, size in ANNOUNCED.items()) + line(b"names", 0, True)
 
 
 class Client:
@@ -73,7 +73,7 @@ class Client:
 
     def do_size(self, name):
         name = name.split("/")[-1]
-        self.say(f"213 {TOLD[name]}" if name in TOLD else "550 no such file")
+        self.say(f"213 {ANNOUNCED[name]}" if name in ANNOUNCED else "550 no such file")
 
     def do_rest(self, offset):
         self.rest = int(offset)
@@ -99,7 +99,7 @@ class Client:
 
     def do_retr(self, name):
         name, offset, self.rest = name.split("/")[-1], self.rest, 0
-        if name not in TOLD:
+        if name not in ANNOUNCED:
             self.say("550 There is no such file.")
         elif name == "silent":
             time.sleep(60)
