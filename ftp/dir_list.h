@@ -2,6 +2,8 @@
 #pragma once
 
 #include <QDateTime>
+#include <QHash>
+#include <vector>
 
 #include "platform/text.h"
 

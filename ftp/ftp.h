@@ -2,6 +2,9 @@
 // of an FtpClient to its end and yields meanwhile, so the screen lives; one at a time.
 #pragma once
 
+#include <functional>
+#include <optional>
+
 #include "ftp/dir_list.h"
 #include "platform/clock.h"
 #include "platform/files/file_calls.h"

@@ -218,7 +218,9 @@ void FtpForm::lv_DblClick(int row) {
   if (row != 1 && !item) return;
   // What a link leads to shows when it is entered.
   if (item && !item->directory() && !item->link) return cmdDownload_Click();
-  const cDirItem entered = item ? *item : cDirItem{.fileName = QString::fromLatin1(kParentRow)};
+  cDirItem entered;
+  entered.fileName = QString::fromLatin1(kParentRow);
+  if (item) entered = *item;
   work([&] {
     const QString before = panel_.lblDir->caption();
     enter(entered);

@@ -1,7 +1,5 @@
 #include "ftp/ftp_rows.h"
 
-#include <QLocale>
-
 namespace korvane {
 
 QString FtpRows::cell(int column, int row) const {

@@ -2,6 +2,9 @@
 // block from "ddd-text" to "ddd text".
 #pragma once
 
+#include <initializer_list>
+#include <vector>
+
 #include "platform/text.h"
 
 namespace korvane {
@@ -9,7 +12,7 @@ namespace korvane {
 class FtpReplies {
  public:
   struct Reply {
-    QByteArray command;  // the verb that it answers, where sent() was told; else empty
+    QByteArray command;  // the verb that it answers, where sent() heard of it; else empty
     int code = 0;
     QByteArray text;  // as it came, all lines, without the last line end
     bool refuses() const { return code >= 400; }

@@ -110,8 +110,8 @@ struct FtpSession::Transfer {
 
 FtpSession::FtpSession(const std::atomic<bool>& cancelled, std::atomic<qint64>& moved)
     : cancelled_(cancelled), moved_(moved) {
-  static std::once_flag once;
-  std::call_once(once, [] { curl_global_init(CURL_GLOBAL_DEFAULT); });
+  static std::once_flag begun;
+  std::call_once(begun, [] { curl_global_init(CURL_GLOBAL_DEFAULT); });
   multi_ = curl_multi_init();
   easy_ = curl_easy_init();
 }

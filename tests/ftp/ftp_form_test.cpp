@@ -28,6 +28,12 @@ struct FtpFormTest : FormWorld {
     });
     form.open();
   }
+  static FtpClient::Result failure(int number, const QString& text) {
+    FtpClient::Result result;
+    result.number = number;
+    result.text = text;
+    return result;
+  }
   static void choose(Form& shown, int row) { controlOf<Grid>(shown, u"lv").row = row; }
   static void openRow(Form& shown, int row) {
     choose(shown, row);
@@ -61,7 +67,7 @@ TEST_F(FtpFormTest, ConnectsListsAndRemembersAllButThePassword) {
     press(shown, u"cmdDownload"_s);
     press(shown, u"cmdRefresh"_s);
     EXPECT_EQ(rows(shown, u"lv"_s), QStringList());
-    server.failures[What::Open] = {.number = 67, .text = u"Login denied"_s};
+    server.failures[What::Open] = failure(67, u"Login denied"_s);
     press(shown, u"cmdConnect"_s);
     EXPECT_EQ(messages.texts.last(), u"InternetConnect error code: 67 Message: Login denied"_s);
     EXPECT_EQ(shown.caption(), u"Not Connected."_s);
@@ -120,7 +126,8 @@ TEST_F(FtpFormTest, SaysWhatWasDoneInItsOwnWords) {
       EXPECT_TRUE(messages.texts.first().contains(u"Are you sure you want to delete "_s));
       EXPECT_EQ(messages.texts.last(), said);
     }
-    server.failures[What::Delete] = {.number = 21, .text = u"x"_s, .said = u"550 No."_s};
+    server.failures[What::Delete] = failure(21, u"x"_s);
+    server.failures[What::Delete].said = u"550 No."_s;
     choose(shown, 2);
     messages.answers = {Messages::Yes};
     press(shown, u"cmdDelete"_s);
