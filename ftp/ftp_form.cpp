@@ -253,6 +253,7 @@ void FtpForm::transfer(const QString& doing, const std::function<bool()>& what) 
     panel_.lblStatus->caption = QString();
     which_.clear();
   }
+  if (!form_.shown()) return;  // left meanwhile, and the transfer with it
   if (!good)
     sayFailure();
   else
@@ -405,6 +406,7 @@ void FtpForm::cmdCancel_Click() {
 }
 
 void FtpForm::mFTP_FileTransferProgress(qint64 bytesSoFar, qint64 fileSize) {
+  if (!form_.shown()) mFTP_.cancel();  // the window goes
   constexpr qint64 kSteps = 1000;  // more of them no bar can show
   if (fileSize > 0 && fileSize >= bytesSoFar) {
     const auto share = static_cast<double>(bytesSoFar) / static_cast<double>(fileSize);

@@ -137,7 +137,9 @@ Result FtpSession::perform(const Order& order) {
     address_ = ftpAddress(login_.server);
     open_ = false;
     if (address_.isEmpty())
-      return failure(CURLE_URL_MALFORMAT, u"“%1” is no address of a server."_s.arg(login_.server));
+      return failure(CURLE_URL_MALFORMAT,
+                     u"“%1” is no address of an FTP server; other protocols, as SFTP, are not "
+                     "spoken here."_s.arg(login_.server));
   } else if (!open_) {
     return failure(CURLE_COULDNT_CONNECT, u"There is no connection."_s);
   }
