@@ -59,7 +59,7 @@ def caption(name):
 
 
 def names():
-    return [row["cells"][0] for row in console.must(cmd="rows", form=form, name="lv")["rows"]]
+    return [row["cells"][0] for row in console.must(cmd="rows", form=form, name="lv", count=5000)["rows"]]
 
 
 def press(name):
@@ -146,7 +146,7 @@ try:
 
     # A long one is cancelled; the next press goes on with it
     with open(served / "long", "wb") as long:
-        long.truncate(6 << 30)
+        long.truncate(3 << 30)
     press("cmdRefresh")
     console.wait_until(lambda: "long" in names(), "the long file")
     choose("long")
