@@ -39,7 +39,6 @@ FtpForm::FtpForm(Uses uses)
                         {u"Size"_s, 18},
                         {u"Last Accessed"_s, 20},
                         {u"Attributes"_s, 16}};
-  panel_.lv->choosesFirst = true;
   form_.on(u"lv", Event::DblClick,
            [this](Control&, const Event& event) { lv_DblClick(event.row); });
   onClick(u"txtServer", [this](int) { textBox_Click(*panel_.txtServer, u"Server"_s, false); });

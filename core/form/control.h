@@ -281,10 +281,6 @@ class Grid : public Control {
   Watched<int> row{*this, Aspect::Active, 1};       // the active row; 0 when none
   Watched<int> topRow{*this, Aspect::Active, 1};    // the first row in view, kept by the face
 
-  // One tap chooses a row and two activate it, whatever SinglePress says: its rows are chosen for
-  // more than one thing. Set before the form is shown.
-  bool choosesFirst = false;
-
   void setRows(std::shared_ptr<const RowSource> source);  // shows these rows from the first
   void setRows(std::vector<RowTable::Row> rows);
   void clear();

@@ -2,6 +2,8 @@
 
 #include <QPaintEvent>
 
+#include "core/form/form.h"
+
 namespace korvane {
 
 GridWidget::GridWidget(Grid& grid, Face& face, QWidget* parent)
@@ -142,7 +144,8 @@ void GridWidget::activate(int column, int row, bool second) {
     fire({Event::ButtonClicked, column, row});
     return;
   }
-  const bool single = face().touch.singlePress && !grid_.choosesFirst;
+  // In a modal form a row is chosen first: it may be wanted for more than one thing.
+  const bool single = face().touch.singlePress && grid_.form.role == FormRole::Main;
   if (second) {
     if (!single) fire({Event::DblClick, column, row});
     return;
