@@ -292,6 +292,7 @@ bool cFTP::receive(const QString& local, const QByteArray& remote, qint64 size, 
         "try again."_s.arg(QString::number(size), QString::number(job.done)));
   }
   if (!target->finish(safe && single)) return refused(target->trouble());
+  const Mark working(busy_);  // for who hears the last event as well
   FileTransferProgress(size, size);
   return true;
 }
@@ -324,6 +325,7 @@ bool cFTP::uploadTo(const QString& local, const QByteArray& remote) {
   const bool good = transfer(job, std::move(order));
   if (good) {
     broken_.remove(remote);
+    const Mark working(busy_);
     FileTransferProgress(job.size, job.size);
     return true;
   }

@@ -165,7 +165,7 @@ TEST_F(FtpFormTest, FilesGoUpAndDownWithABarAndOneAtATime) {
     const Progress& pb = controlOf<Progress>(shown, u"pb");
     chooser([](Form& save) {
       EXPECT_EQ(textOf(save, u"txtListenerDrive"_s), u"song one.mp3"_s);
-      save.fire(*save.find(u"File1"), {Event::Click, 1, 1});
+      tap(save, u"File1"_s, u"old.mp3"_s);
       EXPECT_EQ(textOf(save, u"txtListenerDrive"_s), u"old.mp3"_s);
     });
     messages.answers = {Messages::Yes};

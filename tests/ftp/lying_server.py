@@ -120,8 +120,15 @@ class Client:
         return False
 
 
+def serve(peer):
+    try:
+        Client(peer)
+    except OSError:
+        pass  # gone, as one that was killed is
+
+
 server = socket.create_server(("127.0.0.1", 0))
 print(server.getsockname()[1], flush=True)
 while True:
     accepted = server.accept()[0]
-    threading.Thread(target=lambda peer=accepted: Client(peer), daemon=True).start()
+    threading.Thread(target=serve, args=(accepted,), daemon=True).start()

@@ -43,10 +43,9 @@ class RealServer {
     if (tls) {
       const QString key = directory_.filePath(u"key.pem"_s),
                     own = directory_.filePath(u"own.pem"_s);
-      must(QProcess::execute(u"openssl"_s,
-                             {u"req"_s, u"-x509"_s, u"-newkey"_s, u"rsa:2048"_s, u"-nodes"_s,
-                              u"-quiet"_s, u"-subj"_s, u"/CN=localhost"_s, u"-days"_s, u"2"_s,
-                              u"-keyout"_s, key, u"-out"_s, own}) == 0,
+      must(QProcess::execute(u"openssl"_s, {u"req"_s, u"-x509"_s, u"-newkey"_s, u"rsa:2048"_s,
+                                            u"-nodes"_s, u"-subj"_s, u"/CN=localhost"_s, u"-days"_s,
+                                            u"2"_s, u"-keyout"_s, key, u"-out"_s, own}) == 0,
            "openssl made no certificate");
       lines +=
           "ssl_enable=YES\nallow_anon_ssl=YES\nforce_anon_logins_ssl=YES\n"
