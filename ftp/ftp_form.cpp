@@ -406,7 +406,7 @@ void FtpForm::cmdCancel_Click() {
 
 void FtpForm::mFTP_FileTransferProgress(qint64 bytesSoFar, qint64 fileSize) {
   if (!form_.shown()) mFTP_.cancel();  // the window goes
-  constexpr qint64 kSteps = 1000;  // more of them no bar can show
+  constexpr qint64 kSteps = 1000;      // more of them no bar can show
   if (fileSize > 0 && fileSize >= bytesSoFar) {
     const auto share = static_cast<double>(bytesSoFar) / static_cast<double>(fileSize);
     panel_.pb->value = std::floor(share * kSteps) * 100 / kSteps;
