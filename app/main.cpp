@@ -20,6 +20,7 @@
 #include "platform/machine/login_session.h"
 #include "platform/machine/screen_saver_power.h"
 #include "platform/machine/system_clock.h"
+#include "platform/net/ftp_curl.h"
 #include "platform/net/http_curl.h"
 #include "platform/net/network_linux.h"
 #include "platform/net/winsock_qt.h"
@@ -84,7 +85,7 @@ int show(const CommandLine& line, const QString& home, DiskFileSystem& files, Qt
   NetworkLinux network;
   HttpCurl http(pump);
   const auto makeWinsock = [] { return std::make_unique<WinsockQt>(); };
-  const auto makeFtp = [] { return std::make_unique<FtpClient>(); };
+  const auto makeFtp = [] { return std::make_unique<FtpCurl>(); };
   System system{pump,     clock,    chance, files,   player,  video,       dvd,     stills, imaging,
                 printing, trash,    disc,   ripper,  packets, screenPower, session, mixer,  tray,
                 box,      programs, lock,   network, http,    makeWinsock, makeFtp};

@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <cstring>
 
+#include "bench/bench_ftp.h"
 #include "bench/bench_library.h"
 #include "bench/bench_movies.h"
 #include "bench/bench_music.h"
@@ -42,6 +43,7 @@ constexpr Mode kModes[] = {
     {"showpicture", "", korvane::benchShowPicture},
     {"sheet", "HOME", korvane::benchSheet},
     {"show", "HOME", korvane::benchShow},
+    {"ftp", "", korvane::benchFtp},
 };
 
 int usage() {

@@ -21,6 +21,9 @@ constexpr Rect kNarrowPlaces[] = {{680, 80, 144, 476},
                                   {680, 564, 576, 40},
                                   {680, 608, 576, 40}};
 
+// What a client asks for, and the name of a file to be saved.
+constexpr Rect kAsked{304, 572, 136, 72}, kNamed{304, 572, 952, 72};
+
 constexpr Look kTitle{.text = 36, .bold = true};
 constexpr Look kWhatItDoes{.caption = "What the button does"};
 constexpr Look kCancel{.caption = "Cancel", .cancels = true};
@@ -34,7 +37,7 @@ constexpr InventoryRow kDirectorys[] = {
     {"lblPath", -1, Kind::Label, kPlaces[3], TL, "Folder"},
     {"lblfiles", -1, Kind::Label, kPlaces[4], TL, "Files found"},
     {"lblListener", -1, Kind::Label, {24, 572, 280, 72}, TL, ""},
-    {"txtListenerDrive", -1, Kind::Text, {304, 572, 136, 72}, TL, "Listener Drive Letter"},
+    {"txtListenerDrive", -1, Kind::Text, kAsked, TL, "Listener Drive Letter"},
     {"txtStatus", -1, Kind::Label, {464, 564, 792, 44}, TL, "Status"},
     {"lblRate", -1, Kind::Label, {464, 608, 792, 44}, TL, "Progress"},
     {"frameCustomButton",
@@ -70,7 +73,7 @@ Chooser::Chooser(const DialogUses& dialogs, const FileSystem& files)
            [this](Control&, const Event& event) { Drive1_Change(event.row); });
   form_.on(u"Dir1", Event::Click, [this](Control&, const Event& event) { Dir1_Change(event.row); });
   // What was chosen last counts: an entry or a file.
-  onClick(u"File1", [this](int) { panel_.customSelect->row = 0; });
+  onClick(u"File1", [this](int) { File1_Click(); });
   onClick(u"txtListenerDrive", [this](int) { askInto(*panel_.txtListenerDrive, request_.asks); });
   onClick(u"cmdok", [this](int) { cmdok_Click(); });
   onClick(u"cmdCancel", [this](int) { cmdCancel_Click(); });
@@ -79,6 +82,7 @@ Chooser::Chooser(const DialogUses& dialogs, const FileSystem& files)
 std::optional<QString> Chooser::open(const ChooserRequest& request) {
   if (form_.shown() || working_) return std::nullopt;
   request_ = request;
+  if (request_.kind == ChooserRequest::Save) request_.asks = u"File name"_s;
   chosen_.reset();
   run([this] { Form_Load(); });
   return chosen_;
@@ -90,7 +94,10 @@ void Chooser::Form_Load() {
   panel_.lblRate->caption = QString();
   panel_.lblListener->caption = request_.asks;
   panel_.lblListener->visible = panel_.txtListenerDrive->visible = !request_.asks.isEmpty();
-  panel_.txtListenerDrive->text = QString();
+  panel_.txtListenerDrive->text = request_.name;
+  const bool saves = request_.kind == ChooserRequest::Save;
+  panel_.txtListenerDrive->rect = saves ? kNamed : kAsked;
+  panel_.txtStatus->visible = panel_.lblRate->visible = !saves;
   panel_.Drive1->setRows(rowsOf(files_.volumes()));
   lookWorking(false);
   showEntries();
@@ -153,10 +160,17 @@ void Chooser::Dir1_Change(int row) {
   if (!working_ && row > 0) showFolder(folderAt(path_, panel_.Dir1->cell(1, row)));
 }
 
+void Chooser::File1_Click() {
+  panel_.customSelect->row = 0;
+  if (request_.kind == ChooserRequest::Save)
+    panel_.txtListenerDrive->text = panel_.File1->cell(1, panel_.File1->row());
+}
+
 void Chooser::cmdok_Click() {
   if (working_) return;
   if (request_.work) return doWork();
   if (request_.kind == ChooserRequest::File) return takeFile();
+  if (request_.kind == ChooserRequest::Save) return takeName();
   take(withSeparator(path_));
 }
 
@@ -201,6 +215,15 @@ void Chooser::takeFile() {
     return;
   }
   take(FileSystem::BuildPath(path_, panel_.File1->cell(1, row)));
+}
+
+void Chooser::takeName() {
+  const QString name = panel_.txtListenerDrive->text().trimmed();
+  if (name.isEmpty() || name.contains(u'/')) {
+    dialog_.messages.say(u"Type the name of the file first"_s);
+    return;
+  }
+  take(FileSystem::BuildPath(path_, name));
 }
 
 void Chooser::take(const QString& chosen) {

@@ -18,12 +18,14 @@ class DirectoryWork {
 };
 
 struct ChooserRequest {
-  enum Kind { Directory, File };
+  enum Kind { Directory, File, Save };
 
   QString title{};
   Kind kind = Directory;
   QString pattern = u"*"_s;  // of the files shown: "*.mp3;*.wma"
   QStringList places{};      // where it begins: the first that is a directory, else the user's home
+
+  QString name{};  // of Save: what the file is called at first
 
   // What may be taken in a file's place, each a word in its first 14 characters and its meaning
   // behind; the first stands for none. And which files are shown beside those of the pattern.
@@ -43,8 +45,9 @@ class Chooser : public Dialog {
  public:
   Chooser(const DialogUses& dialogs, const FileSystem& files);  // `files` must outlive it
 
-  // The chosen directory with a separator at its end, the chosen file with its path, or the word of
-  // the chosen entry. Nothing when cancelled, with work, or while the form is up already. Yields.
+  // The chosen directory with a separator at its end, the chosen file with its path, the path of a
+  // file to be saved, which may exist, or the word of the chosen entry. Nothing when cancelled,
+  // with work, or while the form is up already. Yields.
   std::optional<QString> open(const ChooserRequest& request);
 
   // How far the work is. Stops it where the form has gone meanwhile; nothing without work.
@@ -72,6 +75,7 @@ class Chooser : public Dialog {
   void Form_Load();
   void Drive1_Change(int row);
   void Dir1_Change(int row);
+  void File1_Click();
   void cmdok_Click();
   void cmdCancel_Click();
 
@@ -82,6 +86,7 @@ class Chooser : public Dialog {
   void doWork();
   void lookWorking(bool working);
   void takeFile();
+  void takeName();
   void take(const QString& chosen);
 
   const FileSystem& files_;

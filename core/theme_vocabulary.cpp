@@ -41,7 +41,7 @@ constexpr struct {
      "btnplaylists btnfavourites btnjukebox btnshuffle btnplaypause btncd btnmute btnsetup "
      "btnminimise btnexit btnripper btnrestart btnshutdown btnconnect btnpictureedit btnprogram",
      96, 96},
-    {"photos", "UpDirectory folderclosed", 96, 96},
+    {"photos", "UpDirectory folderclosed file", 96, 96},
     {"root", "capslockon", 96, 64},
     {"movies", "noposter noposterdvd", 96, 72},
     {"music", "pluseplaylist pldone plrename pldelete pledit plcreate", 292, 96},

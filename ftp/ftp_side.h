@@ -2,12 +2,15 @@
 #pragma once
 
 #include "core/desk.h"
+#include "ftp/ftp_form.h"
 
 namespace korvane {
 
 class FtpSide {
  public:
   explicit FtpSide(Desk& desk);
+
+  FtpForm form;
 };
 
 }  // namespace korvane

@@ -8,6 +8,7 @@
 #include "tests/fakes/fake_disc_drive.h"
 #include "tests/fakes/fake_dvd_player.h"
 #include "tests/fakes/fake_file_system.h"
+#include "tests/fakes/fake_ftp_client.h"
 #include "tests/fakes/fake_http.h"
 #include "tests/fakes/fake_imaging.h"
 #include "tests/fakes/fake_machine.h"
@@ -45,7 +46,7 @@ struct FakeSystem {
   FakeInstance instance;
   FakeNetwork network;
   FakeHttp http;
-  std::function<std::unique_ptr<FtpClient>()> makeFtp;  // of a test that needs one
+  FakeFtpServer ftp;
 
   // `disk` and `codecs` where files and pictures must be real ones. Refers to this and to the
   // arguments.
@@ -53,11 +54,31 @@ struct FakeSystem {
               FileSystem* disk = nullptr, Imaging* codecs = nullptr) {
     FileSystem& used = disk ? *disk : files;
     Imaging& decoders = codecs ? *codecs : imaging;
-    return {pump,   clock,    chance,      used,     player, video,
-            dvd,    stills,   decoders,    printing, trash,  disc,
-            ripper, packets,  screenPower, session,  mixer,  tray,
-            box,    programs, instance,    network,  http,   std::move(makeWinsock),
-            makeFtp};
+    return {pump,
+            clock,
+            chance,
+            used,
+            player,
+            video,
+            dvd,
+            stills,
+            decoders,
+            printing,
+            trash,
+            disc,
+            ripper,
+            packets,
+            screenPower,
+            session,
+            mixer,
+            tray,
+            box,
+            programs,
+            instance,
+            network,
+            http,
+            std::move(makeWinsock),
+            [this] { return std::make_unique<FakeFtpClient>(ftp); }};
   }
 };
 

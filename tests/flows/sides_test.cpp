@@ -13,7 +13,7 @@ class TinySide : private Tab, private Player {
     desk.on(u"shadow", Event::Click, [this](int) { did << u"control"_s; });
     desk.guard(desk.frmMain, u"shadow", Event::Click);
     desk.words.add({u"TINY"_s, u"btnmore"_s, u"a tiny thing"_s, [this] { did << u"word"_s; }});
-    desk.setupDoors.add({"cmdFtp", -1, [this] { did << u"door"_s; }});
+    desk.setupDoors.add({"cmdMoveControls", -1, [this] { did << u"door"_s; }});
     desk.steps.at(Step::FillSongs, [this] { did << u"start"_s; });
     desk.steps.at(Step::CloseMap, [this] { did << u"stop"_s; });
   }
@@ -43,7 +43,7 @@ TEST_F(SidesTest, ATinySideIsWholeByItself) {
   EXPECT_EQ(side->take(), QStringList{u"word"_s});
   EXPECT_EQ(customSelectEntries(console().desk.words).last(), u"TINY          a tiny thing"_s);
   host->onModal(u"frmSetup"_s, [](Form& setup) {
-    korvane::press(setup, u"cmdFtp"_s);
+    korvane::press(setup, u"cmdMoveControls"_s);
     korvane::press(setup, u"cmdOK"_s);
   });
   press(u"cmdSetup"_s);

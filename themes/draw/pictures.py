@@ -181,4 +181,5 @@ def draw(palette, contrasts):
     for suffix, pressed in (('', False), ('b', True)):
         t.put('photos/UpDirectory' + suffix, tiles.folder(palette, pressed, True, contrasts))
         t.put('photos/folderclosed' + suffix, tiles.folder(palette, pressed, False, contrasts))
+        t.put('photos/file' + suffix, tiles.paper(palette, pressed))
     return t.files

@@ -312,6 +312,17 @@ def folder(palette, pressed, up, contrasts):
     return svg(96, 96, body, defs)
 
 
+def paper(palette, pressed):
+    """A file: a sheet with a turned corner."""
+    back, top, bottom, _ = palette.folder_held if pressed else palette.folder
+    defs = linear('f', 0, 8, 0, 88, [(0, top, 1), (1, bottom, 1)])
+    body = (path('M18 16a8 8 0 0 1 8-8h30l22 22v50a8 8 0 0 1-8 8H26a8 8 0 0 1-8-8z', 'url(#f)')
+            + path('M56 8l22 22H62a6 6 0 0 1-6-6z', back)
+            + path('M32 48h32M32 60h32M32 72h20', 'none', ' stroke="%s" stroke-width="5" '
+                                                          'stroke-linecap="round"' % back))
+    return svg(96, 96, body, defs)
+
+
 LAMP_GLOW = 0.3
 
 

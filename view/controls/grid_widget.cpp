@@ -2,6 +2,8 @@
 
 #include <QPaintEvent>
 
+#include "core/form/form.h"
+
 namespace korvane {
 
 GridWidget::GridWidget(Grid& grid, Face& face, QWidget* parent)
@@ -142,15 +144,16 @@ void GridWidget::activate(int column, int row, bool second) {
     fire({Event::ButtonClicked, column, row});
     return;
   }
+  // In a modal form a row is chosen first: it may be wanted for more than one thing.
+  const bool single = face().touch.singlePress && grid_.form.role == FormRole::Main;
   if (second) {
-    if (!face().touch.singlePress) fire({Event::DblClick, column, row});
+    if (!single) fire({Event::DblClick, column, row});
     return;
   }
   const RowSource* before = &grid_.rows();
   fire({Event::Click, column, row});
   // What the click has filled anew is another list, in which this row means something else.
-  if (face().touch.singlePress && before == &grid_.rows() && grid_.row() == row)
-    fire({Event::DblClick, column, row});
+  if (single && before == &grid_.rows() && grid_.row() == row) fire({Event::DblClick, column, row});
 }
 
 void GridWidget::prepare() {
