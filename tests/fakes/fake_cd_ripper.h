@@ -59,8 +59,8 @@ class FakeCdRipper : public SwdCDRipper {
   void progress(double track, double total) { events_->OnProgress(track, total); }
   // The job's file is done; the last one ends the run.
   void end(int job, RipResult result = {}) {
-    const RipJob& done = queued.at(static_cast<size_t>(job));
-    if (result.path.isEmpty()) result.path = done.output + u".mp3"_s;
+    const RipJob& ripped = queued.at(static_cast<size_t>(job));
+    if (result.path.isEmpty()) result.path = ripped.output + u".mp3"_s;
     if (job + 1 == static_cast<int>(queued.size())) over();
     events_->OnExtractionEnd(job, result);
   }
