@@ -181,4 +181,9 @@ def draw(palette, contrasts):
     for suffix, pressed in (('', False), ('b', True)):
         t.put('photos/UpDirectory' + suffix, tiles.folder(palette, pressed, True, contrasts))
         t.put('photos/folderclosed' + suffix, tiles.folder(palette, pressed, False, contrasts))
+
+    # the lights
+    for name, percent in (('unknown', None), ('0', 0), ('20', 20), ('40', 40), ('60', 60), ('80', 80),
+                          ('100', 100)):
+        t.put('more/lamp' + name, tiles.cabin_lamp(palette, percent, contrasts))
     return t.files
