@@ -16,7 +16,7 @@ constexpr int kLongestName = 30;
 }  // namespace
 
 LightsPage::LightsPage(Uses uses) : uses_(uses), panel_(uses.form), scenes_(uses.settings) {
-  panel_.shtX10->cellWidth = 214;
+  panel_.shtX10->cellWidth = 286;
   panel_.shtX10->cellHeight = 164;
   uses_.lamps.changed = [this] { levelsChanged(); };
 }
@@ -274,11 +274,13 @@ void LightsPage::keepScene() {
   placeScenes();
 }
 
+// The question may stand for long; the scene is a copy of its own.
 void LightsPage::removeScene(size_t place) {
   if (place >= scenes_.all().size()) return;
-  if (!uses_.messages.confirm(u"Take the scene %1 away?"_s.arg(scenes_.all()[place].name))) return;
+  const Scene scene = scenes_.all()[place];
+  if (!uses_.messages.confirm(u"Take the scene %1 away?"_s.arg(scene.name))) return;
   QString error;
-  if (place < scenes_.all().size() && !scenes_.remove(place, &error)) uses_.messages.say(error);
+  if (!scenes_.remove(scene, &error)) uses_.messages.say(error);
   placeScenes();
 }
 

@@ -1,5 +1,7 @@
 #include "control/lights/scenes.h"
 
+#include <set>
+
 #include "control/lights/lamps.h"
 
 namespace korvane {
@@ -47,7 +49,7 @@ void Scenes::read() {
     const QString name = settings_.readSetting(u"X10", nameKey(place)).trimmed();
     const std::map<int, int> levels = sceneLevels(settings_.readSetting(u"X10", levelsKey(place)));
     if (name.isEmpty() || name == "NO"_L1 || levels.empty()) continue;
-    scenes_.push_back({name.left(kLongestName), levels});
+    scenes_.push_back({name.left(kLongestName), levels, place});
   }
 }
 
@@ -57,36 +59,27 @@ bool Scenes::room(const QString& name) const {
 }
 
 bool Scenes::keep(const Scene& scene, QString* error) {
-  std::vector<Scene> scenes = scenes_;
-  const auto found =
-      std::ranges::find_if(scenes, [&](const Scene& each) { return same(each.name, scene.name); });
-  if (found != scenes.end())
-    *found = scene;
-  else
-    scenes.push_back(scene);
-  return store(std::move(scenes), error);
-}
-
-bool Scenes::remove(size_t place, QString* error) {
-  std::vector<Scene> scenes = scenes_;
-  scenes.erase(scenes.begin() + static_cast<std::ptrdiff_t>(place));
-  return store(std::move(scenes), error);
-}
-
-// Only what differs is written: each write replaces the file.
-bool Scenes::store(std::vector<Scene> scenes, QString* error) {
-  const auto put = [&](const QString& name, const QString& value) {
-    return settings_.readSetting(u"X10", name) == value ||
-           settings_.writeSetting(u"X10", name, value, error);
-  };
-  bool good = true;
-  for (size_t place = 0; good && place < kMost; ++place) {
-    const bool used = place < scenes.size();
-    good = put(nameKey(place), used ? scenes[place].name.left(kLongestName) : u"NO"_s) &&
-           put(levelsKey(place), used ? sceneText(scenes[place].levels) : u"NO"_s);
-  }
+  std::set<size_t> taken;
+  for (const Scene& each : scenes_) taken.insert(each.place);
+  size_t place = 0;
+  while (taken.contains(place)) ++place;
+  for (const Scene& each : scenes_)
+    if (same(each.name, scene.name)) place = each.place;
+  const bool kept = put(levelsKey(place), sceneText(scene.levels), error) &&
+                    put(nameKey(place), scene.name.left(kLongestName), error);
   read();
-  return good;
+  return kept;
+}
+
+bool Scenes::remove(const Scene& scene, QString* error) {
+  const size_t place = scene.place;
+  const bool gone = put(nameKey(place), u"NO"_s, error) && put(levelsKey(place), u"NO"_s, error);
+  read();
+  return gone;
+}
+
+bool Scenes::put(const QString& key, const QString& value, QString* error) {
+  return settings_.writeSetting(u"X10", key, value, error);
 }
 
 }  // namespace korvane

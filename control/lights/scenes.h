@@ -12,6 +12,7 @@ namespace korvane {
 struct Scene {
   QString name;
   std::map<int, int> levels;  // percent by unit
+  size_t place = 0;           // of its keys, from 0
 };
 
 // A level is rounded to a tenth; one that burns stays above 0.
@@ -28,13 +29,14 @@ class Scenes {
   bool room(
       const QString& name) const;  // for one of that name: another, or in the place of its own
 
-  // Stores it, in the place of one with that name in any case. False with `error` in words: nothing
-  // is kept then. Yields.
+  // Stores it, in the place of one with that name in any case or in the first free one. False with
+  // `error` in words when that failed. Yields.
   bool keep(const Scene& scene, QString* error);
-  bool remove(size_t place, QString* error);  // the same. Yields.
+  bool remove(const Scene& scene, QString* error);  // one of all(). The same. Yields.
 
  private:
-  bool store(std::vector<Scene> scenes, QString* error);
+  bool put(const QString& key, const QString& value, QString* error);
+
   Settings& settings_;
   std::vector<Scene> scenes_;
 };

@@ -16,10 +16,10 @@ constexpr quint16 kBrokerPort = 1883, kSecurePort = 8883;
 constexpr Option kOptions[] = {
     {"table", "FILE", "which lamp is which topic; korvane-lights(1) tells its format"},
     {"broker", "HOST[:PORT]",
-     "the MQTT broker, 127.0.0.1 by default; port 1883, or 8883 with\n--broker-ca"},
-    {"broker-user", "NAME", "its user"},
-    {"broker-password", "FILE", "a file whose first line is the password"},
-    {"broker-ca", "FILE", "by TLS; the certificates that are trusted"},
+     "the MQTT broker, 127.0.0.1 by default; port 1883, or 8883 with\n--ca"},
+    {"user", "NAME", "its user there"},
+    {"password", "FILE", "a file whose first line is the password"},
+    {"ca", "FILE", "by TLS; the certificates that are trusted"},
     {"simulate", nullptr,
      "a house in memory in place of a broker; without --table it has\nlamps of its own"},
     kMasterOption,
@@ -53,18 +53,18 @@ std::optional<QList<TableLamp>> tableOf(const Options& options, QString* error) 
 }
 
 std::optional<MqttBroker> brokerOf(const Options& options, QString* error) {
-  MqttBroker broker{u"127.0.0.1"_s, options.has("broker-ca") ? kSecurePort : kBrokerPort};
+  MqttBroker broker{u"127.0.0.1"_s, options.has("ca") ? kSecurePort : kBrokerPort};
   if (options.has("broker")) {
     const auto named = hostPortOf(options, "broker", broker.port, error);
     if (!named) return std::nullopt;
     broker.host = named->host;
     broker.port = named->port;
   }
-  broker.user = options.value("broker-user");
-  broker.authority = options.value("broker-ca");
-  if (!options.has("broker-password")) return broker;
+  broker.user = options.value("user");
+  broker.authority = options.value("ca");
+  if (!options.has("password")) return broker;
   constexpr qsizetype kLongestPassword = 4096;
-  const auto bytes = bytesOf(options.value("broker-password"), kLongestPassword, error);
+  const auto bytes = bytesOf(options.value("password"), kLongestPassword, error);
   if (!bytes) return std::nullopt;
   broker.password = QString::fromUtf8(bytes->split('\n').first().trimmed());
   return broker;

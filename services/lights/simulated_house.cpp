@@ -7,14 +7,8 @@ constexpr struct {
   const char* description;
   bool dims;
 } kLamps[] = {
-    {"Reading light left", true},
-    {"Reading light right", true},
-    {"Table lamp", true},
-    {"Ceiling", true},
-    {"Galley", false},
-    {"Aisle", true},
-    {"Washroom", false},
-    {"Wardrobe", false},
+    {"Reading left", true}, {"Reading right", true}, {"Table lamp", true}, {"Ceiling", true},
+    {"Galley", false},      {"Aisle", true},         {"Washroom", false},  {"Wardrobe", false},
 };
 
 }  // namespace

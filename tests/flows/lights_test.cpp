@@ -299,9 +299,9 @@ TEST_F(Lights, WhatBurnsIsKeptAsAScene) {
   press(u"cmdScene"_s, 1);
   EXPECT_EQ(sent(), "") << "the finger that took it away does not press the next one";
   EXPECT_EQ(control(u"cmdScene"_s, 1).caption(), u"evening"_s);
-  EXPECT_EQ(stored(u"SCENE2NAME"_s), u"NO"_s);
+  EXPECT_EQ(stored(u"SCENE1NAME"_s), u"NO"_s);
   diskCalls.full = true;
-  answer(u"space"_s);
+  answer(u"The disk is full"_s);
   typed(u"Late"_s);
   press(u"cmdScene"_s, 9);
   EXPECT_FALSE(shown(u"cmdScene"_s, 2));

@@ -61,7 +61,7 @@ one.wait_until(lambda: one.position() > 0.5, "the song")
 for console in (one, two):
     console.press("imgTabs", 5)
     console.wait_until(lambda: console.get("lblX10")["caption"] == "X10 listener Active", "the link", 5)
-assert tiles(one)[0] == "Reading light left", tiles(one)  # nothing is known of it yet
+assert tiles(one)[0] == "Reading left", tiles(one)  # nothing is known of it yet
 one.press("shtX10", row=0)
 peer.expect("lamp/1/set ON")
 for console in (one, two):
