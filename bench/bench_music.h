@@ -1,5 +1,5 @@
-// The modes of the benchmark that play music. Each prints one line of JSON and returns 0 when what
-// it checked held.
+// The modes of the benchmark that play music, and of the cabin around it. Each prints one line of
+// JSON and returns 0 when what it checked held.
 #pragma once
 
 #include "platform/text.h"
@@ -10,6 +10,7 @@ int benchRecords(const QStringList& arguments);   // records
 int benchPlay(const QStringList& arguments);      // play FILE FILE2
 int benchLinks(const QStringList& arguments);     // links HOME
 int benchListener(const QStringList& arguments);  // listener LISTENER FILE
+int benchLights(const QStringList& arguments);    // lights HOME LIGHTS
 int benchKeys(const QStringList& arguments);      // of the prompt keyboard, in a window
 
 }  // namespace korvane

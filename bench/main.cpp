@@ -33,6 +33,7 @@ constexpr Mode kModes[] = {
     {"keys", "", korvane::benchKeys},
     {"links", "HOME", korvane::benchLinks},
     {"listener", "LISTENER FILE", korvane::benchListener},
+    {"lights", "HOME LIGHTS", korvane::benchLights},
     {"movies", "HOME", korvane::benchMovies},
     {"movie", "HOME FILE", korvane::benchMovie, true},
     {"dvd", "DISC", korvane::benchDvd, true},

@@ -2,7 +2,7 @@
 # ../share/korvane/starter and the themes at ../themes beside these.
 
 set(data ${CMAKE_INSTALL_DATADIR}/korvane)
-foreach(program korvane korvanectl korvane-master korvane-listener)
+foreach(program korvane korvanectl korvane-master korvane-listener korvane-lights)
   if(TARGET ${program})
     install(TARGETS ${program} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
   endif()
@@ -29,7 +29,7 @@ function(korvane_zip from to)
     VERBATIM)
 endfunction()
 set(manuals)
-foreach(program korvane korvanectl korvane-master korvane-listener)
+foreach(program korvane korvanectl korvane-master korvane-listener korvane-lights)
   korvane_zip(packaging/${program}.1 ${program}.1.gz)
   list(APPEND manuals ${CMAKE_BINARY_DIR}/${program}.1.gz)
 endforeach()
@@ -37,7 +37,7 @@ korvane_zip(packaging/changelog changelog.gz)
 add_custom_target(korvane_manuals ALL DEPENDS ${manuals} ${CMAKE_BINARY_DIR}/changelog.gz)
 install(FILES ${manuals} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 # Debian looks for units here whatever the library directory is called. They are not enabled.
-install(FILES packaging/korvane-master.service packaging/korvane-listener.service
+install(FILES packaging/korvane-master.service packaging/korvane-listener.service packaging/korvane-lights.service
         DESTINATION lib/systemd/system)
 install(FILES ${CMAKE_BINARY_DIR}/changelog.gz packaging/copyright DESTINATION ${CMAKE_INSTALL_DOCDIR})
 

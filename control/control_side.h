@@ -1,7 +1,9 @@
 // The cabin around the seat: the Maps tab (or Radio) and the More tab with its lights.
 #pragma once
 
-#include "control/control_tabs.h"
+#include "control/maps_tab.h"
+#include "control/more_tab.h"
+#include "control/screens/x10_setup_form.h"
 #include "listener/listener_side.h"
 
 namespace korvane {
@@ -11,9 +13,14 @@ class ControlSide {
   ControlSide(Desk& desk, ListenerSide& listener);
 
   std::unique_ptr<Winsock> x10Control;
-  RecordLink x10Link;  // to the lights
+  Lamps lamps;
+  LightsPage lights;
+  X10SetupForm x10Setup;
   MapsTab mapsTab;
   MoreTab moreTab;
+
+ private:
+  void connectLights(Desk& desk);
 };
 
 }  // namespace korvane

@@ -191,8 +191,8 @@ inline constexpr SettingKey RipNames{"Ripper", "RipNames", Rule::FlagYes, When::
 inline constexpr SettingKey CddbAlways{"Ripper", "CddbAlways", Rule::FlagYes, When::Live};
 inline constexpr SettingKey CddbServer{"Ripper", "CddbServer", Rule::Str, When::Live};
 // Of the lights and of file transfers: absent means off
-inline constexpr SettingKey X10State{"X10", "X10State", Rule::FlagYes, When::Start};
-inline constexpr SettingKey LightTiles{"X10", "LightTiles", Rule::FlagYes, When::Start};
+inline constexpr SettingKey X10State{"X10", "X10State", Rule::FlagYes, When::Live};
+inline constexpr SettingKey LightTiles{"X10", "LightTiles", Rule::FlagYes, When::Live};
 inline constexpr SettingKey FtpSafe{"FTP", "FtpSafe", Rule::FlagYes, When::Live};
 inline constexpr SettingKey PLDirectory{"Playlist", "PLDirectory", Rule::Str, When::Live};
 inline constexpr SettingKey LASTSONGPLAYED{"GENERAL", "LASTSONGPLAYED", Rule::Text, When::Live};

@@ -47,6 +47,12 @@ constexpr struct {
     {"music", "pluseplaylist pldone plrename pldelete pledit plcreate", 292, 96},
 };
 
+// The same of pictures with one state.
+constexpr struct {
+  const char *group, *names;
+  int width, height;
+} kAlone[] = {{"more", "lampunknown lamp0 lamp20 lamp40 lamp60 lamp80 lamp100", 120, 120}};
+
 // Pictures with one state, as large as the screen.
 constexpr const char* kGrounds[] = {"root/splash",       "main/background",   "music/background",
                                     "movies/background", "photos/background", "maps/background",
@@ -109,6 +115,9 @@ std::vector<ThemePicture> themePictures() {
   }
   for (const auto& [group, names, width, height] : kSized)
     pictures.addBoth(QString::fromLatin1(group), QString::fromLatin1(names), width, height);
+  for (const auto& [group, names, width, height] : kAlone)
+    for (const QString& name : QString::fromLatin1(names).split(u' '))
+      pictures.add(QString::fromLatin1(group), name, width, height);
   for (const char* ground : kGrounds) {
     const QString picture = QString::fromLatin1(ground);
     pictures.add(picture.section(u'/', 0, 0), picture.section(u'/', 1), form.design.width,

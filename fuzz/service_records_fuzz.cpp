@@ -1,16 +1,18 @@
-// What peers send to the Master Listener and to a Listener of music and movies. A byte of 3 ends a
-// delivery, one of 4 a connection.
+// What peers send to the Master Listener, to the lights and to a Listener of music and movies. A
+// byte of 3 ends a delivery, one of 4 a connection.
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
 
 #include "platform/files/disk_file_system.h"
+#include "services/lights/lights_service.h"
 #include "services/listener/movie_service.h"
 #include "services/listener/music_service.h"
 #include "services/master/master_service.h"
 #include "tests/fakes/fake_media_player.h"
 #include "tests/fakes/fake_movie_screen.h"
+#include "tests/fakes/fake_mqtt.h"
 #include "tests/fakes/fake_system.h"
 #include "tests/fakes/fake_tcp_server.h"
 
@@ -97,6 +99,16 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
                                 [](const QString&) { return false; }});
     serve(world, stream);
     require(master.table().entries().isEmpty());
+  }
+  {
+    World world;
+    FakeMqtt broker;
+    FakeTicker settling;
+    const LightsService lights({world.server, broker, settling, world.log},
+                               {{.unit = 1, .topic = u"lamp"_s, .dims = true}});
+    broker.stand();
+    serve(world, stream);
+    require(broker.published.size() <= 1);  // nothing was delivered, so one is under way
   }
   World world;
   const QString top = QFileInfo(root.path()).canonicalFilePath();

@@ -19,6 +19,7 @@ constexpr Rect kList{256, 8, 694, 560};      // a list of the Music tab
 constexpr Rect kWideList{136, 8, 814, 560};  // a list or picture of the Movies and Photos tabs
 constexpr Rect kParked{-500, 240, 16, 16};   // a keyboard lays its keys out itself
 constexpr Rect kPage{136, 8, 1136, 752};     // a page without transport
+constexpr Rect kScene{12, 604, 216, 84};     // of the lights, which lay them out themselves
 
 // A row of that kind, in the order in which the table reads: name, member of an array, place, what
 // it follows, spoken name, look.
@@ -35,7 +36,7 @@ struct RowOf {
 };
 constexpr RowOf image{Kind::Image}, label{Kind::Label}, button{Kind::Button}, slider{Kind::Slider},
     list{Kind::Grid}, frame{Kind::Frame}, text{Kind::Text}, area{Kind::PictureArea},
-    surface{Kind::Surface};
+    surface{Kind::Surface}, sheet{Kind::Sheet};
 
 constexpr InventoryRow timer(const char* name) {
   return RowOf{Kind::Timer}(name, {}, TL, "");
@@ -296,19 +297,36 @@ constexpr InventoryRow kMain[] = {
     in("frameMap", button("cmdmap", 2, {16, 576, 130, 76}, TL, "Nearer", {.caption = "Nearer"})),
     in("frameMap", button("cmdmap", 3, {154, 576, 130, 76}, TL, "Farther", {.caption = "Farther"})),
     in("frameMap", label("lblmap", 1, {16, 660, 268, 36}, TL, "", {.colours = "Surface"})),
-    hidden(frame("framex10", {136, 8, 1136, 560}, TLR, "Lights", {.colours = "X10BACK"})),
-    in("framex10", list("ssX10", {12, 12, 860, 480}, TLR, "Lights",
-                        {.caption = "No lights yet. Section X10 of Morvanta.INI names them.",
+    hidden(frame("framex10", kPage, All, "Lights", {.colours = "X10BACK"})),
+    in("framex10", list("ssX10", {12, 12, 860, 676}, All, "Lights",
+                        {.caption = "No lights yet. Setup, X10 Setup names them.",
                          .colours = "X10GRIDBACK/MUSICGridSelected/X10GRIDBACK"})),
+    in("framex10", hidden(sheet("shtX10", {12, 12, 860, 584}, All, "Lights",
+                                {.colours = "X10GRIDBACK", .text = 28}))),
+    in("framex10", label("lblLamp", {892, 12, 232, 76}, TR, "The lamp that the buttons act on",
+                         {.colours = "X10BACK", .text = 28, .align = 0, .wraps = true})),
     in("framex10",
-       button("cmdX10", 0, {892, 12, 232, 96}, TR, "On", {.caption = "On", .colours = "X10ON"})),
-    in("framex10", button("cmdX10", 1, {892, 116, 232, 96}, TR, "Off",
+       button("cmdX10", 0, {892, 96, 232, 96}, TR, "On", {.caption = "On", .colours = "X10ON"})),
+    in("framex10", button("cmdX10", 1, {892, 200, 232, 96}, TR, "Off",
                           {.caption = "Off", .colours = "X10OFF"})),
-    in("framex10", button("cmdX10", 2, {892, 220, 232, 96}, TR, "Dim",
+    in("framex10", button("cmdX10", 2, {892, 304, 232, 96}, TR, "Dim",
                           {.caption = "Dim", .colours = "X10DIM"})),
-    in("framex10", button("cmdX10", 3, {892, 324, 232, 96}, TR, "Bright",
+    in("framex10", button("cmdX10", 3, {892, 408, 232, 96}, TR, "Bright",
                           {.caption = "Bright", .colours = "X10BRIGHT"})),
-    in("framex10", label("lblX10", {12, 504, 860, 40}, TL, "Lights link", {.colours = "X10BACK"})),
+    in("framex10",
+       button("cmdScene", 0, kScene, BL, "All lights off", {.caption = "All off", .text = 26})),
+    in("framex10", button("cmdScene", 1, kScene, BL, "A scene", {.text = 26})),
+    in("framex10", button("cmdScene", 2, kScene, BL, "A scene", {.text = 26})),
+    in("framex10", button("cmdScene", 3, kScene, BL, "A scene", {.text = 26})),
+    in("framex10", button("cmdScene", 4, kScene, BL, "A scene", {.text = 26})),
+    in("framex10", button("cmdScene", 5, kScene, BL, "A scene", {.text = 26})),
+    in("framex10", button("cmdScene", 6, kScene, BL, "A scene", {.text = 26})),
+    in("framex10", button("cmdScene", 7, kScene, BL, "A scene", {.text = 26})),
+    in("framex10", button("cmdScene", 8, kScene, BL, "A scene", {.text = 26})),
+    in("framex10", button("cmdScene", 9, kScene, BL, "Keep what burns now as a scene",
+                          {.caption = "Keep as scene", .text = 26})),
+    in("framex10", label("lblX10", {12, 700, 1112, 40}, BLR, "Lights link",
+                         {.colours = "X10BACK", .text = 28})),
 
     // The picture of a movie, in its page or over the whole screen, and what lies upon it
     hidden(surface("MoviePic", kWideList, All, "Movie")),

@@ -1,24 +1,22 @@
 #include "services/listener/listener_program.h"
 
 #include <QFileInfo>
-#include <QSysInfo>
 #include <list>
 
 #include "library/tags/any_cover.h"
 #include "platform/files/disk_file_system.h"
-#include "platform/net/winsock_qt.h"
 #include "platform/sound/media_player_vlc.h"
 #include "platform/sound/mixer_alsa.h"
 #include "services/listener/movie_service.h"
 #include "services/listener/music_service.h"
-#include "services/listener/registration.h"
+#include "services/listener/registered.h"
 #include "services/server/service_main.h"
 
 namespace korvane {
 
 namespace {
 
-constexpr int kMasterPort = 7410, kPort = 7411;
+constexpr int kPort = 7411;
 
 constexpr Option kOptions[] = {
     {"root", "DIR",
@@ -32,11 +30,9 @@ constexpr Option kOptions[] = {
     {"map", "FROM=DIR",
      "a path that begins with FROM means what stands below DIR, as\n"
      "Z:\\Music=/srv/music; DIR is a root too, of\nwhat is played"},
-    {"master", "HOST[:PORT]", "registers with that Master Listener; port 7410 by default"},
-    {"name", "TEXT", "its name in the lists of consoles; the machine's by default"},
-    {"advertise", "ADDRESS",
-     "where consoles find it; the address of --bind, else the one that\n"
-     "reaches the Master Listener"},
+    kMasterOption,
+    kNameOption,
+    kAdvertiseOption,
     {"tick", "MS", "between reports of the time, 1000 by default"},
     {"no-volume", nullptr, "does not tell its volume to a console that connects"},
 };
@@ -75,23 +71,6 @@ std::optional<MediaRoots> rootsOf(const Options& options, const char* name, QStr
   for (const MediaRoots::Map& map : roots.maps)
     if (!roots.roots.contains(map.to)) roots.roots << map.to;
   return roots;
-}
-
-// HOST, HOST:PORT or [ADDRESS]:PORT of --master into the socket. False with `error`.
-bool setMaster(const QString& text, Winsock& socket, QString* error) {
-  const bool bare = text.count(u':') > 1 && !text.startsWith(u'[');
-  const qsizetype colon = bare ? -1 : text.indexOf(u':', text.indexOf(u']') + 1);
-  socket.RemoteHost = text.first(colon < 0 ? text.size() : colon).remove(u'[').remove(u']');
-  bool isPort = true;
-  socket.RemotePort = colon < 0 ? kMasterPort : text.mid(colon + 1).toUShort(&isPort);
-  if (isPort && socket.RemotePort > 0 && !socket.RemoteHost.isEmpty()) return true;
-  *error = u"--master takes HOST or HOST:PORT, not %1"_s.arg(text);
-  return false;
-}
-
-QString advertised(const Options& options, const QString& bind) {
-  const bool any = bind == "0.0.0.0"_L1 || bind == "::"_L1;
-  return options.value("advertise", any ? QString() : bind);
 }
 
 // What the command line chose, once it has been found right.
@@ -148,15 +127,6 @@ struct Movies {
   MovieService service;
 };
 
-// Keeps one type of service in the table of the Master Listener.
-struct Registered {
-  Registered(ServiceParts& parts, const Registration::Entry& entry)
-      : registration(toMaster, timer, parts.log, entry) {}
-  WinsockQt toMaster{5000};
-  TickerQt timer;
-  Registration registration;
-};
-
 }  // namespace
 
 bool wantsScreen(const Options& options) {
@@ -167,8 +137,8 @@ int runListener(const QStringList& arguments, const MakeMovieDoors& makeDoors) {
   const auto serve = [&](const Options& options, const ServerOptions& given, QString* error) {
     const std::optional<Chosen> chosen = chosenOf(options, error);
     if (!chosen) return 1;
-    WinsockQt tried;
-    if (options.has("master") && !setMaster(options.value("master"), tried, error)) return 1;
+    std::optional<HostPort> master;
+    if (options.has("master") && !(master = masterOf(options, error))) return 1;
 
     ServiceParts parts(kFrame.program, given);
     const DiskFileSystem files;
@@ -187,13 +157,8 @@ int runListener(const QStringList& arguments, const MakeMovieDoors& makeDoors) {
     std::list<Registered> registered;
     for (const auto& [plays, type] :
          {std::pair(chosen->playsMusic, u"MUSIC"_s), {chosen->playsMovies, u"MOVIES"_s}}) {
-      if (!plays || !options.has("master")) continue;
-      Registered& each = registered.emplace_back(
-          parts, Registration::Entry{options.value("name", QSysInfo::machineHostName()),
-                                     advertised(options, given.bind), parts.tcp.port(), type,
-                                     given.encoding});
-      setMaster(options.value("master"), each.toMaster, error);
-      each.registration.start();
+      if (plays && master)
+        registered.emplace_back(options, given, *master, parts.tcp.port(), type, parts.log);
     }
     return parts.run();
   };

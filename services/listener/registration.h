@@ -1,4 +1,4 @@
-// Keeps a Listener in the table of a Master Listener: connects, registers, and connects anew when
+// Keeps a service in the table of a Master Listener: connects, registers, and connects anew when
 // the connection is lost, at first soon and then ever less often.
 #pragma once
 
@@ -16,7 +16,7 @@ class Registration : private Winsock::Events {
     QString name;
     QString address;  // that consoles connect to; empty for that of the connection
     quint16 port = 0;
-    QString type;  // "MUSIC" or "MOVIES"
+    QString type;  // "MUSIC", "MOVIES" or "X10"
     WireText encoding = WireText::Windows1252;
   };
 

@@ -48,8 +48,8 @@ inline constexpr Option kServerOptions[] = {
      "the address of this machine to listen at, 127.0.0.1 by default;\n"
      "0.0.0.0 is all of them"},
     {"port", "N",
-     "the port to listen at, by default 7410 for the Master Listener and 7411\n"
-     "for a Listener; 0 takes any free one"},
+     "the port to listen at, by default 7410 for the Master Listener, 7411 for a\n"
+     "Listener and 7412 for the lights; 0 takes any free one"},
     {"allow", "LIST",
      "who may connect besides this machine: addresses and networks with\n"
      "commas between, as 192.168.1.0/24,10.0.0.5; may be given more than once"},

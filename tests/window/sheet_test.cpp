@@ -94,6 +94,22 @@ TEST_F(SheetOfCells, LieInRowsOfWhatThereIsRoomForAndKeepTheirPlace) {
   EXPECT_EQ(events, QStringList()) << "only a finger scrolls aloud";
 }
 
+TEST_F(SheetOfCells, AHeldCellHearsTheFingerComeAndLeave) {
+  for (const auto& [type, word] : {std::pair(Event::Press, "press"), {Event::Release, "release"}})
+    form.on(u"sheetPictures", type, [this, said = QLatin1StringView(word)](auto&, auto& event) {
+      events << said + u' ' + QString::number(event.row);
+    });
+  const QStringList held{u"press 4"_s, u"release 4"_s};
+  finger.tap(shown, shown.cellRect(4).center());
+  EXPECT_EQ(std::exchange(events, {}), held + QStringList{u"click 4"_s});
+  finger.press(shown, shown.cellRect(4).center());
+  finger.move(QPoint(0, -60));
+  EXPECT_EQ(std::exchange(events, {}), held + QStringList{u"scroll 0"_s}) << "it scrolls then";
+  finger.release();
+  finger.tap(shown, QPoint(395, 70));
+  EXPECT_EQ(events, QStringList()) << "nor of a gap";
+}
+
 TEST_F(SheetOfCells, ATapAndASecondOneSayTheCellAndAGapNothing) {
   shown.bringIntoView(1500);
   finger.tap(shown, shown.cellRect(1500).center());

@@ -182,4 +182,9 @@ def draw(palette, contrasts):
         t.put('photos/UpDirectory' + suffix, tiles.folder(palette, pressed, True, contrasts))
         t.put('photos/folderclosed' + suffix, tiles.folder(palette, pressed, False, contrasts))
         t.put('photos/file' + suffix, tiles.paper(palette, pressed))
+
+    # the lights
+    for name, percent in (('unknown', None), ('0', 0), ('20', 20), ('40', 40), ('60', 60), ('80', 80),
+                          ('100', 100)):
+        t.put('more/lamp' + name, tiles.cabin_lamp(palette, percent, contrasts))
     return t.files

@@ -335,6 +335,41 @@ def button_icon(palette, name, pressed, contrasts):
     return svg(96, 96, icon(name, 0, 0, 96, colour, palette.soft, BUTTON_STROKE))
 
 
+BULB = 'M60 30a26 26 0 0 1 15 47.2c-2.6 1.9-4 4.3-4 7.6H49c0-3.3-1.4-5.7-4-7.6A26 26 0 0 1 60 30z'
+SOCKET = 'M50.5 92.5h19M54 100h12'
+RING, RING_FROM, RING_WIDE = 54, 135, 270    # of the level: radius, begin and sweep in degrees
+
+
+def arc(share):
+    """The ring around a lamp, from its lower left corner on."""
+    def place(degrees):
+        turn = math.radians(degrees)
+        return '%s %s' % (n(60 + RING * math.cos(turn)), n(60 + RING * math.sin(turn)))
+    return 'M%sA%d %d 0 %d 1 %s' % (place(RING_FROM), RING, RING, RING_WIDE * share > 180,
+                                    place(RING_FROM + RING_WIDE * share))
+
+
+def cabin_lamp(palette, percent, contrasts):
+    """A lamp of the cabin as bright as it burns; None where that is not known."""
+    burns = bool(percent)
+    colour = palette.accent if burns else palette.dim
+    contrasts.note(palette.name, 'lamp, ' + ('burning' if burns else 'off'), rgb(colour), [rgb(palette.panel)])
+    stroke = (' stroke="%s" stroke-width="%s" stroke-linecap="round" stroke-linejoin="round"')
+    body, defs = '', ''
+    if burns:
+        share = percent / 100
+        defs = radial('g', 60, 56, 58, 58, fade(palette.glow_lit, 0.25 + 0.55 * share))
+        body += rect(0, 0, 120, 120, 0, 'url(#g)')
+    if percent is not None:
+        body += path(arc(1), 'none', stroke % (palette.groove, 6))
+        if burns:
+            body += path(arc(percent / 100), 'none', stroke % (colour, 6))
+    fill = ' fill-opacity="%s"' % n(0.2 + 0.8 * percent / 100) if burns else ''
+    body += path(BULB, colour if burns else 'none', fill + stroke % (colour, 3.4)
+                 + (' stroke-dasharray="5 7"' if percent is None else ''))
+    return svg(120, 120, body + path(SOCKET, 'none', stroke % (colour, 3.4)), defs)
+
+
 def lamp_globe(palette, on, contrasts):
     """The lamp that tells whether the internet can be reached."""
     if on:

@@ -116,6 +116,17 @@ void SheetWidget::mark(int cell) {
     if (each >= 0) update(cellRect(each));
 }
 
+void SheetWidget::showPress(QPoint at) {
+  mark(cellAt(at));
+  held_ = pressed_;
+  if (held_ >= 0) fire({Event::Press, 0, held_});
+}
+
+void SheetWidget::showNoPress() {
+  mark(-1);
+  if (const int cell = std::exchange(held_, -1); cell >= 0) fire({Event::Release, 0, cell});
+}
+
 void SheetWidget::tapped(QPoint at, bool second) {
   const int cell = cellAt(at);
   second = second && cell == lastTap_;
@@ -166,7 +177,7 @@ void SheetWidget::paintCell(QPainter& painter, int cell) {
   painter.setBrush(fill);
   painter.drawRoundedRect(card, face().px(kRounding), face().px(kRounding));
 
-  painter.setFont(style::font(face().px(kText)));
+  painter.setFont(style::font(face().px(sheet_.look.text > 0 ? sheet_.look.text : kText)));
   const QFontMetrics metrics = painter.fontMetrics();
   const int inset = static_cast<int>(face().px(kInset));
   const QRect inner = card.adjusted(inset, inset, -inset, -inset);

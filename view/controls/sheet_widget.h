@@ -21,8 +21,8 @@ class SheetWidget : public ScrollWidget {
   void paintEvent(QPaintEvent* event) override;
   void scrolled() override;  // sets the sheet's top
   void fingerScrolled() override { fire({Event::Scroll}); }
-  void showPress(QPoint at) override { mark(cellAt(at)); }
-  void showNoPress() override { mark(-1); }
+  void showPress(QPoint at) override;
+  void showNoPress() override;
   void tapped(QPoint at, bool second) override;
   double wheelStep() const override;
 
@@ -43,7 +43,7 @@ class SheetWidget : public ScrollWidget {
   Sheet& sheet_;
   const CellSource* shown_ = nullptr;
   bool telling_ = false;
-  int pressed_ = -1, lastTap_ = -1;
+  int pressed_ = -1, held_ = -1, lastTap_ = -1;
   std::set<int> undrawn_;  // cells that were painted without a picture that is being drawn
 };
 
