@@ -1,42 +1,18 @@
 // korvane: the command line, then Sub Main.
 #include <QApplication>
-#include <QIcon>
 
 #include <cstdio>
 
 #include "app/command_line.h"
 #include "app/console.h"
+#include "app/doors.h"
 #include "app/home.h"
 #include "app/tools.h"
-#include "platform/disc/cd_drives_udisks.h"
-#include "platform/disc/disc_reader_cdio.h"
-#include "platform/disc/packet_drive_linux.h"
-#include "platform/disc/reading_drive.h"
-#include "platform/files/desktop_trash.h"
 #include "platform/files/disk_file_system.h"
-#include "platform/files/home_lock.h"
-#include "platform/imaging/picture_codecs.h"
-#include "platform/machine/detached_programs.h"
-#include "platform/machine/login_session.h"
-#include "platform/machine/screen_saver_power.h"
-#include "platform/machine/system_clock.h"
-#include "platform/net/ftp_curl.h"
-#include "platform/net/http_curl.h"
-#include "platform/net/network_linux.h"
-#include "platform/net/winsock_qt.h"
-#include "platform/printing/printing_qt.h"
-#include "platform/ripping/cd_ripper_cdio.h"
-#include "platform/sound/media_player_vlc.h"
-#include "platform/sound/mixer_alsa.h"
-#include "platform/video/dvd_player_vlc.h"
-#include "platform/video/movie_stills_vlc.h"
-#include "platform/video/video_player_vlc.h"
 #include "view/drawing/theme_check.h"
 #include "view/remote/control_server.h"
 #include "view/window/qt_pump.h"
 #include "view/window/screen_pointer.h"
-#include "view/window/system_box.h"
-#include "view/window/tray_icon.h"
 #include "view/window/window_host.h"
 
 namespace korvane {
@@ -62,33 +38,7 @@ int checkTheme(const QString& home, FileSystem& files, Pump& pump) {
 
 int show(const CommandLine& line, const QString& home, DiskFileSystem& files, QtPump& pump,
          PressGate& gate) {
-  SystemClock clock;
-  RandomChance chance(clock);
-  MediaPlayerVlc player(pump);
-  VideoPlayerVlc video(pump);
-  DvdPlayerVlc dvd(pump);
-  MovieStillsVlc stills(pump);
-  PictureCodecs imaging;
-  DesktopTrash trash;
-  PrintingQt printing;
-  const auto reader = std::make_shared<DiscReaderCdio>();
-  ReadingDrive disc(pump, player, reader);
-  CdRipperCdio ripper(pump, reader, makeCdDrives(pump));
-  PacketDriveLinux packets;
-  ScreenSaverPower screenPower;
-  LoginSession session;
-  MixerAlsa mixer;
-  TrayIcon tray(pump, QIcon(home + u"/krvgraphics/MERIDIAN/logo.svg"_s));
-  MessageBox box;
-  DetachedPrograms programs;
-  HomeLock lock(home);
-  NetworkLinux network;
-  HttpCurl http(pump);
-  const auto makeWinsock = [] { return std::make_unique<WinsockQt>(); };
-  const auto makeFtp = [] { return std::make_unique<FtpCurl>(); };
-  System system{pump,     clock,    chance, files,   player,  video,       dvd,     stills, imaging,
-                printing, trash,    disc,   ripper,  packets, screenPower, session, mixer,  tray,
-                box,      programs, lock,   network, http,    makeWinsock, makeFtp};
+  Doors doors(pump, files, home);
   WindowHost* window = nullptr;
   bool ended = false;  // also while the start still runs its own turns of the event loop
   const auto end = [&ended] {
@@ -96,7 +46,7 @@ int show(const CommandLine& line, const QString& home, DiskFileSystem& files, Qt
     QCoreApplication::exit(0);
   };
   Console console(
-      system,
+      doors.system,
       [&](Graphics& graphics) {
         auto made =
             std::make_unique<WindowHost>(graphics, gate, line.windowed ? line.size : QSize());
