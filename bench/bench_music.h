@@ -10,6 +10,7 @@ int benchRecords(const QStringList& arguments);   // records
 int benchPlay(const QStringList& arguments);      // play FILE FILE2
 int benchLinks(const QStringList& arguments);     // links HOME
 int benchListener(const QStringList& arguments);  // listener LISTENER FILE
+int benchRip(const QStringList& arguments);       // rip [SECONDS]
 int benchKeys(const QStringList& arguments);      // of the prompt keyboard, in a window
 
 }  // namespace korvane

@@ -74,12 +74,13 @@ long ParanoiaReader::readSectors(char* to, int first, int count) {
     return gaveUp_;
   };
   ++reads_;
-  if (giveUp(false)) return 0;
-  if (!to) {  // it only wants the drive to move its head, wherever that may lead
+  const bool given = giveUp(false);
+  if (!to) {  // it only wants the drive to move its head, and tries until that works
     std::array<char, kSectorBytes> nowhere;
-    disc_.read(std::clamp(first, first_, end_ - 1), 1, nowhere.data());
+    if (!given) disc_.read(std::clamp(first, first_, end_ - 1), 1, nowhere.data());
     return count;
   }
+  if (given) return 0;
   if (disc_.read(first, count, to)) return count;
   int good = 0;
   while (good < count && !giveUp(true) &&

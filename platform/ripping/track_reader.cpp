@@ -15,7 +15,8 @@ TrackReader::TrackReader(SectorReader& disc, const Extent& extent, How how)
       extent_(extent),
       how_(std::move(how)),
       patience_(how_.limit),
-      at_(extent.first) {}
+      at_(extent.first),
+      checkFrom_(extent.soundFirst) {}
 
 bool TrackReader::read(int count, char* to) {
   while (count > 0 && !ended_) {
@@ -61,28 +62,24 @@ bool TrackReader::readOne(char* to) {
   return false;
 }
 
-// One, or none: the checks gave up, or the disc is gone.
+// One, or none: the checks gave up, or the disc is gone. Checks that lost a sector fill in more
+// than that, so they begin anew behind it and look at nothing before.
 int TrackReader::readSecure(char* to) {
   if (!paranoia_) {
     ParanoiaReader::Witness& witness = *this;
-    paranoia_ =
-        std::make_unique<ParanoiaReader>(disc_, witness, extent_.soundFirst, extent_.soundEnd, at_);
+    paranoia_ = std::make_unique<ParanoiaReader>(disc_, witness, checkFrom_, extent_.soundEnd, at_);
   }
   lost_ = false;
   const char* sector = paranoia_->next();
   if (ended_) return 0;
-  if (sector) {
+  if (sector && !lost_) {
     std::memcpy(to, sector, kSectorBytes);
-    if (lost_) {
-      mark(RipResult::Doubtful, at_);
-      if (!readOne(to)) std::memcpy(to, sector, kSectorBytes);
-    }
-    return ended_ ? 0 : 1;
+    return 1;
   }
   paranoia_.reset();
   mark(RipResult::Doubtful, at_);
-  const int inTrack = at_ - extent_.first;
-  plainEnd_ = std::min(at_ + kSectorsPerSecond - inTrack % kSectorsPerSecond, at_ + left());
+  const int rest = kSectorsPerSecond - (at_ - extent_.first) % kSectorsPerSecond;
+  plainEnd_ = checkFrom_ = at_ + (sector ? 1 : std::min(rest, left()));
   return 0;
 }
 

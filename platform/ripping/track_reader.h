@@ -50,6 +50,7 @@ class TrackReader : private ParanoiaReader::Witness {
   std::unique_ptr<ParanoiaReader> paranoia_;
   int at_;              // the next sector
   int singly_ = 0;      // sectors ahead that are read one by one
+  int checkFrom_;       // the checks look at nothing before
   int plainEnd_ = 0;    // up to there without the checks, which gave up
   bool lost_ = false;   // the checks did not get the sector at hand
   bool ended_ = false;  // stopped or gone
