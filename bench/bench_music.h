@@ -11,6 +11,7 @@ int benchPlay(const QStringList& arguments);      // play FILE FILE2
 int benchLinks(const QStringList& arguments);     // links HOME
 int benchListener(const QStringList& arguments);  // listener LISTENER FILE
 int benchLights(const QStringList& arguments);    // lights HOME LIGHTS
+int benchRip(const QStringList& arguments);       // rip [SECONDS]
 int benchKeys(const QStringList& arguments);      // of the prompt keyboard, in a window
 
 }  // namespace korvane

@@ -27,6 +27,7 @@ constexpr Mode kModes[] = {
     {"find", "HOME", korvane::benchFind},
     {"play", "FILE FILE2", korvane::benchPlay},
     {"records", "", korvane::benchRecords},
+    {"rip", "[SECONDS]", korvane::benchRip},
     {"page", "GRID HOME", korvane::benchPage},
     {"playlist", "HOME", korvane::benchPlaylist},
     {"search", "HOME", korvane::benchSearch},

@@ -37,6 +37,11 @@ class DiscReader {
   // look at the same source, a fresh one at first: an unchanged disc is not read again.
   virtual DiscLook look(const QString& source, const DiscLook& before) = 0;
   virtual std::unique_ptr<SectorReader> sectors(const QString& source) = 0;  // null when it fails
+  // The same for reading with care: a drive that hangs in it keeps no other reader waiting. With
+  // `pointing`, a sector in which the drive itself found errors counts as not read.
+  virtual std::unique_ptr<SectorReader> carefulSectors(const QString& source, bool /*pointing*/) {
+    return sectors(source);
+  }
   virtual void eject(const QString& source) = 0;  // an image has no door: nothing
 };
 

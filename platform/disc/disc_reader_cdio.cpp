@@ -12,6 +12,7 @@
 #include <mutex>
 
 #include "platform/disc/cue_sheet.h"
+#include "platform/disc/device_sectors.h"
 #include "platform/disc/disc_table.h"
 #include "platform/files/mount_table.h"
 #include "platform/path_text.h"
@@ -213,6 +214,11 @@ std::unique_ptr<SectorReader> DiscReaderCdio::sectors(const QString& source) {
   const std::lock_guard lock(cdio);
   OpenDisc disc = openDisc(path);
   return disc ? std::make_unique<CdioSectors>(std::move(disc)) : nullptr;
+}
+
+std::unique_ptr<SectorReader> DiscReaderCdio::carefulSectors(const QString& source, bool pointing) {
+  const QByteArray path = pathOf(source);
+  return isDevice(path) ? DeviceSectors::open(path, pointing) : sectors(source);
 }
 
 void DiscReaderCdio::eject(const QString& source) {

@@ -1,7 +1,7 @@
 // Discs by libcdio: a drive of the machine, or a CUE sheet with the BIN of the same name beside it.
 //
 // libcdio keeps state of the process, so all readers of a program take turns: one waits while
-// another reads a chunk, and as long as a drive hangs.
+// another reads a chunk, and as long as a drive hangs. The careful ones of a drive take no turns.
 #pragma once
 
 #include "platform/disc/disc_reader.h"
@@ -12,6 +12,7 @@ class DiscReaderCdio final : public DiscReader {
  public:
   DiscLook look(const QString& source, const DiscLook& before) override;
   std::unique_ptr<SectorReader> sectors(const QString& source) override;
+  std::unique_ptr<SectorReader> carefulSectors(const QString& source, bool pointing) override;
   void eject(const QString& source) override;
 };
 

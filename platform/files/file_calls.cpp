@@ -16,6 +16,9 @@ ssize_t FileCalls::read(int file, void* bytes, size_t count) {
 ssize_t FileCalls::write(int file, const void* bytes, size_t count) {
   return ::write(file, bytes, count);
 }
+ssize_t FileCalls::pwrite(int file, const void* bytes, size_t count, off_t at) {
+  return ::pwrite(file, bytes, count, at);
+}
 int FileCalls::fstat(int file, struct stat* status) {
   return ::fstat(file, status);
 }

@@ -13,6 +13,7 @@ class FileCalls {
   virtual int open(const char* path, int flags, mode_t mode);
   virtual ssize_t read(int file, void* bytes, size_t count);
   virtual ssize_t write(int file, const void* bytes, size_t count);
+  virtual ssize_t pwrite(int file, const void* bytes, size_t count, off_t at);
   virtual int fstat(int file, struct stat* status);
   virtual int fchmod(int file, mode_t mode);
   virtual int fsync(int file);

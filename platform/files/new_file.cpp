@@ -1,7 +1,11 @@
 #include "platform/files/new_file.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <unistd.h>
+
+#include <QDirIterator>
+#include <QFile>
 
 #include <atomic>
 #include <cerrno>
@@ -13,11 +17,15 @@
 namespace korvane {
 namespace {
 
-constexpr char kBegin[] = ".korvane-", kEnd = '~';  // of a successor's name
-
 QByteArray directoryOf(const QByteArray& path) {
   const qsizetype slash = path.lastIndexOf('/');
   return slash < 0 ? QByteArray(".") : path.first(std::max<qsizetype>(slash, 1));
+}
+
+constexpr char kBegin[] = ".korvane-", kEnd = '~';  // of a successor's name
+
+QByteArray beginning(const char* kind) {
+  return QByteArray(kBegin) + kind;
 }
 
 // Where a path leads when its last part is a symbolic link, dangling or not. False with errno.
@@ -36,7 +44,8 @@ bool followLinks(QByteArray& path) {
 
 }  // namespace
 
-NewFile::NewFile(FileCalls& calls, const QByteArray& target) : calls_(calls), target_(target) {
+NewFile::NewFile(FileCalls& calls, const QByteArray& target, const char* kind)
+    : calls_(calls), target_(target), kind_(kind) {
   if (check(followLinks(target_))) open();
 }
 
@@ -52,12 +61,8 @@ void NewFile::open() {
     failure_ = S_ISDIR(old.st_mode) ? EISDIR : EINVAL;
     return;
   }
-  static std::atomic<int> counter{0};
   for (int attempts = 0; attempts < 100 && file_ < 0; ++attempts) {
-    temporary_ = directoryOf(target_) + '/' + kBegin + QByteArray::number(::getpid()) + '-' +
-                 QByteArray::number(counter++) + kEnd;
-    file_ =
-        calls_.open(temporary_.constData(), O_WRONLY | O_CREAT | O_EXCL, replaces ? 0600 : 0666);
+    file_ = openTemporary(replaces ? 0600 : 0666);
     if (file_ < 0 && errno != EEXIST) break;
   }
   if (!check(file_ >= 0)) return temporary_.clear();
@@ -69,6 +74,20 @@ bool NewFile::isLeftover(QByteArrayView name) {
   return name.startsWith(kBegin) && name.endsWith(kEnd);
 }
 
+int NewFile::openTemporary(mode_t mode) {
+  static std::atomic<int> counter{0};
+  temporary_ = directoryOf(target_) + '/' + beginning(kind_) + QByteArray::number(::getpid()) +
+               '-' + QByteArray::number(counter++) + kEnd;
+  const int file = calls_.open(temporary_.constData(), O_WRONLY | O_CREAT | O_EXCL, mode);
+  if (file < 0 || !*kind_) return file;
+  ::flock(file, LOCK_EX);
+  struct stat status;
+  if (::fstat(file, &status) != 0 || status.st_nlink > 0) return file;
+  calls_.close(file);  // it was taken for a left-over before it had its lock
+  errno = EEXIST;
+  return -1;
+}
+
 bool NewFile::check(bool succeeded) {
   if (!succeeded && failure_ == 0) failure_ = errno ? errno : EIO;
   return failure_ == 0;
@@ -78,6 +97,17 @@ bool NewFile::write(QByteArrayView bytes) {
   if (failure_ || !check(writeAll(calls_, file_, bytes))) return false;
   written_ += bytes.size();
   return true;
+}
+
+bool NewFile::rewrite(qint64 at, QByteArrayView bytes) {
+  while (failure_ == 0 && !bytes.isEmpty()) {
+    const ssize_t count = calls_.pwrite(file_, bytes.data(), static_cast<size_t>(bytes.size()), at);
+    if (count < 0 && errno == EINTR) continue;
+    if (!check(count > 0)) return false;
+    bytes = bytes.sliced(count);
+    at += count;
+  }
+  return failure_ == 0;
 }
 
 bool NewFile::commit() {
@@ -99,6 +129,19 @@ void NewFile::syncDirectory() {
   if (directory < 0) return;
   calls_.fsync(directory);
   calls_.close(directory);
+}
+
+void removeLeftOvers(const QByteArray& folder, const char* kind) {
+  QDirIterator walk(QFile::decodeName(folder),
+                    {QFile::decodeName(beginning(kind) + "[0-9]*-[0-9]*~")},
+                    QDir::Files | QDir::Hidden | QDir::NoSymLinks);
+  while (walk.hasNext()) {
+    const QByteArray path = QFile::encodeName(walk.next());
+    const int file = ::open(path.constData(), O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC);
+    if (file < 0) continue;
+    if (::flock(file, LOCK_EX | LOCK_NB) == 0) ::unlink(path.constData());
+    ::close(file);
+  }
 }
 
 bool writeAll(FileCalls& calls, int file, QByteArrayView bytes) {
