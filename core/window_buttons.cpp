@@ -58,9 +58,14 @@ void WindowButtons::cmdMinimize_Click() {
     uses_.form.minimised = true;
 }
 
+bool WindowButtons::allowed() const {
+  return std::ranges::all_of(mayEnd, [](const auto& asks) { return asks(); });
+}
+
 void WindowButtons::imgExit_Click() {
   closeAlwaysOnTop();
-  if (uses_.messages.confirm(u" Are you Sure you want to shut down? "_s)) Form_Unload();
+  if (allowed() && uses_.messages.confirm(u" Are you Sure you want to shut down? "_s))
+    Form_Unload();
 }
 
 void WindowButtons::Form_Unload() {
@@ -79,7 +84,7 @@ void WindowButtons::shutdownWindows(bool force) {
 }
 
 void WindowButtons::askShutdown(bool restart) {
-  if (!uses_.messages.confirm(u"Do you want to shut down?"_s)) return;
+  if (!allowed() || !uses_.messages.confirm(u"Do you want to shut down?"_s)) return;
   uses_.startup.closeit();
   if (restart)
     restartWindows(true);

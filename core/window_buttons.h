@@ -35,7 +35,13 @@ class WindowButtons {
   void shutdownWindows(bool force);
   void askShutdown(bool restart);
 
+  // Asked before the question whether to end: each asks about work of its own that is lost then. A
+  // false keeps the console as it is. They may yield.
+  std::vector<std::function<bool()>> mayEnd;
+
  private:
+  bool allowed() const;
+
   Uses uses_;
   std::function<void()> end_;
   Form strip_;  // frmAlwaysOnTop

@@ -160,12 +160,6 @@ void CustomSide::openDoors() {
 void CustomSide::addWords() {
   desk_.words.add({u"SETUP"_s, u"btnsetup"_s, u"open setup"_s,
                    desk_.guarded([this] { access.cmdSetup_Click(); })});
-  desk_.words.add({u"RIPPER"_s, u"btnripper"_s, {}, [this] {
-                     if (openRipper) return openRipper();
-                     desk_.messages.say(
-                         u"This console cannot copy CDs yet. A CD can be played: press CD on the "
-                         "Music tab."_s);
-                   }});
 }
 
 void CustomSide::editButtons() {

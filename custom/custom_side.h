@@ -53,9 +53,6 @@ class CustomSide : private SetupParts {
   SetupForm setup;
   SetupAccess access;
 
-  // Opens the ripper; empty while this console has none.
-  std::function<void()> openRipper;
-
  private:
   void connectLock(PlaybackSide& playback);
   void connectHome(PlaybackSide& playback);

@@ -372,6 +372,12 @@ constexpr InventoryRow kMain[] = {
     hidden(image("cmdMovieLeave", {1136, 24, 120, 124}, TR, "Leave the full screen",
                  {.picture = "movies/leave"})),
 
+    // The ripper: beside the tracks of a CD, and at work in the transport line
+    hidden(button("cmdRip", {1050, 402, 222, 84}, TR, "Rip this CD",
+                  {.picture = "main/btnripper", .caption = "Rip this CD", .text = 24})),
+    hidden(button("cmdRipMark", {1120, 608, 152, 72}, BR, "The ripper is at work",
+                  {.colours = "Accent", .text = 26})),
+
     // In front of all
     hidden(button("cmdSaveControls", {400, 24, 220, 84}, TL, "Save the positions",
                   {.caption = "Save positions"})),
