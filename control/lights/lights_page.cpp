@@ -185,6 +185,7 @@ void LightsPage::dimAgain(int unit, LampCommand command) {
 
 void LightsPage::shtX10_Press(int cell) {
   held_ = false;
+  ticks_ = 0;
   const std::vector<Lamp>& lamps = uses_.lamps.all();
   if (cell < 0 || static_cast<size_t>(cell) >= lamps.size()) return;
   const Lamp lamp = lamps[static_cast<size_t>(cell)];
@@ -193,8 +194,8 @@ void LightsPage::shtX10_Press(int cell) {
   const bool wasDimmed = turned_.value(lamp.unit, LampCommand::Bright) == LampCommand::Dim;
   const bool brighter = level == 0 || (level < 100 && wasDimmed);
   const LampCommand command = brighter ? LampCommand::Bright : LampCommand::Dim;
-  uses_.paging.repeat(kRepeatMs, [this, lamp, command, cell, ticks = 0]() mutable {
-    if (++ticks < kHoldTicks) return true;
+  uses_.paging.repeat(kRepeatMs, [this, lamp, command, cell] {
+    if (++ticks_ < kHoldTicks) return true;
     if (!held_) {
       choose(cell);
       turned_[lamp.unit] = command;
@@ -219,9 +220,10 @@ void LightsPage::shtX10_Click(int cell) {
 
 void LightsPage::cmdScene_Press(int index) {
   held_ = false;
+  ticks_ = 0;
   if (index < 1 || index > Scenes::kMost) return;
-  uses_.paging.repeat(kRepeatMs, [this, index, ticks = 0]() mutable {
-    if (++ticks < kRemoveTicks) return true;
+  uses_.paging.repeat(kRepeatMs, [this, index] {
+    if (++ticks_ < kRemoveTicks) return true;
     held_ = true;
     uses_.paging.endRepeat();
     removeScene(static_cast<size_t>(index) - 1);

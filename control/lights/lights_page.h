@@ -77,6 +77,7 @@ class LightsPage {
   Panel panel_;
   Scenes scenes_;
   std::shared_ptr<LampCells> cells_;
+  int ticks_ = 0;                   // of RepeatTimer since the finger came
   bool held_ = false;               // the finger has dimmed: its click does nothing more
   QHash<int, LampCommand> turned_;  // which way a lamp was dimmed last
 };
