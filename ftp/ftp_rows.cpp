@@ -14,7 +14,7 @@ QString FtpRows::cell(int column, int row) const {
     case Size:
       return item->directory() ? u"< Directory >"_s : QString::number(item->size);
     case LastAccessed:
-      return item->directory() ? QString() : item->accessed.toString(u"yyyy-MM-dd hh:mm"_s);
+      return item->directory() ? QString() : item->accessed.toString(u"yyyy-MM-dd"_s);
     case Attributes:
       return item->directory() ? QString() : attributeText(item->attributes);
     default:
