@@ -7,7 +7,7 @@ namespace korvane {
 namespace {
 
 constexpr int kLeastCell = 142, kMostCell = 238;   // form units: five of them, or three, abreast
-constexpr int kCellFrame = 20, kCellCaption = 24;  // around a thumbnail; of a square one
+constexpr int kCellFrame = 18, kCellCaption = 24;  // around a thumbnail; of a square one
 constexpr int kRowHeight = 38;                     // of the lists, in the unit of GridHeight
 constexpr int kTakeBackMs = 10'000;
 enum Print { kCrop, kSize, kKeepAspect };
