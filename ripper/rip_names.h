@@ -21,7 +21,7 @@ QString withoutNul(QString text);  // what no file system can hold goes
 QStringList albumFolders(const QString& ripPath, const QString& artist, const QString& album,
                          bool safe);
 
-// Without folder and ending: that of the file, and that of the file that the library is told of.
+// Without folder and ending: that of the file, and that of the file that the library names.
 QString outputName(int track, const QString& title, bool safe);
 QString storedName(int track, const QString& title, bool safe);
 

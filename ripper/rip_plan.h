@@ -1,5 +1,5 @@
 // ripit: from ticked tracks to a run. Makes the folders of the album and says where each file goes
-// and what the library is told of it.
+// and what the library says of it.
 #pragma once
 
 #include "core/log.h"
@@ -31,7 +31,7 @@ class RipPlan {
   explicit RipPlan(Uses uses) : uses_(std::move(uses)) {}
 
   // Nothing, with `why` in words for the user, when the tracks have no room or a folder cannot be
-  // made. A file that the library is to be told of, and that no ripped file replaces, is deleted.
+  // made. A file that the library will name, and that no ripped file replaces, is deleted.
   std::optional<RipOrder> make(const RipRequest& request, QString* why) const;
 
   qint64 freeSpace(const QString& folder) const;  // of the nearest folder that there is

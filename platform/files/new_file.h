@@ -22,7 +22,8 @@ class NewFile {
   bool rewrite(qint64 at, QByteArrayView bytes);  // in place of bytes that were written
   bool commit();  // checks the length, syncs, renames, syncs the directory
 
-  // Whether a file of that name is a successor that is written, or that a crash has left: no user's.
+  // Whether a file of that name is a successor that is written, or that a crash has left: no
+  // user's.
   static bool isLeftover(QByteArrayView name);
 
   qint64 written() const { return written_; }  // bytes

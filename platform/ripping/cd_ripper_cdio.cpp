@@ -121,7 +121,7 @@ void CdRipperCdio::start() {
   }
   jobs_ = next_.tracks.size();
   SwdCDRipper::Events& events = *this;
-  run_ = std::make_shared<RipRun>(pump_, reader_, calls_, next_, events);
+  run_ = std::make_shared<DiscExtraction>(pump_, reader_, calls_, next_, events);
   last_ = run_;
   run_->begin();
 }

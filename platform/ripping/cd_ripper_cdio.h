@@ -7,7 +7,7 @@
 #include "platform/cd_ripper.h"
 #include "platform/disc/cd_drives.h"
 #include "platform/disc/disc_watch.h"
-#include "platform/ripping/rip_run.h"
+#include "platform/ripping/disc_extraction.h"
 
 namespace korvane {
 
@@ -61,12 +61,12 @@ class CdRipperCdio final : public SwdCDRipper, private SwdCDRipper::Events {
   bool open_ = false;
   QString also_;
   std::map<QString, Watched> watched_;  // of every source that was ever there
-  RipPlan next_;
+  ExtractionPlan next_;
   std::vector<RipJob> queued_;
-  std::shared_ptr<RipRun> run_;
-  std::weak_ptr<RipRun> last_;      // run: its reader may still hold the drive
-  std::shared_ptr<bool> hindered_;  // a run that could not begin, until that is heard
-  size_t jobs_ = 0;                 // of the run
+  std::shared_ptr<DiscExtraction> run_;
+  std::weak_ptr<DiscExtraction> last_;  // run: its reader may still hold the drive
+  std::shared_ptr<bool> hindered_;      // a run that could not begin, until that is heard
+  size_t jobs_ = 0;                     // of the run
   std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
 };
 

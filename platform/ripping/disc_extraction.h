@@ -18,7 +18,7 @@
 
 namespace korvane {
 
-struct RipPlan {
+struct ExtractionPlan {
   struct Track {
     RipJob job;
     Disc disc;  // that was in the drive when the job was queued
@@ -30,11 +30,11 @@ struct RipPlan {
   Patience::Time::duration limit = std::chrono::seconds(30);  // at one place of a disc
 };
 
-class RipRun : public std::enable_shared_from_this<RipRun> {
+class DiscExtraction : public std::enable_shared_from_this<DiscExtraction> {
  public:
   // The pump, the calls and the one who hears are not owned and must outlive the run's end.
-  RipRun(Pump& pump, std::shared_ptr<DiscReader> reader, FileCalls& calls, RipPlan plan,
-         SwdCDRipper::Events& events);
+  DiscExtraction(Pump& pump, std::shared_ptr<DiscReader> reader, FileCalls& calls,
+                 ExtractionPlan plan, SwdCDRipper::Events& events);
 
   // From the event loop's thread.
   void begin();
@@ -56,7 +56,7 @@ class RipRun : public std::enable_shared_from_this<RipRun> {
   void runReader();
   bool readSome(size_t index);
   bool openTrack(size_t index);
-  bool sameDisc(const RipPlan::Track& track, QString* trouble) const;
+  bool sameDisc(const ExtractionPlan::Track& track, QString* trouble) const;
   std::optional<size_t> nextToRead() const;
   bool mayBegin(size_t index) const;
   void runEncoder();
@@ -72,7 +72,7 @@ class RipRun : public std::enable_shared_from_this<RipRun> {
   Pump& pump_;
   const std::shared_ptr<DiscReader> reader_;
   FileCalls& calls_;
-  const RipPlan plan_;
+  const ExtractionPlan plan_;
   SwdCDRipper::Events* events_;  // of the event loop's thread; null when cancelled
 
   std::atomic<bool> stop_{false};

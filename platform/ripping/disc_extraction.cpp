@@ -1,4 +1,4 @@
-#include "platform/ripping/rip_run.h"
+#include "platform/ripping/disc_extraction.h"
 
 #include <sys/resource.h>
 #include <sys/statvfs.h>
@@ -54,28 +54,28 @@ double percent(qint64 part, qint64 whole) {
 
 }  // namespace
 
-RipRun::RipRun(Pump& pump, std::shared_ptr<DiscReader> reader, FileCalls& calls, RipPlan plan,
-               SwdCDRipper::Events& events)
+DiscExtraction::DiscExtraction(Pump& pump, std::shared_ptr<DiscReader> reader, FileCalls& calls,
+                               ExtractionPlan plan, SwdCDRipper::Events& events)
     : pump_(pump),
       reader_(std::move(reader)),
       calls_(calls),
       plan_(std::move(plan)),
       events_(&events) {
-  for (const RipPlan::Track& track : plan_.tracks) {
+  for (const ExtractionPlan::Track& track : plan_.tracks) {
     tracks_.emplace_back();
     tracks_.back().extent = extentOf(track.disc, track.job.track);
   }
   readers_.resize(tracks_.size());
 }
 
-void RipRun::begin() {
+void DiscExtraction::begin() {
   encoding_ = std::min(plan_.encoders, static_cast<int>(tracks_.size()));
   for (int i = 0; i < encoding_; ++i)
     std::thread([self = shared_from_this()] { self->runEncoder(); }).detach();
   std::thread([self = shared_from_this()] { self->runReader(); }).detach();
 }
 
-void RipRun::cancel() {
+void DiscExtraction::cancel() {
   events_ = nullptr;
   std::unique_lock lock(mutex_);
   cancelled_ = stop_ = true;
@@ -83,7 +83,7 @@ void RipRun::cancel() {
   wake_.wait_for(lock, kLongestGoodbye, [this] { return encoding_ == 0; });
 }
 
-void RipRun::runReader() {
+void DiscExtraction::runReader() {
   stepBack();
   std::unique_lock lock(mutex_);
   const auto allRead = [this] { return std::ranges::all_of(tracks_, &Track::read); };
@@ -107,13 +107,13 @@ void RipRun::runReader() {
   wake_.notify_all();
 }
 
-void RipRun::waitForReader() {
+void DiscExtraction::waitForReader() {
   std::unique_lock lock(mutex_);
   wake_.wait(lock, [this] { return !reading_; });
 }
 
 // The job at hand until it has enough waiting, then the first that has little.
-std::optional<size_t> RipRun::nextToRead() const {
+std::optional<size_t> DiscExtraction::nextToRead() const {
   const qsizetype most = kWaitingBytes / plan_.encoders;
   const auto hasRoom = [&](size_t index, qsizetype limit) {
     return !tracks_[index].read && mayBegin(index) && bytesOf(tracks_[index].waiting) < limit;
@@ -124,20 +124,20 @@ std::optional<size_t> RipRun::nextToRead() const {
   return std::nullopt;
 }
 
-bool RipRun::mayBegin(size_t index) const {
+bool DiscExtraction::mayBegin(size_t index) const {
   const auto before = tracks_.begin() + static_cast<std::ptrdiff_t>(index);
   return std::count_if(tracks_.begin(), before, [](const Track& track) { return !track.done; }) <
          plan_.encoders;
 }
 
-bool RipRun::sameDisc(const RipPlan::Track& track, QString* trouble) const {
+bool DiscExtraction::sameDisc(const ExtractionPlan::Track& track, QString* trouble) const {
   const DiscLook look = reader_->look(track.job.source, {});
   *trouble = look.trouble;
   return look.state == DiscLook::Ready && look.disc.tracks == track.disc.tracks;
 }
 
-bool RipRun::openTrack(size_t index) {
-  const RipPlan::Track& track = plan_.tracks[index];
+bool DiscExtraction::openTrack(size_t index) {
+  const ExtractionPlan::Track& track = plan_.tracks[index];
   const RipJob& job = track.job;
   QString trouble;
   std::unique_ptr<SectorReader>& sectors = sectors_[job.source];
@@ -165,7 +165,7 @@ bool RipRun::openTrack(size_t index) {
   return true;
 }
 
-bool RipRun::readSome(size_t index) {
+bool DiscExtraction::readSome(size_t index) {
   TrackReader& reader = *readers_[index];
   const int count = std::min(kChunkSectors, reader.left());
   QByteArray chunk(qsizetype{count} * kSectorBytes, Qt::Uninitialized);
@@ -185,7 +185,7 @@ bool RipRun::readSome(size_t index) {
   return true;
 }
 
-void RipRun::runEncoder() {
+void DiscExtraction::runEncoder() {
   stepBack();
   std::unique_lock lock(mutex_);
   while (true) {
@@ -205,7 +205,7 @@ void RipRun::runEncoder() {
 }
 
 // False when it failed, which was told then, or was stopped.
-bool RipRun::write(size_t index) {
+bool DiscExtraction::write(size_t index) {
   const RipJob& job = plan_.tracks[index].job;
   const QString path = job.output + endingOf(plan_.encoder.format);
   const QByteArray target = fromPath(path);
@@ -237,7 +237,7 @@ bool RipRun::write(size_t index) {
 }
 
 // The next sound of a track; empty at its end, nothing when the run was stopped.
-std::optional<QByteArray> RipRun::take(size_t index) {
+std::optional<QByteArray> DiscExtraction::take(size_t index) {
   std::unique_lock lock(mutex_);
   Track& track = tracks_[index];
   wake_.wait(lock, [&] { return stop_ || track.read || !track.waiting.empty(); });
@@ -249,14 +249,14 @@ std::optional<QByteArray> RipRun::take(size_t index) {
   return chunk;
 }
 
-double RipRun::bytesASector(const NewFile& file, int encoded) const {
+double DiscExtraction::bytesASector(const NewFile& file, int encoded) const {
   if (plan_.encoder.format != RipFormat::Flac)
     return plan_.encoder.bitRate / 8.0 / kSectorsPerSecond;
   return encoded > 0 ? static_cast<double>(file.written()) / encoded : kSectorBytes;
 }
 
 // Why a file could not be written, with the room that the rest of the run lacks.
-QString RipRun::words(const NewFile& file, size_t index, int encoded) {
+QString DiscExtraction::words(const NewFile& file, size_t index, int encoded) {
   const QString path = plan_.tracks[index].job.output + endingOf(plan_.encoder.format);
   const int failure = file.failure();
   if (failure == 0) return u"Could not encode %1: the encoder refuses the settings."_s.arg(path);
@@ -277,7 +277,7 @@ QString RipRun::words(const NewFile& file, size_t index, int encoded) {
                                                      QLocale(QLocale::English).toString(missing));
 }
 
-void RipRun::finished(size_t index) {
+void DiscExtraction::finished(size_t index) {
   tracks_[index].done = true;
   tracks_[index].encoded = tracks_[index].extent.sectors;
   wake_.notify_all();
@@ -289,7 +289,7 @@ void RipRun::finished(size_t index) {
   }
 }
 
-void RipRun::progress(bool always) {
+void DiscExtraction::progress(bool always) {
   const auto now = Patience::Time::now();
   if (!always && now - toldProgress_ < kBetweenProgress) return;
   toldProgress_ = now;
@@ -303,7 +303,7 @@ void RipRun::progress(bool always) {
         total = percent(part, whole)](SwdCDRipper::Events& to) { to.OnProgress(track, total); });
 }
 
-void RipRun::fail(const QString& text) {
+void DiscExtraction::fail(const QString& text) {
   const std::lock_guard lock(mutex_);
   if (failure_.isEmpty()) failure_ = text;
   stop_ = true;
@@ -311,10 +311,10 @@ void RipRun::fail(const QString& text) {
 }
 
 // Under the mutex, so that the events keep their order and none comes after cancel().
-void RipRun::post(News news) {
+void DiscExtraction::post(News news) {
   if (cancelled_) return;
   pump_.later([weak = weak_from_this(), news = std::move(news)] {
-    const std::shared_ptr<RipRun> self = weak.lock();
+    const std::shared_ptr<DiscExtraction> self = weak.lock();
     if (self && self->events_) news(*self->events_);
   });
 }
