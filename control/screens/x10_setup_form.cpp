@@ -67,7 +67,7 @@ void X10SetupForm::Form_Load() {
   panel_.ss->columns = {{u"X10 Address"_s, 20},
                         {u"Description"_s, 44},
                         {u"DIM"_s, 10},
-                        {u"           Test "_s, 13, false, kPressed},
+                        {u"Test"_s, 13, false, kPressed},
                         {QString(), 13, false, kPressed}};
   panel_.ss->fontSize = state_.gGridFontSize;
   panel_.ss->setRows(std::move(rows));

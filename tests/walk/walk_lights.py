@@ -124,6 +124,7 @@ one.press("cmdSetup")
 one.press("cmdAddDir", 4, form="frmSetup")
 one.wait_until(lambda: one.ask(cmd="get", name="ss", form="frmX10Setup")["ok"], "frmX10Setup", 5)
 one.screenshot("lights_setup")
+assert not one.must(cmd="get", name="ss", form="frmX10Setup")["cut"], "a column is too narrow"
 one.press("ss", form="frmX10Setup", row=9, col=2)
 one.type_on_screen("bar")
 one.press("cmd", 1, form="frmX10Setup")
