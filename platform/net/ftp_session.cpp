@@ -135,7 +135,7 @@ Result FtpSession::perform(const Order& order) {
   if (order.what == Order::Open) {
     login_ = order.login;
     address_ = ftpAddress(login_.server);
-    open_ = false;
+    open_ = encrypted_ = false;
     if (address_.isEmpty())
       return failure(CURLE_URL_MALFORMAT,
                      u"“%1” is no address of an FTP server; other protocols, as SFTP, are not "
@@ -195,7 +195,9 @@ void FtpSession::prepareConnection() {
     set(CURLOPT_USERNAME, login_.user.toUtf8().constData());
     set(CURLOPT_PASSWORD, login_.password.toUtf8().constData());
   }
-  if (!login_.passive) set(CURLOPT_FTPPORT, "-");
+  // Encrypted, the server would have to begin the encryption of a connection that it makes itself:
+  // uploads break at that.
+  if (!login_.passive && !encrypted_) set(CURLOPT_FTPPORT, "-");
   if (login_.tls) {
     // Where plain text would do, a certificate that nobody vouches for is no worse.
     set(CURLOPT_USE_SSL, static_cast<long>(CURLUSESSL_TRY));
@@ -299,6 +301,7 @@ void FtpSession::conclude(Transfer& transfer, int number) {
     const char* entry = nullptr;
     curl_easy_getinfo(easy_, CURLINFO_FTP_ENTRY_PATH, &entry);
     result.bytes = entry ? entry : "/";
+    encrypted_ = transfer.replies.answer(234) != nullptr;
     const FtpReplies::Reply* features = transfer.replies.answer(211);
     facts_ = features && features->text.toUpper().contains("\n MLST");
   } else if (order.what == Order::Enter) {

@@ -39,7 +39,8 @@ class FtpSession {
   QByteArray address_;
   QByteArray folderUrl_;  // of the folder that the connection is in
   bool open_ = false;
-  bool facts_ = false;  // the server lists by MLSD
+  bool encrypted_ = false;  // the server has taken AUTH TLS
+  bool facts_ = false;      // the server lists by MLSD
 };
 
 }  // namespace korvane

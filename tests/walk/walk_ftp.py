@@ -74,6 +74,11 @@ def enter(name):
     console.must(cmd="doublepress", form=form, name="lv", row=names().index(name) + 1)
 
 
+def said(contains, answer="ok"):
+    console.box(contains, answer)
+    time.sleep(0.7)  # the list is read again, and no press is taken
+
+
 def in_chooser(name=None):
     console.wait_until(lambda: shown("cmdok", "frmDirectorys"), "the chooser", 5)
     if name:
@@ -108,40 +113,40 @@ try:
     choose("first song.mp3")
     press("cmdDownload")
     in_chooser()
-    console.box("Download complete in ")
+    said("Download complete in ")
     assert (here / "first song.mp3").read_bytes() == songs["album/song 3.mp3"]
     choose("album")
     press("cmdDownload")
     in_chooser()
-    console.box("Download complete in ")
+    said("Download complete in ")
     assert {f"album/{path.name}": path.read_bytes() for path in (here / "album").iterdir()} == songs
 
     # Up, renamed, deleted
     press("cmdUpload")
     in_chooser("from here.txt")
-    console.box("Upload complete in ")
+    said("Upload complete in ")
     console.wait_until(lambda: "from here.txt" in names(), "the new row")
     choose("from here.txt")
     press("cmdRename")
     console.type_on_screen("letter")
-    console.box("The file from here.txtwas successfuly renamed to letter")
+    said("The file from here.txtwas successfuly renamed to letter")
     assert (served / "letter").read_text() == (here / "from here.txt").read_text()
     console.wait_until(lambda: "letter" in names(), "its other name")
     choose("letter")
     press("cmdDelete")
     console.wait_until(lambda: console.must(cmd="messages")["messages"], "the question")
     console.screenshot("ftp_delete")
-    console.box("Are you sure you want to delete letter?", "yes")
-    console.box("The file letter was successfully deleted.")
+    said("Are you sure you want to delete letter?", "yes")
+    said("The file letter was successfully deleted.")
     assert not (served / "letter").exists()
     press("cmdCreateDir")
     console.type_on_screen("empty")
-    console.box("Directory empty was successfully created.")
+    said("Directory empty was successfully created.")
     console.wait_until(lambda: "empty" in names(), "the new folder")
     choose("empty")
     press("cmdDelete")
-    console.box("Are you sure you want to delete empty?", "yes")
-    console.box("Directory empty was successfully removed.")
+    said("Are you sure you want to delete empty?", "yes")
+    said("Directory empty was successfully removed.")
     assert not (served / "empty").exists()
 
     # A long one is cancelled; the next press goes on with it
@@ -155,7 +160,7 @@ try:
     console.wait_until(lambda: caption("cmdCancel") == "Cancel" and "left" in caption("lblStatus"), "its progress")
     console.screenshot("ftp_download")
     press("cmdCancel")
-    console.box("The download was cancelled. Start it again to go on with it.")
+    said("The download was cancelled. Start it again to go on with it.")
     parts = [path.name for path in here.iterdir() if path.suffix == ".part"]
     assert len(parts) == 1 and not (here / "long").exists(), parts
 
