@@ -36,7 +36,7 @@ struct clsPrintApi::Drawing {
 clsPrintApi::clsPrintApi(Uses uses)
     : Dialog(uses.dialog, u"frmPrint"_s, printInventory()), uses_(uses), panel_(form_) {
   panel_.gridPrinters->columns = {{u"Printer"_s}};
-  panel_.gridPapers->columns = {{u"Paper"_s, 48}, {u"mm"_s, 52}};
+  panel_.gridPapers->columns = {{u"Paper"_s, 50}, {u"mm"_s, 50}};
   panel_.picPreview->rounded = false;
   const auto onRow = [this](QStringView grid, void (clsPrintApi::*clicked)(int)) {
     form_.on(grid, Event::Click, [this, clicked](Control&, const Event& event) {
