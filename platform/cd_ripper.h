@@ -13,7 +13,7 @@ enum class RipFormat { Mp3, Flac, Opus };
 // SwdMP3Encoder: how files are encoded.
 struct SwdMP3Encoder {
   RipFormat format = RipFormat::Mp3;
-  // Of 0 (fastest) to 1 (best): the effort of the encoder, never the size of its file.
+  // Effort, 0 to 1 (best) of the encoder's own scale: 0.75 is LAME's 2, FLAC's 6, Opus's 8.
   double quality = 0.75;
   int bitRate = 192000;  // bit/s, of MP3 (constant) and Opus; FLAC keeps every bit
 };
@@ -51,13 +51,13 @@ class SwdCDRipper {
     bool operator==(const Drive&) const = default;
   };
 
-  // Heard from the event loop, never from inside a call. A job is counted from 0 within its run.
+  // Heard from the event loop, never from inside a call. Jobs count from 0, begin and end in order.
   class Events {
    public:
     virtual ~Events() = default;
     virtual void OnExtractionStart(int job) = 0;
     virtual void OnExtractionEnd(int job, const RipResult& result) = 0;
-    virtual void OnProgress(double track, double total) = 0;  // percent, of the track read last
+    virtual void OnProgress(double track, double total) = 0;  // percent, of the first not done
     virtual void OnCDChange(const QString& source) = 0;       // first answer of a drive, and every
                                                          // other; empty: there are other drives
     // The run is over; half-made files are gone. In words: what happened, to what.

@@ -1,5 +1,7 @@
 #include "platform/ripping/paranoia_reader.h"
 
+#include <cerrno>
+
 namespace korvane {
 namespace {
 
@@ -9,6 +11,12 @@ constexpr int kMode = PARANOIA_MODE_FULL & ~PARANOIA_MODE_NEVERSKIP;
 
 // Whose call of next() is at work on this thread: libcdio-paranoia's news come without an object.
 thread_local ParanoiaReader* reading = nullptr;
+
+// The one answer on which libcdio-paranoia does not try again.
+long leave() {
+  errno = ENOMEDIUM;
+  return -1;
+}
 
 }  // namespace
 
@@ -80,13 +88,13 @@ long ParanoiaReader::readSectors(char* to, int first, int count) {
     if (!given) disc_.read(std::clamp(first, first_, end_ - 1), 1, nowhere.data());
     return count;
   }
-  if (given) return 0;
+  if (given) return leave();
   if (disc_.read(first, count, to)) return count;
   int good = 0;
   while (good < count && !giveUp(true) &&
          disc_.read(first + good, 1, to + qsizetype{good} * kSectorBytes))
     ++good;
-  return good;
+  return gaveUp_ ? leave() : good;
 }
 
 }  // namespace korvane

@@ -35,9 +35,12 @@ bool TrackReader::read(int count, char* to) {
 }
 
 // All of them, or one where they do not come together. None when the disc is gone.
-int TrackReader::readPlain(int count, char* to) {
-  if (how_.secure) count = std::min(count, plainEnd_ - at_);
-  if (singly_ == 0 && disc_.read(at_, count, to)) return count;
+int TrackReader::readPlain(int room, char* to) {
+  const int count = how_.secure ? std::min(room, plainEnd_ - at_) : room;
+  if (singly_ == 0 && disc_.read(at_, count, to)) {
+    if (how_.secure) mark(RipResult::Doubtful, at_);
+    return count;
+  }
   if (singly_ == 0) {
     singly_ = count;
     if (failed()) return 0;
@@ -50,9 +53,12 @@ int TrackReader::readPlain(int count, char* to) {
   }
   mark(RipResult::Doubtful, at_);
   const int rest = kSectorsPerSecond - (at_ - extent_.first) % kSectorsPerSecond;
-  const int silent = patience_.over() ? std::min({rest, count, left()}) : 1;
+  const int silent = patience_.over() ? std::min({rest, room, left()}) : 1;
   std::memset(to, 0, static_cast<size_t>(silent) * kSectorBytes);
   singly_ = std::max(0, singly_ - (silent - 1));
+  // The checks cannot begin at a sector that is lost: the next one is tried before them.
+  plainEnd_ = std::max(plainEnd_, std::min(at_ + silent + 1, at_ + left()));
+  checkFrom_ = at_ + silent;
   return silent;
 }
 
@@ -69,14 +75,15 @@ int TrackReader::readSecure(char* to) {
     ParanoiaReader::Witness& witness = *this;
     paranoia_ = std::make_unique<ParanoiaReader>(disc_, witness, checkFrom_, extent_.soundEnd, at_);
   }
-  lost_ = false;
   const char* sector = paranoia_->next();
   if (ended_) return 0;
-  if (sector && !lost_) {
+  const bool lost = at_ >= lostAt_;
+  if (sector && !lost) {
     std::memcpy(to, sector, kSectorBytes);
     return 1;
   }
   paranoia_.reset();
+  lostAt_ = kNowhere;
   mark(RipResult::Doubtful, at_);
   const int rest = kSectorsPerSecond - (at_ - extent_.first) % kSectorsPerSecond;
   plainEnd_ = checkFrom_ = at_ + (sector ? 1 : std::min(rest, left()));
@@ -85,8 +92,10 @@ int TrackReader::readSecure(char* to) {
 
 void TrackReader::happened(ParanoiaReader::Event event, int sector) {
   patience_.trouble();
-  lost_ = lost_ || event == ParanoiaReader::Lost;
-  mark(event == ParanoiaReader::Lost ? RipResult::Doubtful : RipResult::Repaired, sector);
+  if (event == ParanoiaReader::Lost)
+    lostAt_ = std::min(lostAt_, sector);
+  else
+    mark(RipResult::Repaired, sector);
 }
 
 bool TrackReader::giveUp(bool unread, int reads) {

@@ -36,7 +36,7 @@ class TrackReader : private ParanoiaReader::Witness {
  private:
   void happened(ParanoiaReader::Event event, int sector) override;
   bool giveUp(bool unread, int reads) override;
-  int readPlain(int count, char* to);
+  int readPlain(int room, char* to);
   int readSecure(char* to);
   bool readOne(char* to);
   bool failed();
@@ -48,12 +48,13 @@ class TrackReader : private ParanoiaReader::Witness {
   const How how_;
   Patience patience_;
   std::unique_ptr<ParanoiaReader> paranoia_;
-  int at_;              // the next sector
-  int singly_ = 0;      // sectors ahead that are read one by one
-  int checkFrom_;       // the checks look at nothing before
-  int plainEnd_ = 0;    // up to there without the checks, which gave up
-  bool lost_ = false;   // the checks did not get the sector at hand
-  bool ended_ = false;  // stopped or gone
+  int at_;          // the next sector
+  int singly_ = 0;  // sectors ahead that are read one by one
+  static constexpr int kNowhere = 1 << 30;
+  int lostAt_ = kNowhere;  // the first sector that the checks did not get
+  int checkFrom_;          // the checks look at nothing before
+  int plainEnd_ = 0;       // up to there without the checks, which gave up
+  bool ended_ = false;     // stopped or gone
   Patience::Time::time_point askedGone_{};
   Crc32 checksum_;
   QList<int> repaired_, doubtful_;  // seconds, in order
