@@ -217,7 +217,7 @@ std::unique_ptr<SectorReader> DiscReaderCdio::sectors(const QString& source) {
 }
 
 std::unique_ptr<SectorReader> DiscReaderCdio::carefulSectors(const QString& source, bool pointing) {
-  const QByteArray path = pathOf(source);
+  const QByteArray path = discPath(source);
   return isDevice(path) ? DeviceSectors::open(path, pointing) : sectors(source);
 }
 
