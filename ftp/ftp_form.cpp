@@ -35,10 +35,10 @@ FtpForm::FtpForm(Uses uses)
     mFTP_FileTransferProgress(bytes, size);
   };
   panel_.txtPassword->passwordChar = u"*"_s;
-  panel_.lv->columns = {{u"Name"_s, 42, false, Grid::CellKind::Picture},
-                        {u"Size"_s, 18},
-                        {u"Last Accessed"_s, 17},
-                        {u"Attributes"_s, 23}};
+  panel_.lv->columns = {{u"Name"_s, 36, false, Grid::CellKind::Picture},
+                        {u"Size"_s, 17},
+                        {u"Last Accessed"_s, 19},
+                        {u"Attributes"_s, 28}};
   form_.on(u"lv", Event::DblClick,
            [this](Control&, const Event& event) { lv_DblClick(event.row); });
   onClick(u"txtServer", [this](int) { textBox_Click(*panel_.txtServer, u"Server"_s, false); });

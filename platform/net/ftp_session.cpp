@@ -13,7 +13,9 @@ using Order = FtpClient::Order;
 using Result = FtpClient::Result;
 
 constexpr long kConnectMs = 20'000, kAnswerSeconds = 30, kStandstillSeconds = 30;
-constexpr int kLookMs = 500;  // between looks while nothing comes
+// Between looks while nothing comes. A reply that came with the one before it wakes libcurl 7.88
+// only then.
+constexpr int kLookMs = 10;
 constexpr long kBlock = 256 << 10;
 constexpr qsizetype kMostListing = 256 << 20;  // bytes
 
