@@ -121,9 +121,10 @@ TEST_F(RipperTest, TheOrderInWhichADiscIsLookedUp) {
     QString error;
     ASSERT_TRUE(makeMyCddb(files, home.path(), &error)) << error.toStdString();
     ASSERT_TRUE(QFile::copy(mine, shipped));
-    if (c.known != Nowhere)
+    if (c.known != Nowhere) {
       ASSERT_TRUE(insertMyDisc(home.path(), clscddb::figureid(u"150 5025 14775"_s), u"Lumen Quay"_s,
                                u"Harbour"_s, {u"Tide: 1"_s, u"Ebb"_s}, &error));
+    }
     if (c.known == Cddata) {
       QFile::remove(shipped);
       QFile::rename(mine, shipped);
@@ -260,8 +261,9 @@ TEST_F(RipperTest, WhatNamesBecome) {
         drives().end(0);
         system().pump.settle();
       });
-      if (!safe)
+      if (!safe) {
         EXPECT_TRUE(library().last().contains(u"~/Arips/"_s + QString::fromUtf8(c.plainStored)));
+      }
     }
   }
 }
