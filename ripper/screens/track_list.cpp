@@ -30,10 +30,10 @@ QString readingText(const RipResult& result) {
 }  // namespace
 
 void TrackList::setGrid(bool readings) {
-  ss_.columns = {{u"RIP"_s, 13, false, Grid::CellKind::Button},
-                 {u"Track"_s, readings ? 42 : 56},
-                 {u"Duration"_s, 16},
-                 {u"IN DB"_s, 12},
+  ss_.columns = {{u"RIP"_s, 12, false, Grid::CellKind::Button},
+                 {u"Track"_s, readings ? 34 : 54},
+                 {u"Duration"_s, 19},
+                 {u"IN DB"_s, 15},
                  {u"Read"_s, 20, !readings}};
   Colours colours = ss_.colours();
   colours.selected = kRowColour;

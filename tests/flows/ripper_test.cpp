@@ -84,7 +84,7 @@ class RipperTest : public CabinTest {
     drives().end(job, std::move(result));
     system().pump.settle();
   }
-  // Artist, album, title and path of every row, and whether it is a favourite.
+  // Artist, album, title, path and year of every row.
   QStringList library() {
     OpenedDatabase db(console().library.database);
     sql::Run run = db->run("select artist, album, songtitle, songpath, year from songs");
@@ -122,7 +122,7 @@ TEST_F(RipperTest, TheOrderInWhichADiscIsLookedUp) {
     ASSERT_TRUE(makeMyCddb(files, home.path(), &error)) << error.toStdString();
     ASSERT_TRUE(QFile::copy(mine, shipped));
     if (c.known != Nowhere) {
-      ASSERT_TRUE(insertMyDisc(home.path(), clscddb::figureid(u"150 5025 14775"_s), u"Lumen Quay"_s,
+      EXPECT_TRUE(insertMyDisc(home.path(), clscddb::figureid(u"150 5025 14775"_s), u"Lumen Quay"_s,
                                u"Harbour"_s, {u"Tide: 1"_s, u"Ebb"_s}, &error));
     }
     if (c.known == Cddata) {
@@ -261,9 +261,8 @@ TEST_F(RipperTest, WhatNamesBecome) {
         drives().end(0);
         system().pump.settle();
       });
-      if (!safe) {
-        EXPECT_TRUE(library().last().contains(u"~/Arips/"_s + QString::fromUtf8(c.plainStored)));
-      }
+      const QString stored = u"~/Arips/"_s + QString::fromUtf8(c.plainStored);
+      EXPECT_TRUE(safe || library().last().contains(stored));
     }
   }
 }

@@ -152,6 +152,7 @@ TEST_F(Socket, TellsAllOfAControl) {
   pixels->width = 4;
   pixels->height = 3;
   area.picture = Picture{{}, {}, nullptr, pixels};
+  area.visible = true;
   area.zoom = 150;
   const std::pair<QByteArray, QByteArray> table[] = {
       {R"({"command":"rows","name":"sheetPictures","from":29,"count":5})",
