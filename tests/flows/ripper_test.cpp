@@ -121,10 +121,9 @@ TEST_F(RipperTest, TheOrderInWhichADiscIsLookedUp) {
     QString error;
     ASSERT_TRUE(makeMyCddb(files, home.path(), &error)) << error.toStdString();
     ASSERT_TRUE(QFile::copy(mine, shipped));
-    if (c.known != Nowhere) {
-      EXPECT_TRUE(insertMyDisc(home.path(), clscddb::figureid(u"150 5025 14775"_s), u"Lumen Quay"_s,
-                               u"Harbour"_s, {u"Tide: 1"_s, u"Ebb"_s}, &error));
-    }
+    ASSERT_TRUE(c.known == Nowhere ||
+                insertMyDisc(home.path(), clscddb::figureid(u"150 5025 14775"_s), u"Lumen Quay"_s,
+                             u"Harbour"_s, {u"Tide: 1"_s, u"Ebb"_s}, &error));
     if (c.known == Cddata) {
       QFile::remove(shipped);
       QFile::rename(mine, shipped);
