@@ -204,7 +204,7 @@ void DiscExtraction::runEncoder() {
     post([text = failure_](SwdCDRipper::Events& to) { to.OnError(text); });
 }
 
-// False when it failed, which was told then, or was stopped.
+// False when it failed, which was said then, or was stopped.
 bool DiscExtraction::write(size_t index) {
   const RipJob& job = plan_.tracks[index].job;
   const QString path = job.output + endingOf(plan_.encoder.format);

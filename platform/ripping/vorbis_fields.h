@@ -1,5 +1,4 @@
-// The comments of FLAC and Opus files (xiph.org: "Ogg Vorbis I format specification: comment field
-// and header specification").
+// The comments of FLAC and Opus files (xiph.org, Vorbis I, section 5, "comment field and header").
 #pragma once
 
 #include "platform/cd_ripper.h"

@@ -1,5 +1,5 @@
 // A house in memory in place of a broker: whatever is published arrives, and a lamp that has a
-// state topic tells there what it was told.
+// state topic says there what was published.
 #pragma once
 
 #include <memory>

@@ -20,10 +20,9 @@ class Ftp : public CabinTest {
       host->onModal(u"frmFTP"_s, [this](Form& ftp) {
         korvane::press(ftp, u"cmdConnect"_s);
         controlOf<Grid>(ftp, u"lv").row = 2;
-        host->onModal(u"frmDirectorys"_s, [this](Form& chooser) {
-          answer(u"001-Dawn.mp3 exists already."_s, Yes);
-          korvane::press(chooser, u"cmdok"_s);
-        });
+        host->onModal(u"frmDirectorys"_s,
+                      [](Form& chooser) { korvane::press(chooser, u"cmdok"_s); });
+        answer(u"001-Dawn.mp3 exists already."_s, Yes);
         answer(u"Download complete in "_s);
         korvane::press(ftp, u"cmdDownload"_s);
         korvane::press(ftp, u"cmdCancel"_s);
