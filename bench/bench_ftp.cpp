@@ -18,7 +18,7 @@ namespace {
 
 constexpr qint64 kLarge = qint64{1} << 30;
 constexpr int kSmall = 10'000, kTurns = 3;
-constexpr int kBareSmall = 100;  // of them by libcurl alone, which can need a second for each
+constexpr int kBareSmall = 20;  // of them by libcurl alone, which can need a second for each
 constexpr double kAim = 0.8;
 
 void fill(const QString& folder) {
