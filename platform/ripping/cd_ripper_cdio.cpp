@@ -92,8 +92,9 @@ QString CdRipperCdio::trouble(const QString& source) const {
   return look ? look->trouble : u"The CD drive does not answer."_s;
 }
 
+// One more than cores: while a file is brought to the disk, its core encodes another.
 void CdRipperCdio::setSideBySide(bool on) {
-  next_.encoders = on ? std::max(2, static_cast<int>(std::thread::hardware_concurrency())) : 1;
+  next_.encoders = on ? static_cast<int>(std::thread::hardware_concurrency()) + 1 : 1;
 }
 
 // Makes the plan of what is queued; in words what hinders it.
