@@ -1,5 +1,6 @@
 """A whole cabin: the Master Listener, a Music Listener and two consoles. What one plays the other shows and
 pauses; the list of the one goes on; the listener is killed and comes back."""
+import atexit
 import os
 import pathlib
 import re
@@ -18,6 +19,7 @@ def service(path, *arguments):
     log = folder / f"{time.monotonic_ns()}.log"
     process = subprocess.Popen([path, "--as-root", *arguments], stderr=log.open("w"),
                                env=dict(os.environ, KORVANE_VLC_ARGS="--aout=adummy"))
+    atexit.register(process.kill)  # a walk that fails leaves none behind
     for _ in range(200):
         if found := re.search(r"listening at \S+ port (\d+)", log.read_text()):
             return process, found[1]

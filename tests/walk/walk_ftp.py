@@ -1,5 +1,6 @@
 """Files up and down by FTP with a finger, from a server on this machine: connected, a folder entered, a file
 fetched, another one sent, renamed and deleted, a folder made, a whole one fetched, and the way back."""
+import atexit
 import os
 import pathlib
 import pwd
@@ -44,6 +45,7 @@ connect_from_port_20=NO
 xferlog_enable=NO
 """)
 server = subprocess.Popen(["/usr/sbin/vsftpd", str(settings)])
+atexit.register(server.kill)
 form = "frmFTP"
 console = Console(sys.argv[1], settings=["ADDSON=NO"],
                   user_values=f"[Korvane\\Settings]\nServer=127.0.0.1:{port}\nUser=anonymous\n")

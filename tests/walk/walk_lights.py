@@ -1,6 +1,7 @@
 """The lamps of a cabin: two consoles, korvane-lights and a real broker. A lamp is dimmed by holding its tile and
 seen at the broker, a scene is kept and played, a switch on the wall shows, the broker and the service go and
 come back, and nothing of it disturbs the music."""
+import atexit
 import os
 import pathlib
 import re
@@ -26,6 +27,7 @@ def lights_at(port):
     log = folder / f"{time.monotonic_ns()}.log"
     process = subprocess.Popen([lights_program, "--as-root", "--port", port, "--table", table, "--broker",
                                 f"127.0.0.1:{broker.port}"], stderr=log.open("w"))
+    atexit.register(process.kill)  # a walk that fails leaves none behind
     for _ in range(200):
         if "the broker is there" in log.read_text():
             return process, re.search(r"listening at \S+ port (\d+)", log.read_text())[1]

@@ -152,16 +152,13 @@ TEST_F(Socket, TellsAllOfAControl) {
   pixels->width = 4;
   pixels->height = 3;
   area.picture = Picture{{}, {}, nullptr, pixels};
-  area.visible = true;
   area.zoom = 150;
   const std::pair<QByteArray, QByteArray> table[] = {
       {R"({"command":"rows","name":"sheetPictures","from":29,"count":5})",
        R"({"count":30,"ok":true,"rows":[{"back":29,"caption":"p29.jpg","row":29}]})"},
       {R"({"command":"press","name":"sheetPictures","row":30})",
        R"({"error":"sheetPictures: it has no cell 30, only 30 from 0","ok":false})"},
-      {R"({"command":"set","name":"sheetPictures","value":400})", R"({"ok":true})"},
-      {R"({"command":"set","name":"picTransition","value":1})",
-       R"({"error":"picTransition holds no value","ok":false})"}};
+      {R"({"command":"set","name":"sheetPictures","value":400})", R"({"ok":true})"}};
   for (const auto& [line, answer] : table)
     EXPECT_EQ(QJsonDocument(ask(line)).toJson(QJsonDocument::Compact), answer);
   const QJsonObject scrolled = ask(R"({"command":"get","name":"sheetPictures"})");
