@@ -1,5 +1,6 @@
 """korvane-lights as a program between real TCP and a real broker: a hundred lamps, a broker that is killed and
 comes back, a flood, a table that is wrong, a house in memory."""
+import atexit
 import pathlib
 import re
 import signal
@@ -21,6 +22,7 @@ class Service:
         self.log = folder / f"{time.monotonic_ns()}.log"
         self.process = subprocess.Popen([program, "--as-root", "--port", "0", *arguments], stderr=self.log.open("w"))
         running.append(self.process)
+        atexit.register(self.process.kill)  # a test that fails leaves none behind
         self.port = int(self.wait(r"listening at 127\.0\.0\.1 port (\d+)")[1])
 
     def wait(self, pattern, seconds=15):
