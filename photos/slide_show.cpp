@@ -10,7 +10,7 @@ constexpr int kFirstInterval = 10'000;  // ms
 }  // namespace
 
 SlideShow::SlideShow(Uses uses)
-    : uses_(std::move(uses)),
+    : uses_(uses),
       panel_(uses_.main.form()),
       area_({*panel_.picTransition, *panel_.pictimer, uses_.pictures, uses_.settings, uses_.system,
              uses_.log}) {
