@@ -202,26 +202,29 @@ int benchRip(const QStringList& arguments) {
   const QString played = makeDiscImage(home.path(), u"played"_s, {600});
 
   int good = 0;
-  const double reading = fastest(1, [&] { good = bareReading(image); });
-  double bare = 1e9, ours = 1e9;
+  const Cost read = measure([&] { good = bareReading(image); });
+  double bare = 1e9, bareCpu = 1e9, ours = 1e9;
   qsizetype bareBytes = 0, ourBytes = 0;
   for (int turn = 0; turn < kTurns; ++turn) {
-    bare = std::min(bare, fastest(1, [&] { bareBytes = bareEncoding(sound); }));
+    const Cost cost = measure([&] { bareBytes = bareEncoding(sound); });
+    bare = std::min(bare, cost.seconds);
+    bareCpu = std::min(bareCpu, cost.cpuSeconds);
     ours = std::min(
         ours, fastest(1, [&] { ourBytes = ourEncoding(sound, (home / u"one.mp3"_s).toUtf8()); }));
   }
   const Ripped alone = rip(image, home / u"rip"_s, {}), heard = rip(image, home / u"rip"_s, played);
   const double cores = std::thread::hardware_concurrency();
-  const double ratio = alone.cost.seconds / (reading + kTracks * bare);
+  const double ratio = alone.cost.seconds / (read.seconds + kTracks * bare);
   const double busy = alone.cost.cpuSeconds / alone.cost.seconds / cores;
   const bool right = good == kTracks * seconds * kSectorsPerSecond && bareBytes == ourBytes &&
                      alone.clean == kTracks && heard.clean == kTracks && heard.lost == 0;
   Json("rip")
       .add(alone.cost)
-      .add("bare_reading_s", reading)
+      .add("bare_reading_s", read.seconds)
       .add("bare_encoding_s", kTracks * bare)
       .add("ratio", ratio)
       .add("cores_busy", busy)
+      .add("cpu_ratio", alone.cost.cpuSeconds / (read.cpuSeconds + kTracks * bareCpu))
       .add("encoding_speed", seconds / ours)
       .add("encoding_ratio", bare / ours)
       .add("max_gap_ms", std::max(alone.gapMs, heard.gapMs))

@@ -14,6 +14,7 @@ class DeviceSectors final : public SectorReader {
   ~DeviceSectors() override;
 
   bool read(int first, int count, char* to) override;
+  int remembered() const override { return 1200; }  // 2.7 MiB: no drive is known to keep more
 
  private:
   enum Answer { Good, Failed, Refused };

@@ -28,6 +28,9 @@ class SectorReader {
   // `count` sectors from `first` of the disc into `to`, which has room for them. False when not all
   // could be read; `to` may hold anything then.
   virtual bool read(int first, int count, char* to) = 0;
+
+  // Of these many sectors read last it may give the same bytes again without a look at the disc.
+  virtual int remembered() const { return 0; }
 };
 
 class DiscReader {

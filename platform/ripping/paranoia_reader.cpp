@@ -5,7 +5,7 @@
 namespace korvane {
 namespace {
 
-constexpr int kSectorsAtOnce = 25, kRetries = 20;
+constexpr int kSectorsAtOnce = 25, kRetries = 20, kLeastAhead = 75;
 constexpr int kBefore = 15;  // sectors read ahead of the first, to find its place by
 constexpr int kMode = PARANOIA_MODE_FULL & ~PARANOIA_MODE_NEVERSKIP;
 
@@ -34,6 +34,7 @@ ParanoiaReader::ParanoiaReader(SectorReader& disc, Witness& witness, int first, 
   read_audio = readAudio;
   paranoia_ = cdio_paranoia_init(this);
   cdio_paranoia_modeset(paranoia_, kMode);
+  cdio_paranoia_cachemodel_size(paranoia_, std::max(kLeastAhead, disc.remembered()));
   cdio_paranoia_set_range(paranoia_, at_, end - 1);
 }
 

@@ -67,6 +67,7 @@ class BadDisc : public DiscReader {
     explicit Sectors(BadDisc& from) : disc(from) {}
     BadDisc& disc;
     bool read(int first, int count, char* to) override { return disc.read(first, count, to); }
+    int remembered() const override { return disc.remembered; }
   };
   DiscLook look(const QString&, const DiscLook&) override {
     DiscLook look;
@@ -102,7 +103,7 @@ class BadDisc : public DiscReader {
   QHash<int, int> failures;  // of a sector: how often it fails
   std::chrono::milliseconds slow{0};
   bool jitters = false;
-  int pulledAt = 1 << 20, reads = 0;
+  int pulledAt = 1 << 20, reads = 0, remembered = 1200;
   std::atomic<int> hangsAt{1 << 20};
   std::atomic<bool> pulled{false}, hung{false}, letGo{false};
 };
@@ -254,6 +255,7 @@ TEST_F(RipTest, WhatCannotBeReadIsSilentAndSaid) {
     bool jitters;
     RipResult::Reading plain, secure;
     QList<int> dead, seconds;
+    int remembered = 1200;
   };
   constexpr int kAlways = 1 << 30;
   const Case cases[] = {
@@ -267,6 +269,14 @@ TEST_F(RipTest, WhatCannotBeReadIsSilentAndSaid) {
        RipResult::Doubtful,
        {149, 150},
        {1, 2}},
+      {"scratched image",
+       {{149, kAlways}},
+       false,
+       RipResult::Doubtful,
+       RipResult::Doubtful,
+       {149},
+       {1},
+       0},
       {"dead end", {{299, kAlways}}, false, RipResult::Doubtful, RipResult::Doubtful, {299}, {3}},
   };
   for (const Case& c : cases)
@@ -275,6 +285,7 @@ TEST_F(RipTest, WhatCannotBeReadIsSilentAndSaid) {
       BadDisc disc;
       disc.failures = c.failures;
       disc.jitters = c.jitters;
+      disc.remembered = c.remembered;
       BadDisc::Sectors sectors(disc);
       TrackReader::How how;
       how.secure = secure;
