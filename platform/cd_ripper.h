@@ -10,6 +10,19 @@ namespace korvane {
 
 enum class RipFormat { Mp3, Flac, Opus };
 
+// Of the files of a format, with its dot.
+inline QString endingOf(RipFormat format) {
+  switch (format) {
+    case RipFormat::Mp3:
+      return u".mp3"_s;
+    case RipFormat::Flac:
+      return u".flac"_s;
+    case RipFormat::Opus:
+      return u".opus"_s;
+  }
+  Q_UNREACHABLE();
+}
+
 // SwdMP3Encoder: how files are encoded.
 struct SwdMP3Encoder {
   RipFormat format = RipFormat::Mp3;

@@ -11,18 +11,6 @@ constexpr int kBitRate = 192000;
 constexpr qint64 kFlacBytes = 176400 * 7 / 10;  // of a second, about
 constexpr qint64 kMostCover = 16 << 20;
 
-QString endingOf(RipFormat format) {
-  switch (format) {
-    case RipFormat::Mp3:
-      return u".mp3"_s;
-    case RipFormat::Flac:
-      return u".flac"_s;
-    case RipFormat::Opus:
-      return u".opus"_s;
-  }
-  Q_UNREACHABLE();
-}
-
 QString megabytes(qint64 bytes) {
   return QLocale(QLocale::English).toString((bytes + 999'999) / 1'000'000) + u" MB"_s;
 }

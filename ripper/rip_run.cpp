@@ -23,10 +23,13 @@ QString readingText(const RipResult& result) {
 
 }  // namespace
 
+QString durationText(int seconds) {
+  return u"%1:%2"_s.arg(seconds / 60).arg(seconds % 60, 2, 10, QChar(u'0'));
+}
+
 QString placesText(const QList<int>& seconds) {
   QStringList places;
-  for (const int each : seconds)
-    places << u"%1:%2"_s.arg(each / 60).arg(each % 60, 2, 10, QChar(u'0'));
+  for (const int each : seconds) places << durationText(each);
   return places.join(u", "_s);
 }
 

@@ -88,6 +88,7 @@ class RipRun : private SwdCDRipper::Events {
   QString whyNotEntered_;
 };
 
+QString durationText(int seconds);  // "1:05"
 // "1:05, 2:10"
 QString placesText(const QList<int>& seconds);
 

@@ -2,18 +2,6 @@
 
 namespace korvane {
 
-QString endingOf(RipFormat format) {
-  switch (format) {
-    case RipFormat::Mp3:
-      return u".mp3"_s;
-    case RipFormat::Flac:
-      return u".flac"_s;
-    case RipFormat::Opus:
-      return u".opus"_s;
-  }
-  return {};
-}
-
 std::unique_ptr<SoundEncoder> makeEncoder(const SwdMP3Encoder& how,
                                           const std::optional<RipTags>& tags, qint64 frames,
                                           NewFile& file) {

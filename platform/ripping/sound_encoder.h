@@ -15,9 +15,6 @@ class SoundEncoder {
   virtual bool finish() = 0;  // what the encoder still holds, and the file's last words
 };
 
-// The ending of a format's files, with its point.
-QString endingOf(RipFormat format);
-
 // Encodes into `file`, which is not owned and not committed; `frames` (pairs of samples) are to
 // come. Null when the encoder refuses what it is asked for, or the file cannot be written.
 std::unique_ptr<SoundEncoder> makeEncoder(const SwdMP3Encoder& how,

@@ -9,10 +9,6 @@ namespace {
 constexpr QStringView kTick = u"\u2713", kData = u"\u2013";
 constexpr Colour kRowColour = 155 << 16 | 120 << 8 | 102, kRowInk = 0;
 
-QString durationText(int seconds) {
-  return u"%1:%2"_s.arg(seconds / 60).arg(seconds % 60, 2, 10, QChar(u'0'));
-}
-
 QString readingText(const RipResult& result) {
   switch (result.reading) {
     case RipResult::Unchecked:
